@@ -1,0 +1,47 @@
+# The arrows of the house, checked at configure time: a target may link only the project's targets
+# of the layers named here.
+
+set(ORVIK_ARROWS_os "")
+set(ORVIK_ARROWS_vizcore os)
+set(ORVIK_ARROWS_commands os)
+set(ORVIK_ARROWS_core os vizcore commands)
+set(ORVIK_ARROWS_plugin-part os vizcore commands core plugin-part)
+set(ORVIK_ARROWS_plugin os vizcore commands core plugin-part)
+set(ORVIK_ARROWS_host-part os vizcore commands core host-part)
+set(ORVIK_ARROWS_host os vizcore commands core host-part)
+set(ORVIK_ARROWS_test os vizcore commands core plugin-part host-part test)
+
+# orvik_set_layer(TARGET LAYER): places a target on its floor.
+function(orvik_set_layer target layer)
+    if(NOT DEFINED ORVIK_ARROWS_${layer})
+        message(FATAL_ERROR "${target}: unknown layer '${layer}'")
+    endif()
+    set_property(TARGET ${target} PROPERTY ORVIK_LAYER ${layer})
+    set_property(GLOBAL APPEND PROPERTY ORVIK_LAYERED_TARGETS ${target})
+endfunction()
+
+# orvik_check_layers(): stops the configuration at an arrow that is not allowed.
+function(orvik_check_layers)
+    get_property(targets GLOBAL PROPERTY ORVIK_LAYERED_TARGETS)
+    foreach(target IN LISTS targets)
+        get_target_property(layer ${target} ORVIK_LAYER)
+        get_target_property(links ${target} LINK_LIBRARIES)
+        if(NOT links)
+            continue()
+        endif()
+        foreach(link IN LISTS links)
+            if(NOT TARGET ${link})
+                continue()
+            endif()
+            get_target_property(aliased ${link} ALIASED_TARGET)
+            if(aliased)
+                set(link ${aliased})
+            endif()
+            get_target_property(link_layer ${link} ORVIK_LAYER)
+            if(link_layer AND NOT link_layer IN_LIST ORVIK_ARROWS_${layer})
+                message(FATAL_ERROR
+                    "${target} (layer ${layer}) must not link ${link} (layer ${link_layer})")
+            endif()
+        endforeach()
+    endforeach()
+endfunction()
