@@ -1,0 +1,43 @@
+#ifndef ORVIKCORE_CAMERAZUP_H
+#define ORVIKCORE_CAMERAZUP_H
+
+#include "OrvikCore/ACamera.h"
+#include "OrvikCore/Export.h"
+
+namespace OrvikCore {
+
+/// The camera whose standard views take the z axis as up: the front view looks along -x.
+class ORVIKCORE_API CameraZUp : public ACamera
+{
+public:
+    /// Looks from (100, 0, 0) at the origin with up (0, 0, 1) and 45 degrees.
+    /// @param view  the view served; not owned, null for a prototype.
+    explicit CameraZUp(TambVizCore::IView3D* view);
+    ~CameraZUp() override;
+
+    /// @return "CameraZUp".
+    char* GetName() override;
+
+    void SetStandardPosition(float* eye, float* target, float* up) override;
+    void Top() override;
+    void Bottom() override;
+    void Front() override;
+    void Back() override;
+    void Right() override;
+    void Left() override;
+    void Isometric() override;
+
+protected:
+    CameraZUp(const CameraZUp&) = default;
+
+    ACamera* cloneTo(TambVizCore::IView3D* view) const override;
+    void setFront(float* const eye, float* const target, float* const up,
+                  bool keepDistance) override;
+
+private:
+    void applyTurned(float degrees, float axisX, float axisY, float axisZ, const float* newUp);
+};
+
+} // namespace OrvikCore
+
+#endif
