@@ -170,7 +170,8 @@ private:
     void printDebugMessage(unsigned long waitResult, JobTicket* ticket);
     void releaseFinished();
     void stopWorker();
-    void close();
+    bool close();
+    bool hasWorker() const;
     static unsigned messageLoop(void* dispatcher);
 
     OrvikOs::Thread m_worker;

@@ -48,6 +48,13 @@ public:
     /// Does nothing.
     void Test();
 
+    /// Names the file that the terminate handler writes, "/Pellux.crash" at start.
+    ///
+    /// @param path  not owned, not copied: lives as long as the process; null goes back to the
+    ///              first name.
+    /// @thread Main thread, at start.
+    static void SetCrashFilePath(const char* path);
+
 protected:
     /// Installs the five handlers and keeps what was there: terminate, machine faults, pure call,
     /// invalid parameter, SIGABRT; then disableFloatingPointControl() if wanted.

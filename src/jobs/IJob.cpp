@@ -1,0 +1,7 @@
+#include "OrvikCore/IJob.h"
+
+namespace OrvikCore {
+
+IJob::~IJob() = default;
+
+} // namespace OrvikCore

@@ -1,0 +1,7 @@
+#include "OrvikCore/IJobStatusObserver.h"
+
+namespace OrvikCore {
+
+IJobStatusObserver::~IJobStatusObserver() = default;
+
+} // namespace OrvikCore
