@@ -254,23 +254,24 @@ private:
 
 } // namespace
 
-std::vector<TopLevelForm> SplitTopLevelForms(const std::wstring& text)
+SplitText SplitTopLevelForms(const std::wstring& text)
 {
-    std::vector<TopLevelForm> forms;
+    SplitText result;
     Scanner scanner(text);
     LineCounter counter(text);
     for (;;) {
         const std::size_t gap = scanner.Position();
         const bool whole = scanner.SkipSpace();
         if (whole && scanner.AtEnd())
-            return forms;
+            return result;
         const std::size_t begin = whole ? scanner.Position() : gap;
         const bool complete = whole && scanner.SkipDatum();
         const std::size_t end = complete ? scanner.Position() : text.size();
         counter.MoveTo(begin);
-        forms.push_back({text.substr(begin, end - begin), counter.line, counter.column});
+        result.forms.push_back({text.substr(begin, end - begin), counter.line, counter.column});
+        result.isComplete = complete;
         if (!complete)
-            return forms;
+            return result;
     }
 }
 

@@ -14,6 +14,13 @@ struct TopLevelForm
     int column = 1;    ///< Column of its first character, counted in characters from 1.
 };
 
+/// A text cut into its forms.
+struct SplitText
+{
+    std::vector<TopLevelForm> forms;
+    bool isComplete = true; ///< False when the last form is cut short or closes too much.
+};
+
 /// Splits a Scheme text into its top-level forms without evaluating anything.
 ///
 /// Knows strings, characters (#\( among them), symbols in bars, line comments, nested block
@@ -21,7 +28,7 @@ struct TopLevelForm
 /// parenthesis too many yields its rest as one last form, so that the reader reports the place.
 ///
 /// @thread Any thread; Scheme is not entered.
-std::vector<TopLevelForm> SplitTopLevelForms(const std::wstring& text);
+SplitText SplitTopLevelForms(const std::wstring& text);
 
 } // namespace OrvikScheme
 

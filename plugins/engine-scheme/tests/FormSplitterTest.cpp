@@ -10,7 +10,7 @@ using OrvikScheme::TopLevelForm;
 std::vector<std::wstring> textsOf(const std::wstring& text)
 {
     std::vector<std::wstring> texts;
-    for (const TopLevelForm& form : SplitTopLevelForms(text))
+    for (const TopLevelForm& form : SplitTopLevelForms(text).forms)
         texts.push_back(form.text);
     return texts;
 }
@@ -38,7 +38,7 @@ TEST(FormSplitter, ParenthesesInStringsCharactersAndCommentsDoNotCount)
 
 TEST(FormSplitter, LineAndColumnNameTheFirstCharacterOfEachForm)
 {
-    const auto forms = SplitTopLevelForms(L"; head\n\n(a\n b)  (c)\n   d");
+    const auto forms = SplitTopLevelForms(L"; head\n\n(a\n b)  (c)\n   d").forms;
 
     ASSERT_EQ(forms.size(), 3u);
     EXPECT_EQ(forms[0].line, 3);
@@ -54,6 +54,8 @@ TEST(FormSplitter, ATextCutShortYieldsItsRestAsTheLastForm)
     EXPECT_EQ(textsOf(L"(a) (b (c"), (Texts{L"(a)", L"(b (c"}));
     EXPECT_EQ(textsOf(L"(a) \"open"), (Texts{L"(a)", L"\"open"}));
     EXPECT_EQ(textsOf(L"(a) #| open"), (Texts{L"(a)", L" #| open"}));
+    EXPECT_FALSE(SplitTopLevelForms(L"(a) (b (c").isComplete);
+    EXPECT_TRUE(SplitTopLevelForms(L"(a) (b)").isComplete);
 }
 
 TEST(FormSplitter, AClosingParenthesisTooManyIsKeptForTheReader)
@@ -65,12 +67,12 @@ TEST(FormSplitter, DeepNestingNeedsNoStack)
 {
     const std::wstring deep = std::wstring(1000000, L'(') + std::wstring(1000000, L')');
 
-    EXPECT_EQ(SplitTopLevelForms(deep + L" b").size(), 2u);
+    EXPECT_EQ(SplitTopLevelForms(deep + L" b").forms.size(), 2u);
 
     std::wstring nested;
     for (int i = 0; i < 300000; ++i)
         nested += L"#;'#u8(";
-    EXPECT_EQ(SplitTopLevelForms(nested).size(), 1u);
+    EXPECT_EQ(SplitTopLevelForms(nested).forms.size(), 1u);
 }
 
 TEST(FormSplitter, DatumCommentsHideTheDataThatFollow)

@@ -1,0 +1,33 @@
+#ifndef ENGINESCHEME_SCHEMEPRIMITIVES_H
+#define ENGINESCHEME_SCHEMEPRIMITIVES_H
+
+#include <string>
+#include <vector>
+
+#include <OrvikOs/FpControl.h>
+
+namespace OrvikScheme {
+
+/// What the primitives need of the engine; one per process, as Guile itself is.
+struct PrimitiveState
+{
+    /// Names of the bound commands; the index in it is what a bound procedure hands back.
+    std::vector<std::string> commands;
+    /// Floating-point traps of the job, put back while a native command computes.
+    OrvikOs::FpState jobTraps;
+};
+
+/// The state that the primitives work on. Worker thread.
+PrimitiveState& Primitives();
+
+/// Defines the primitives in the current Guile module:
+/// (%invoke index arguments), (%cancel-pending?), (%cancel-done), (%help name-or-#f),
+/// (%apropos text). In Guile mode.
+///
+/// C++ exceptions and machine faults below a primitive become the Scheme error 'pellux-error with
+/// the message as its one argument; every C++ object is gone before Scheme is left by it.
+void DefinePrimitives();
+
+} // namespace OrvikScheme
+
+#endif

@@ -1,0 +1,172 @@
+#include "ValueConversion.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include <OrvikOs/FaultHook.h>
+#include <TambCommandsInfra/ICommandObject.h>
+#include <TambVizCore/Utils.h>
+
+namespace OrvikScheme {
+namespace {
+
+using TambCommandsInfra::Value;
+using TambVizCore::Utils;
+
+/// Deepest nesting of lists that is converted; a circular structure ends here.
+constexpr int kMaxDepth = 1000;
+
+scm_t_bits objectTag = 0;
+
+Value::Object& objectOf(SCM value)
+{
+    return *reinterpret_cast<Value::Object*>(SCM_SMOB_DATA(value));
+}
+
+/// Runs on the thread that finalises garbage.
+size_t freeObject(SCM value)
+{
+    delete reinterpret_cast<Value::Object*>(SCM_SMOB_DATA(value));
+    return 0;
+}
+
+/// Describes an object into memory of malloc, so that no C++ object is alive while Guile writes.
+char* describe(SCM value) noexcept
+{
+    const OrvikOs::FaultHookScope noHook(nullptr, nullptr);
+    try {
+        const Value::Object& object = objectOf(value);
+        const std::string text = std::string("#<") + object->TypeName() + " " +
+                                 Utils::WstringToString(object->Describe()) + ">";
+        return strdup(text.c_str());
+    } catch (const std::exception&) {
+        return strdup("#<object that cannot be described>");
+    }
+}
+
+int printObject(SCM value, SCM port, scm_print_state*)
+{
+    char* const text = describe(value);
+    SCM string = scm_from_utf8_string(text == nullptr ? "#<object>" : text);
+    std::free(text);
+    scm_display(string, port);
+    return 1;
+}
+
+SCM equalObjects(SCM left, SCM right)
+{
+    const OrvikOs::FaultHookScope noHook(nullptr, nullptr);
+    return scm_from_bool(objectOf(left)->IsSameAs(*objectOf(right)));
+}
+
+std::wstring textOf(SCM string)
+{
+    std::size_t length = 0;
+    const std::unique_ptr<char, decltype(&std::free)> bytes(scm_to_utf8_stringn(string, &length),
+                                                            &std::free);
+    return Utils::StringToWstring(std::string(bytes.get(), length));
+}
+
+Value numberOf(SCM value)
+{
+    if (scm_is_signed_integer(value, std::numeric_limits<std::int64_t>::min(),
+                              std::numeric_limits<std::int64_t>::max()) != 0)
+        return Value(static_cast<std::int64_t>(scm_to_int64(value)));
+    return Value(scm_to_double(value));
+}
+
+Value convert(SCM value, int depth);
+
+Value listOf(SCM list, int depth)
+{
+    Value::List values;
+    for (; scm_is_pair(list); list = SCM_CDR(list))
+        values.push_back(convert(SCM_CAR(list), depth + 1));
+    return Value(std::move(values));
+}
+
+Value vectorOf(SCM vector, int depth)
+{
+    Value::List values;
+    const std::size_t length = scm_c_vector_length(vector);
+    for (std::size_t i = 0; i < length; ++i)
+        values.push_back(convert(scm_c_vector_ref(vector, i), depth + 1));
+    return Value(std::move(values));
+}
+
+Value convert(SCM value, int depth)
+{
+    if (depth > kMaxDepth)
+        throw std::invalid_argument("Commands do not take lists nested that deeply.");
+    if (scm_is_bool(value))
+        return Value(scm_is_true(value));
+    if (scm_is_real(value))
+        return numberOf(value);
+    if (scm_is_string(value))
+        return Value(textOf(value));
+    if (scm_is_symbol(value))
+        return Value(textOf(scm_symbol_to_string(value)));
+    if (scm_is_null(value) || scm_ilength(value) > 0)
+        return listOf(value, depth);
+    if (scm_is_vector(value))
+        return vectorOf(value, depth);
+    if (SCM_SMOB_PREDICATE(objectTag, value))
+        return Value(objectOf(value));
+    if (scm_is_eq(value, SCM_UNSPECIFIED))
+        return Value();
+    if (scm_is_true(scm_procedure_p(value)))
+        throw std::invalid_argument("Commands do not take procedures.");
+    throw std::invalid_argument("Commands do not take values of this kind.");
+}
+
+} // namespace
+
+void DefineObjectType()
+{
+    objectTag = scm_make_smob_type("application-object", 0);
+    scm_set_smob_free(objectTag, freeObject);
+    scm_set_smob_print(objectTag, printObject);
+    scm_set_smob_equalp(objectTag, equalObjects);
+}
+
+Value FromScheme(SCM value)
+{
+    return convert(value, 0);
+}
+
+SCM ToScheme(const Value& value)
+{
+    switch (value.GetKind()) {
+    case Value::Kind::Nil:
+        return SCM_UNSPECIFIED;
+    case Value::Kind::Bool:
+        return scm_from_bool(value.AsBool());
+    case Value::Kind::Integer:
+        return scm_from_int64(value.AsInteger());
+    case Value::Kind::Real:
+        return scm_from_double(value.AsReal());
+    case Value::Kind::String: {
+        const std::wstring& text = value.AsString();
+        static_assert(sizeof(wchar_t) == sizeof(scm_t_wchar));
+        return scm_from_utf32_stringn(reinterpret_cast<const scm_t_wchar*>(text.data()),
+                                      text.size());
+    }
+    case Value::Kind::List: {
+        const Value::List& values = value.AsList();
+        SCM list = SCM_EOL;
+        for (auto element = values.rbegin(); element != values.rend(); ++element)
+            list = scm_cons(ToScheme(*element), list);
+        return list;
+    }
+    case Value::Kind::Object:
+        return scm_new_smob(objectTag, reinterpret_cast<scm_t_bits>(
+                                           new Value::Object(value.AsObject())));
+    }
+    return SCM_UNSPECIFIED;
+}
+
+} // namespace OrvikScheme
