@@ -8,6 +8,14 @@
 
 namespace OrvikCore {
 
+/// One top-level form of a text, with the place of its first character, both counted from 1.
+struct ScriptForm
+{
+    std::wstring text;
+    int line = 1;
+    int column = 1;
+};
+
 /// A script engine, made by the factory of a script-engine library.
 ///
 /// The shell owns the engine. It is made, initialised, run and destroyed on the worker thread;
@@ -59,13 +67,22 @@ public:
     /// Purely textual: nothing is evaluated and the interpreter is not entered.
     ///
     /// @param text       The text.
-    /// @param forms      Receives the forms in order, each with the comments before it dropped.
-    /// @param errorText  Receives the reason on false; it begins with "line L, column C: ".
-    /// @return false when the text ends inside a form or closes more than it opened; @p forms then
-    ///         holds the whole forms before that place.
+    /// @param forms      Receives the forms in order, each with the comments before it dropped. Of
+    ///                   a text that ends inside a form or closes more than it opened, the last one
+    ///                   is the rest, so that running it reports the place.
+    /// @param errorText  Receives "line L, column C: " and the reason when the result is false.
+    /// @return false when the last form is such a rest.
     /// @thread Any thread.
-    virtual bool SplitForms(const std::wstring& text, std::vector<std::wstring>& forms,
+    virtual bool SplitForms(const std::wstring& text, std::vector<ScriptForm>& forms,
                             std::wstring& errorText) const = 0;
+
+    /// Says where the next text that LoadScriptText takes without a source comes from, for messages.
+    ///
+    /// @param source  Name of a file or a console.
+    /// @param line    Of the text's first character, from 1.
+    /// @param column  Of the text's first character, from 1.
+    /// @thread Any thread; between jobs.
+    virtual void SetNextSource(const std::wstring& source, int line, int column) = 0;
 
     /// Runs what LoadScriptText took.
     ///
