@@ -53,7 +53,8 @@ public:
     /// @thread  The thread that runs the job.
     void Arm(std::uint64_t job);
 
-    /// Ends the running job: a cancel that names it has no effect any more.
+    /// Ends the running job: a cancel that names it has no effect any more. Waits for interrupters
+    /// that are being called, so that none of them meets the next job.
     ///
     /// @thread  The thread that ran the job.
     void Disarm();
@@ -95,8 +96,8 @@ public:
 
     /// Adds an interrupter.
     ///
-    /// @param interrupter  Called on the thread that cancels, one at a time; must not add or remove
-    /// interrupters.
+    /// @param interrupter  Called on the thread that cancels, one at a time; must not wait for the
+    ///                     job and not add or remove interrupters.
     /// @return a number for RemoveInterrupter(), at least 1.
     int AddInterrupter(Interrupter interrupter);
 

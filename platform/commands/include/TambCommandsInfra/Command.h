@@ -93,6 +93,8 @@ public:
     std::size_t Size() const;
 
 private:
+    std::size_t find(std::string_view name) const;
+
     const std::vector<Parameter>& m_parameters; ///< Not owned.
     std::vector<Value> m_values;                ///< Fixed ones, then variadic ones.
     std::size_t m_given;                        ///< Number that the caller has given.

@@ -26,7 +26,7 @@ public:
     double ElapsedMilliseconds() const;
 
 private:
-    std::int64_t m_startUs = 0; ///< Reading of the clock at the last start, in microseconds.
+    std::uint64_t m_startUs = 0; ///< Reading of the clock at the last start, in microseconds.
 };
 
 } // namespace TambCommandsInfra

@@ -13,10 +13,9 @@ namespace TambCommandsInfra {
 /// How far a long computation has come.
 struct ProgressReport
 {
-    std::wstring phase;    ///< What is being done, for the user: "Reading triangles".
-    double fraction = 0.0; ///< 0 to 1; how much of the phase is done.
-    bool isFinished =
-        false; ///< The computation has ended; phase and fraction are those reported last.
+    std::wstring phase;      ///< What is being done, for the user: "Reading triangles".
+    double fraction = 0.0;   ///< 0 to 1; how much of the phase is done.
+    bool isFinished = false; ///< The computation has ended; the others are as reported last.
 };
 
 /// Carries reports of a long computation to whoever shows them, without slowing the computation
@@ -31,11 +30,12 @@ struct ProgressReport
 class TAMBCOMMANDSINFRA_API Progress
 {
 public:
-    /// Receives a report, on the main thread (on the reporting thread when no gate exists).
+    /// Receives a report, on the main thread (on the reporting thread when no gate exists). Must
+    /// not replace the observer.
     using Observer = std::function<void(const ProgressReport& report)>;
 
     /// Shortest time between two reports of a phase, in milliseconds.
-    static constexpr std::int64_t kIntervalMs = 50;
+    static constexpr std::uint64_t kIntervalMs = 50;
 
     Progress();
     ~Progress();

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -67,18 +68,22 @@ public:
     /// Makes a list of three numbers.
     static Value FromVector(const std::array<double, 3>& vector);
 
+    /// Makes a string of UTF-8; bytes that are none survive the way back (see OrvikOs/Utf8.h).
+    static Value FromUtf8(std::string_view text);
+
     Kind GetKind() const;
     bool IsNil() const;
 
     /// Give what the value holds; references are valid until the value changes.
     ///
-    /// @throws std::logic_error "The value is <what it is>, not <what was asked for>." for another
-    /// kind. AsReal() takes
-    ///         whole numbers too.
+    /// AsReal() takes whole numbers too. AsUtf8() gives the string in UTF-8.
+    ///
+    /// @throws std::logic_error "The value is <what it is>, not <what was asked for>." otherwise.
     bool AsBool() const;
     std::int64_t AsInteger() const;
     double AsReal() const;
     const std::wstring& AsString() const;
+    std::string AsUtf8() const;
     const List& AsList() const;
     const Object& AsObject() const;
 
