@@ -43,11 +43,14 @@ std::string presenceText(const Parameter& parameter)
                : "optional, else " + FormatLiteral(parameter.defaultValue);
 }
 
+/// "Gives nothing.", "Gives list: the six sides of the box."
 std::string resultText(const Command& command)
 {
-    return command.result == ValueType::Nothing
-               ? std::string("nothing")
-               : std::string(ValueTypeName(command.result)) + ": " + command.resultHelp;
+    std::string text = std::string("Gives ") + ValueTypeName(command.result);
+    if (command.result != ValueType::Nothing) {
+        text += ": " + command.resultHelp;
+    }
+    return text.ends_with('.') ? text : text + ".";
 }
 
 std::string familyOf(const std::string& name)
@@ -77,7 +80,7 @@ std::string commandSection(const Command& command)
         text += command.help + "\n\n";
     }
     text += parameterTable(command);
-    text += "Gives " + resultText(command) + "\n\n";
+    text += resultText(command) + "\n\n";
     text += "```\n" + command.example + "\n```\n";
     return text;
 }
@@ -156,7 +159,7 @@ std::string CommandTable::HelpText(const Command& command)
                 parameter.help + " (" + typeText(parameter) + ", " + presenceText(parameter) +
                 ")\n";
     }
-    text += "Gives " + resultText(command) + "\n";
+    text += resultText(command) + "\n";
     text += "Example: " + command.example + "\n";
     return text;
 }
