@@ -2,7 +2,8 @@
 #define ORVIKCORE_DOCUMENT_H
 
 #include "OrvikCore/Export.h"
-#include "OrvikCore/IKindPicker.h"
+
+#include <TambVizCore/PartKind.h>
 
 #include <string>
 #include <vector>
@@ -135,7 +136,8 @@ public:
     ///
     /// @throws std::invalid_argument "NULL content found in the document!" for a null entry met
     ///         before any hit.
-    bool RayPickKind(const TambVizCore::Ray& ray, PickKind kind, TambVizCore::EntityId& hit);
+    bool RayPickKind(const TambVizCore::Ray& ray, TambVizCore::PartKind kind,
+                     TambVizCore::EntityId& hit);
 
     /// Returns the contents' short ids joined by " and ", blanks trimmed from both ends. No entry
     /// may be null.

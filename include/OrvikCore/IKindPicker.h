@@ -3,7 +3,7 @@
 
 #include "OrvikCore/Export.h"
 
-#include <cstdint>
+#include <TambVizCore/PartKind.h>
 
 namespace TambVizCore {
 class EntityId;
@@ -11,14 +11,6 @@ class Ray;
 } // namespace TambVizCore
 
 namespace OrvikCore {
-
-/// The kinds of entity that a pick may be restricted to.
-enum class PickKind : std::int32_t
-{
-    Face,
-    Edge,
-    Vertex
-};
 
 /// Picks restricted to one kind of entity.
 ///
@@ -35,10 +27,10 @@ public:
     /// Finds the entity of @p kind that a ray hits first.
     ///
     /// @param ray   world units, with its aperture; edges and vertices count within the aperture.
-    /// @param kind  the only kind that may be answered.
+    /// @param kind  face, edge or vertex: the only kind that may be answered; none answers nothing.
     /// @param hit   receives the entity; left alone when nothing of that kind is hit.
     /// @return      true when something of that kind is hit.
-    virtual bool RayPickKind(const TambVizCore::Ray& ray, PickKind kind,
+    virtual bool RayPickKind(const TambVizCore::Ray& ray, TambVizCore::PartKind kind,
                              TambVizCore::EntityId& hit) = 0;
 };
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 namespace TambVizCore {
-class RGBAColor;
+struct RGBAColor;
 } // namespace TambVizCore
 
 namespace OrvikCore {
@@ -29,6 +29,7 @@ public:
     /// Draws open polylines.
     ///
     /// @param polylines  each one polyline: x, y, z triples, world units.
+    /// @param color      of all of them.
     /// @throws std::runtime_error "DrawMarkupObjects needs to be implemented in your
     ///         ViewObjectProvider." by default.
     virtual void DrawMarkupObjects(std::vector<std::vector<double>> const& polylines,
@@ -37,10 +38,12 @@ public:
     /// Draws polylines that may be closed and filled.
     ///
     /// @param polylines  as above.
+    /// @param color      as above.
     /// @param closed     whether the last point is joined with the first.
     /// @param filled     whether the area inside a closed polyline is filled.
-    virtual void DrawMarkupObjects(std::vector<std::vector<double>> const& polylines, bool closed,
-                                   bool filled, TambVizCore::RGBAColor const& color) = 0;
+    virtual void DrawMarkupObjects(std::vector<std::vector<double>> const& polylines,
+                                   TambVizCore::RGBAColor const& color, bool closed,
+                                   bool filled) = 0;
 
     /// Draws an arrow from the first point to the second, world units.
     virtual void DrawArrow(double x1, double y1, double z1, double x2, double y2, double z2) = 0;
