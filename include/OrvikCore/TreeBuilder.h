@@ -7,8 +7,8 @@
 
 #include <cstdint>
 #include <map>
-#include <stack>
 #include <string>
+#include <vector>
 
 namespace TambVizCore {
 class EntityId;
@@ -170,12 +170,14 @@ protected:
     explicit TreeBuilder(AViewTree* view);
 
 private:
-    bool extractPmiEntity(TambVizCore::RenderId const& path, TambVizCore::EntityId& entity) const;
+    void appendToRootPath(std::uint64_t id);
+    bool extractViewOrCapture(TambVizCore::RenderId const& path,
+                              TambVizCore::EntityId& entity) const;
 
     AViewTree* view;                                  ///< Not owned.
     TambVizCore::RenderId rootPath;                   ///< Scenes and containers met so far.
     std::map<TreeItemStyles, ATreeItemStyle*> styles; ///< Owned.
-    std::stack<std::uint64_t> m_openIds;              ///< Innermost on top.
+    std::vector<std::uint64_t> m_openIds;             ///< Ids of the open rows, innermost last.
     int constructionDepth = 0;
 };
 

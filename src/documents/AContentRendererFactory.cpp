@@ -1,0 +1,9 @@
+#include "OrvikCore/AContentRendererFactory.h"
+
+namespace OrvikCore {
+
+AContentRendererFactory::AContentRendererFactory() = default;
+
+AContentRendererFactory::~AContentRendererFactory() = default;
+
+} // namespace OrvikCore

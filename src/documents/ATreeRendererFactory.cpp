@@ -1,0 +1,9 @@
+#include "OrvikCore/ATreeRendererFactory.h"
+
+namespace OrvikCore {
+
+ATreeRendererFactory::ATreeRendererFactory() = default;
+
+ATreeRendererFactory::~ATreeRendererFactory() = default;
+
+} // namespace OrvikCore

@@ -1,0 +1,7 @@
+#include "OrvikCore/IKindPicker.h"
+
+namespace OrvikCore {
+
+IKindPicker::~IKindPicker() = default;
+
+} // namespace OrvikCore

@@ -1,0 +1,7 @@
+#include "OrvikCore/AViewTree.h"
+
+namespace OrvikCore {
+
+AViewTree::~AViewTree() = default;
+
+} // namespace OrvikCore

@@ -1,0 +1,18 @@
+#include "OrvikCore/IViewObjectProvider.h"
+
+#include "OrvikCore/TextItem3D.h"
+
+#include <stdexcept>
+
+namespace OrvikCore {
+
+IViewObjectProvider::~IViewObjectProvider() = default;
+
+void IViewObjectProvider::DrawMarkupObjects(std::vector<std::vector<double>> const& /*polylines*/,
+                                            TambVizCore::RGBAColor const& /*color*/)
+{
+    throw std::runtime_error(
+        "DrawMarkupObjects needs to be implemented in your ViewObjectProvider.");
+}
+
+} // namespace OrvikCore
