@@ -38,12 +38,11 @@ public:
     /// Draws polylines that may be closed and filled.
     ///
     /// @param polylines  as above.
-    /// @param color      as above.
     /// @param closed     whether the last point is joined with the first.
     /// @param filled     whether the area inside a closed polyline is filled.
-    virtual void DrawMarkupObjects(std::vector<std::vector<double>> const& polylines,
-                                   TambVizCore::RGBAColor const& color, bool closed,
-                                   bool filled) = 0;
+    /// @param color      of all of them.
+    virtual void DrawMarkupObjects(std::vector<std::vector<double>> const& polylines, bool closed,
+                                   bool filled, TambVizCore::RGBAColor const& color) = 0;
 
     /// Draws an arrow from the first point to the second, world units.
     virtual void DrawArrow(double x1, double y1, double z1, double x2, double y2, double z2) = 0;

@@ -21,7 +21,8 @@ using Guard = OrvikOs::CriticalSection::Guard;
 std::atomic<std::uint64_t> ViewObjectManager::s_lastId{kFirstId};
 
 ViewObjectManager::ViewObjectManager(TambVizCore::Node& parent)
-    : node(parent.CreateGeoNode(kFirstId)), m_lock(std::make_unique<OrvikOs::CriticalSection>())
+    : node(parent.CreateChildGeoNode(kFirstId)),
+      m_lock(std::make_unique<OrvikOs::CriticalSection>())
 {
     node->SetName("VIEW_OBJECTS");
 }
