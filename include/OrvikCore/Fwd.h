@@ -55,6 +55,7 @@ class IControllerProvider;
 class ICustomPropertyProvider;
 class IJob;
 class IJobStatusObserver;
+class IKindPicker;
 class IMenuAction;
 class IMouseEventProvider;
 class IOutputListener;
