@@ -14,8 +14,9 @@ class Document;
 /// Makes an empty content for a document.
 ///
 /// The session manager owns the registered factories and deletes them through this class.
-/// Deliberate: there is no virtual destructor. A factory therefore carries no data of its own, and
-/// is best declared `final`. Held by AContentFactory.HasOneOperationAndNoVirtualDestructor.
+/// Deliberate: there is no virtual destructor. A factory therefore carries no data of its own and
+/// is best declared `final`, with the warning -Wnon-virtual-dtor switched off around it. Held by
+/// AContentFactory.HasOneOperationAndNoVirtualDestructor.
 class ORVIKCORE_API AContentFactory
 {
 public:
