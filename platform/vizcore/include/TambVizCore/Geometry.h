@@ -160,9 +160,8 @@ public:
     ///   "The geometry has too many primitives."
     ///   "Vertex N has a coordinate that is not finite."
     ///   "Triangle N names vertex N, but there are only N."  (also "Segment", "Point")
-    ///   "Part N has no kind."  "Part N has the id 0."  "Two parts have the id N."
-    ///   "Part N reaches beyond its primitives."  "Parts N and N overlap."
-    ///   where the part is named by its id.
+    ///   "The part of id N has no kind."  "A part has the id 0."  "Two parts have the id N."
+    ///   "The part of id N reaches beyond its primitives."  "The parts of ids N and N overlap."
     /// @return null on failure.
     std::shared_ptr<const Geometry> Build(std::string& error);
 

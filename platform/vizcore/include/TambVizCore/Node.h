@@ -23,7 +23,9 @@ class GeoNode;
 /// change always has the larger stamp; 0 means never since it was made.
 struct NodeStamps
 {
-    std::uint64_t structure = 0;  ///< Children added or removed, or another geometry set.
+    /// Children added or removed, or another geometry set. A child that was not there before is
+    /// new with all below, whatever its own stamps say.
+    std::uint64_t structure = 0;
     std::uint64_t transform = 0;  ///< Transform set.
     std::uint64_t appearance = 0; ///< Visible, highlighted, selected or colour changed.
     std::uint64_t parts = 0;      ///< State of a part changed.
@@ -179,10 +181,15 @@ struct NodeMatch
 /// origin is not looked at.
 TAMBVIZCORE_API NodeMatch FindRenderId(Node& root, const RenderId& id);
 
-/// Computes the box of a node (all it draws below, hidden or not excepted as in SubtreeBounds) or
-/// of a part, in world units.
+/// Computes the box of a node (Node::WorldBounds) or of a part, in world units.
 /// @return false, with @p box empty, when the id names nothing or nothing with a box.
 TAMBVIZCORE_API bool GetRenderIdBox(Node& root, const RenderId& id, VizBox& box);
+
+/// Finds the entity that an item draws: that of the node, or of the nearest node above that has
+/// one. A part whose id is MakePartId(kind, index) becomes the sub-entity of that kind and index.
+/// @return false, with @p entity cleared, when the id names nothing, no entity is set, or the part
+///         has another id.
+TAMBVIZCORE_API bool GetRenderIdEntity(Node& root, const RenderId& id, EntityId& entity);
 
 /// Finds the id of what draws an entity, down to the part when the entity names a sub-entity.
 /// @return false, with @p id cleared, when nothing below @p root draws it.

@@ -39,6 +39,9 @@ struct PickQuery
     /// next field says otherwise.
     PartKinds kinds = kAllPartKinds;
     bool facesHide = true;
+    /// Whether nodes of these categories are looked at; for picks in a scene tree.
+    bool pointClouds = true;
+    bool pmi = true;
     /// Cuts away what it does not keep. Outlives the pick.
     std::span<const ClipPlane> clipPlanes;
 };

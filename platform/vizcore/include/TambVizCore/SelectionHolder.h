@@ -5,6 +5,7 @@
 #include "TambVizCore/RenderId.h"
 
 #include <cstdint>
+#include <unordered_set>
 #include <vector>
 
 namespace TambVizCore {
@@ -49,8 +50,8 @@ public:
     virtual bool IsSelected(const RenderId& id) const;
 
     /// In the order in which they came; valid until the next change.
-    const std::vector<RenderId>& GetHighlighted() const { return m_highlighted; }
-    const std::vector<RenderId>& GetSelected() const { return m_selected; }
+    const std::vector<RenderId>& GetHighlighted() const { return m_highlighted.list; }
+    const std::vector<RenderId>& GetSelected() const { return m_selected.list; }
 
     /// Marks everything again, after nodes were added or their geometry replaced.
     void Reapply();
@@ -64,12 +65,19 @@ private:
         Highlight,
         Selection
     };
+    /// Ids in the order in which they came, and the same as a set.
+    struct Ids
+    {
+        std::vector<RenderId> list;
+        std::unordered_set<RenderId> set;
+    };
     void apply(const RenderId& id, Mark mark, bool on) const;
-    void clear(std::vector<RenderId>& ids, Mark mark);
+    void add(Ids& ids, const RenderId& id, Mark mark);
+    void clear(Ids& ids, Mark mark);
 
     Node* m_root; ///< Not owned.
-    std::vector<RenderId> m_highlighted;
-    std::vector<RenderId> m_selected;
+    Ids m_highlighted;
+    Ids m_selected;
     std::uint64_t m_revision = 0;
 };
 

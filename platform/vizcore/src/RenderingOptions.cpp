@@ -1,0 +1,112 @@
+#include "TambVizCore/RenderingOptions.h"
+
+#include "TambVizCore/Settings.h"
+
+#include <algorithm>
+
+namespace TambVizCore {
+
+namespace {
+
+constexpr int kMaxAntialiasLevel = 16;
+/// Every OpenGL 3.3 implementation has at least this many clip distances to spare.
+constexpr std::size_t kMaxClipPlanes = 6;
+
+} // namespace
+
+RenderingOptions::RenderingOptions()
+    : m_bodyColor(Settings::Default().GetDefaultFaceColor()),
+      m_faceColor(Settings::Default().GetDefaultFaceColor()),
+      m_edgeColor(Settings::Default().GetDefaultEdgeColor()),
+      m_tessEdgeColor(Settings::Default().GetDefaultTessEdgeColor()),
+      m_vertexColor(Settings::Default().GetDefaultVertexColor()),
+      m_highlightColor(Settings::Default().GetHighlightColor())
+{
+}
+
+RenderingOptions RenderingOptions::CreateDefault()
+{
+    return RenderingOptions();
+}
+
+template <class T> void RenderingOptions::assign(T& field, const T& value)
+{
+    if (!(field == value)) {
+        field = value;
+        ++m_revision;
+    }
+}
+
+void RenderingOptions::SetShowFaces(bool show)
+{
+    assign(m_showFaces, show);
+}
+
+void RenderingOptions::SetShowEdges(bool show)
+{
+    assign(m_showEdges, show);
+}
+
+void RenderingOptions::SetShowVertices(bool show)
+{
+    assign(m_showVertices, show);
+}
+
+void RenderingOptions::SetShowTessellation(bool show)
+{
+    assign(m_showTessellation, show);
+}
+
+void RenderingOptions::SetShowPointClouds(bool show)
+{
+    assign(m_showPointClouds, show);
+}
+
+void RenderingOptions::SetShowPMI(bool show)
+{
+    assign(m_showPMI, show);
+}
+
+void RenderingOptions::SetDefaultBodyColor(const RGBAColor& color)
+{
+    assign(m_bodyColor, color);
+}
+
+void RenderingOptions::SetDefaultFaceColor(const RGBAColor& color)
+{
+    assign(m_faceColor, color);
+}
+
+void RenderingOptions::SetDefaultEdgeColor(const RGBAColor& color)
+{
+    assign(m_edgeColor, color);
+}
+
+void RenderingOptions::SetDefaultTessEdgeColor(const RGBAColor& color)
+{
+    assign(m_tessEdgeColor, color);
+}
+
+void RenderingOptions::SetDefaultVertexColor(const RGBAColor& color)
+{
+    assign(m_vertexColor, color);
+}
+
+void RenderingOptions::SetHighlightColor(const RGBAColor& color)
+{
+    assign(m_highlightColor, color);
+}
+
+void RenderingOptions::SetAntialiasLevel(int level)
+{
+    assign(m_antialiasLevel, std::clamp(level, 0, kMaxAntialiasLevel));
+}
+
+void RenderingOptions::SetClipPlanes(const std::vector<ClipPlane>& planes)
+{
+    std::vector<ClipPlane> kept = planes;
+    kept.resize(std::min(kept.size(), kMaxClipPlanes));
+    assign(m_clipPlanes, kept);
+}
+
+} // namespace TambVizCore
