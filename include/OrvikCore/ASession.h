@@ -15,7 +15,7 @@ namespace TambVizCore {
 
 class EntityId;
 class IView3D;
-class RGBAColor;
+struct RGBAColor;
 class RenderId;
 
 } // namespace TambVizCore
