@@ -3,6 +3,10 @@
 
 #include "OrvikCore/Export.h"
 
+namespace OrvikOs {
+class Library;
+}
+
 namespace OrvikCore {
 
 class APluginFactory;
@@ -49,7 +53,7 @@ private:
     wchar_t* fileName = nullptr;        ///< Owned; the full path of the library.
     char* type = nullptr;               ///< Owned; null until set.
     wchar_t* name = nullptr;            ///< Owned; null until set.
-    void* module = nullptr;             ///< Handle of the library as loaded by GetInstance.
+    OrvikOs::Library* module = nullptr; ///< Owned; the load that GetInstance made.
     void* createFn = nullptr;           ///< Address of the library's CreatePlugin.
     APluginFactory* instance = nullptr; ///< Owned.
 };

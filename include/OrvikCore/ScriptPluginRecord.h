@@ -3,6 +3,10 @@
 
 #include "OrvikCore/Export.h"
 
+namespace OrvikOs {
+class Library;
+}
+
 namespace OrvikCore {
 
 class AScriptModulePluginFactory;
@@ -46,7 +50,7 @@ private:
 
     wchar_t* fileName = nullptr;                    ///< Owned; the full path of the library.
     wchar_t* name = nullptr;                        ///< Owned; null until set.
-    void* module = nullptr;                         ///< Handle of the library.
+    OrvikOs::Library* module = nullptr;             ///< Owned; the load that GetInstance made.
     void* registerFn = nullptr;                     ///< Address of the library's RegisterPlugin.
     AScriptModulePluginFactory* instance = nullptr; ///< Owned.
 };
