@@ -1,0 +1,84 @@
+#include "readers/MeshReader.h"
+
+#include "readers/ReaderTexts.h"
+
+#include <OrvikOs/FaultScope.h>
+#include <OrvikOs/FpMasked.h>
+#include <OrvikOs/MemoryMappedFile.h>
+#include <OrvikOs/Utf8.h>
+
+#include <new>
+#include <stdexcept>
+
+namespace OrvikMesh {
+
+namespace {
+
+/// Makes machine faults of the calling thread into OrvikOs::MachineFault while it lives.
+class FaultsAsExceptions
+{
+public:
+    FaultsAsExceptions() : m_previous(OrvikOs::SetFaultTranslator(&throwFault)) {}
+    ~FaultsAsExceptions() { OrvikOs::SetFaultTranslator(m_previous); }
+    FaultsAsExceptions(const FaultsAsExceptions&) = delete;
+    FaultsAsExceptions& operator=(const FaultsAsExceptions&) = delete;
+
+private:
+    static void throwFault(const OrvikOs::EXCEPTION_RECORD& record)
+    {
+        throw OrvikOs::MachineFault(record);
+    }
+
+    OrvikOs::FaultTranslator m_previous;
+    OrvikOs::FaultScope m_scope;
+};
+
+} // namespace
+
+void PollCancel(const ReadOptions& options)
+{
+    if (options.isCancelled && options.isCancelled())
+        throw ReadCancelled{};
+}
+
+void ReportProgress(const ReadOptions& options, double share)
+{
+    if (options.progress)
+        options.progress(share);
+}
+
+bool ReadGuarded(const std::function<bool()>& work, ReadMessages& messages)
+{
+    const OrvikOs::FpMasked masked;
+    const FaultsAsExceptions faults;
+    try {
+        return work();
+    } catch (const ReadCancelled&) {
+        messages.Fail(kCancelled);
+    } catch (const std::bad_alloc&) {
+        messages.Fail(kOutOfMemory);
+    } catch (const std::length_error&) {
+        messages.Fail(kTooLarge);
+    } catch (const OrvikOs::MachineFault& fault) {
+        messages.Fail(FillText(kFault, {OrvikOs::Utf8ToWide(fault.what())}));
+    }
+    return false;
+}
+
+bool ReadMappedFile(const std::wstring& path, const ContentReader& reader,
+                    const ReadOptions& options, MeshData& mesh, ReadMessages& messages)
+{
+    OrvikOs::MemoryMappedFile file;
+    if (!file.Open(path)) {
+        messages.Fail(file.ErrorText());
+        return false;
+    }
+    if (file.Size() == 0) {
+        messages.Fail(kEmptyFile);
+        return false;
+    }
+    file.ExpectSequentialReading();
+    return ReadGuarded([&] { return reader(file.Text(), options, mesh, messages); }, messages);
+}
+
+} // namespace OrvikMesh

@@ -1,0 +1,111 @@
+#ifndef ORVIKMESH_READERS_OBJASSEMBLER_H
+#define ORVIKMESH_READERS_OBJASSEMBLER_H
+
+#include "readers/MeshData.h"
+#include "readers/ObjPiece.h"
+#include "readers/ReadMessages.h"
+#include "readers/Triangulate.h"
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace OrvikMesh {
+
+/// Makes one mesh of the pieces of an OBJ file: resolves indices, splits polygons, gives each
+/// different pair of point and normal one vertex in the order of first use, and collects names.
+/// Points that no face uses are left out. One thread.
+class ObjAssembler
+{
+public:
+    /// @param text   The whole file, for the lines in messages.
+    /// @param mesh   Empty; filled by Add() and Finish().
+    ObjAssembler(std::string_view text, MeshData& mesh);
+
+    /// Takes the points of all pieces; before the first Add().
+    ///
+    /// @throws std::length_error when there are more than 2^30 - 1 points or normals.
+    void TakePoints(std::deque<ObjPiece>& pieces);
+
+    /// Adds the faces of the next piece in the order of the file.
+    void Add(const ObjPiece& piece);
+
+    /// Completes the mesh and says what was left out.
+    void Finish(ReadMessages& messages);
+
+    /// Names of the material libraries, each once, as they stand in the file.
+    const std::vector<std::string>& Libraries() const { return m_libraries; }
+    /// Names of the materials, in the order of MeshData::materials, as they stand in the file.
+    const std::vector<std::string>& MaterialNames() const { return m_materialNames.names; }
+
+private:
+    /// Numbers names in the order of their first appearance.
+    struct NameTable
+    {
+        std::vector<std::string> names;
+        std::unordered_map<std::string, std::uint32_t> indices;
+
+        std::uint32_t IndexOf(const std::string& name);
+    };
+
+    /// Where the indices of a piece count from, and what stands before it.
+    struct Base
+    {
+        std::uint32_t vertex = 0;
+        std::uint32_t normal = 0;
+    };
+
+    bool resolveFace(const ObjScan& scan, const ObjCorner* corners, const ObjFace& face);
+    void appendFace(std::size_t cornerCount);
+    std::uint32_t vertexOf(std::uint32_t point, std::uint32_t normal);
+    std::uint32_t addFlatNormal();
+    void applyName(const ObjName& name);
+    void endRange();
+    void fillVertices();
+    void warn(ReadMessages& messages, const wchar_t* reason, const Occurrences& occurrences) const;
+    void addCounts(const ObjScan& scan);
+
+    std::string_view m_text;
+    MeshData& m_mesh;
+    Triangulator m_triangulator;
+
+    MeshArray<float> m_points; ///< Of the file: three per point.
+    MeshArray<std::uint8_t> m_pointColors;
+    MeshArray<float> m_normals; ///< Of the file, then those made for faces without.
+    std::uint32_t m_pointCount = 0;
+    std::uint32_t m_fileNormalCount = 0;
+    bool m_hasNonFinite = false;
+    Base m_base;
+
+    MeshArray<std::uint32_t> m_firstVertex; ///< Per point: its first vertex, or kNone.
+    MeshArray<std::uint32_t> m_nextVertex;  ///< Per vertex: the next of the same point, or kNone.
+    MeshArray<std::uint32_t> m_vertexPoint; ///< Per vertex: its point.
+    MeshArray<std::uint32_t> m_vertexNormal;
+
+    std::vector<std::uint32_t> m_facePoints; ///< Of the face in hand.
+    std::vector<std::uint32_t> m_faceNormals;
+    std::vector<std::uint32_t> m_faceTriangles;
+
+    NameTable m_objectNames;
+    NameTable m_groupNames;
+    NameTable m_materialNames;
+    std::vector<std::string> m_libraries;
+    MeshRange m_range; ///< The run that is being filled.
+
+    Occurrences m_badIndices;
+    Occurrences m_badNormals;
+    Occurrences m_nonFinite;
+    Occurrences m_fanned;
+    Occurrences m_zeroIndices;
+    Occurrences m_shortFaces;
+    Occurrences m_badNumbers;
+    Occurrences m_junkLines;
+    Occurrences m_leftOut;
+};
+
+} // namespace OrvikMesh
+
+#endif

@@ -1,0 +1,81 @@
+#include "readers/ObjReader.h"
+
+#include "readers/ObjAssembler.h"
+#include "readers/ObjMaterials.h"
+#include "readers/ReaderTexts.h"
+#include "readers/TextEncoding.h"
+
+#include <OrvikOs/ParallelFor.h>
+
+#include <algorithm>
+#include <deque>
+
+namespace OrvikMesh {
+
+namespace {
+
+/// Bytes that are read between two questions whether to stop: about ten milliseconds.
+constexpr std::size_t kPieceBytes = 4u << 20;
+/// Where the line ends are looked for.
+constexpr std::size_t kProbeBytes = 1u << 16;
+
+/// Makes lines that end with CR alone end with LF, when all of them do.
+std::string_view withLineFeeds(std::string_view text, std::string& storage)
+{
+    const std::string_view probe = text.substr(0, kProbeBytes);
+    if (probe.find('\n') != probe.npos || probe.find('\r') == probe.npos)
+        return text;
+    std::string converted(text);
+    std::replace(converted.begin(), converted.end(), '\r', '\n');
+    storage = std::move(converted);
+    return storage;
+}
+
+} // namespace
+
+bool ReadObjContent(const std::wstring& path, std::string_view content, const ReadOptions& options,
+                    MeshData& mesh, ReadMessages& messages)
+{
+    std::string storage;
+    const std::string_view text = withLineFeeds(ToUtf8Text(content, storage), storage);
+
+    std::deque<ObjPiece> pieces;
+    for (const std::string_view lines : CutObjText(text, kPieceBytes))
+        pieces.emplace_back(lines);
+    OrvikOs::ParallelFor(pieces.size(), 1, [&](std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i) {
+            PollCancel(options);
+            pieces[i].Read();
+        }
+    });
+    ReportProgress(options, 0.7);
+
+    ObjAssembler assembler(text, mesh);
+    assembler.TakePoints(pieces);
+    for (ObjPiece& piece : pieces) {
+        PollCancel(options);
+        assembler.Add(piece);
+        piece.Release();
+    }
+    assembler.Finish(messages);
+    if (mesh.TriangleCount() == 0) {
+        messages.Fail(kNoTriangle);
+        return false;
+    }
+    if (!path.empty())
+        LoadMaterials(path, assembler.Libraries(), assembler.MaterialNames(), mesh.materials,
+                      messages);
+    return true;
+}
+
+bool ReadObj(const std::wstring& path, const ReadOptions& options, MeshData& mesh,
+             ReadMessages& messages)
+{
+    const ContentReader reader = [&path](std::string_view content, const ReadOptions& told,
+                                         MeshData& into, ReadMessages& said) {
+        return ReadObjContent(path, content, told, into, said);
+    };
+    return ReadMappedFile(path, reader, options, mesh, messages);
+}
+
+} // namespace OrvikMesh

@@ -1,0 +1,19 @@
+#ifndef ORVIKMESH_READERS_TEXTENCODING_H
+#define ORVIKMESH_READERS_TEXTENCODING_H
+
+#include <string>
+#include <string_view>
+
+namespace OrvikMesh {
+
+/// Gives a text file as UTF-8 (or another superset of ASCII, left as it is).
+///
+/// A UTF-8 byte-order mark is skipped. UTF-16 of either order, told by its byte-order mark, is
+/// converted into @p storage; lone surrogates become U+FFFD, an odd last byte is dropped.
+///
+/// @return a view of @p content or of @p storage.
+std::string_view ToUtf8Text(std::string_view content, std::string& storage);
+
+} // namespace OrvikMesh
+
+#endif
