@@ -1,0 +1,54 @@
+#ifndef APPSCOMMON_CONFIGURATIONFILE_H
+#define APPSCOMMON_CONFIGURATIONFILE_H
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <OrvikCore/IConfigInitializer.h>
+
+namespace Pellux {
+
+/// The settings of a run: built-in defaults, overlaid by configuration files in TOML.
+///
+/// A table of a file is a section, its keys are the section's keys. Values are strings, numbers or
+/// booleans, or arrays of them (one pair per element). A key in a later file replaces all values
+/// that the key had. The core's keys are exact: [View3D] File, Name, Controller; [SceneBuilder] and
+/// [View3DAdapter] File, Name; [ScriptEngine] File.
+///
+/// @thread Main thread.
+class ConfigurationFile : public OrvikCore::IConfigInitializer
+{
+public:
+    /// Starts with the defaults: [ScriptEngine] File = "OrvikSchemeEngine.dll".
+    ConfigurationFile();
+
+    /// Overlays the settings with those of a file.
+    ///
+    /// @param path      Path of the file.
+    /// @param mustExist true when a missing file is an error.
+    /// @return false when the file could not be used; nothing of it is taken then, and
+    ///         GetErrorText() has a line "<path>:<line>:<column>: <reason>".
+    bool AddFile(const std::wstring& path, bool mustExist);
+
+    std::wstring GetSourceName() const override;
+    std::wstring GetErrorText() const override;
+    void ListSections(std::vector<std::wstring>& names, int reserved1, int reserved2) override;
+    void FillSection(const std::wstring& section,
+                     std::vector<std::pair<std::wstring, std::wstring>>* pairs) override;
+
+private:
+    using Pairs = std::vector<std::pair<std::wstring, std::wstring>>;
+    using Sections = std::vector<std::pair<std::wstring, Pairs>>;
+
+    void merge(const Sections& sections);
+    Pairs& section(const std::wstring& name);
+
+    Sections m_sections; ///< In the order of their first appearance.
+    std::wstring m_sourceName = L"defaults";
+    std::wstring m_errors;
+};
+
+} // namespace Pellux
+
+#endif

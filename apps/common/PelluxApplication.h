@@ -1,0 +1,66 @@
+#ifndef APPSCOMMON_PELLUXAPPLICATION_H
+#define APPSCOMMON_PELLUXAPPLICATION_H
+
+#include <string>
+
+#include <OrvikCore/IApplication.h>
+
+namespace Pellux {
+
+/// How a host differs from the other.
+struct HostKind
+{
+    std::wstring programName; ///< "pellux" or "pellux-batch".
+    bool isBatch = false;     ///< Nobody sits before the program.
+};
+
+/// The application object of both hosts.
+///
+/// Lives in static storage: the session manager ends it in place without releasing its storage.
+/// @thread Main thread, except where IApplication says otherwise.
+class PelluxApplication : public OrvikCore::IApplication
+{
+public:
+    /// Makes the application in its static storage.
+    ///
+    /// @return the application; ends with SessionMgr::Terminate, or with ~PelluxApplication where
+    ///         the session manager never got it. At most one lives at a time.
+    static PelluxApplication* Create(const HostKind& kind);
+
+    ~PelluxApplication() override;
+
+    PelluxApplication(const PelluxApplication&) = delete;
+    PelluxApplication& operator=(const PelluxApplication&) = delete;
+
+    std::wstring GetName() const override;
+    std::wstring GetVersion() const override;
+    std::wstring GetStateFolder() const override;
+    void Quit(int exitCode) override;
+    void CancelRunningJob() override;
+    void ShowNotice(const std::wstring& text, const OrvikCore::MessageType& type) override;
+    bool IsBatchMode() const override;
+    bool IsPaused() const override;
+    void RecordCommand(const std::wstring& command) override;
+    void Pause(bool pause) override;
+    void ReportEngineTerminationFailure(const std::wstring& details) override;
+    int Shutdown() override;
+    OrvikCore::ASession* NewSession() override;
+
+    /// @return true once Quit() was called.
+    bool IsQuitRequested() const;
+
+private:
+    explicit PelluxApplication(const HostKind& kind);
+
+    HostKind m_kind;
+    bool m_paused = false;
+    bool m_quitRequested = false;
+    int m_exitCode = 0;
+};
+
+/// @return the version of the program, such as L"0.1.0".
+std::wstring ProgramVersion();
+
+} // namespace Pellux
+
+#endif

@@ -1,0 +1,152 @@
+#include "PelluxSession.h"
+
+#include <OrvikCore/ACamera.h>
+#include <OrvikCore/AContent.h>
+#include <OrvikCore/AContentRendererFactory.h>
+#include <OrvikCore/ARendererTree.h>
+#include <OrvikCore/ASessionFactory.h>
+#include <OrvikCore/ATreeRendererFactory.h>
+#include <OrvikCore/Document.h>
+#include <OrvikCore/ICameraProvider.h>
+#include <OrvikCore/IContentRenderer.h>
+#include <OrvikCore/SessionMgr.h>
+#include <TambCommandsInfra/CancelToken.h>
+#include <TambCommandsInfra/Progress.h>
+#include <TambVizCore/IView3D.h>
+
+namespace Pellux {
+
+using OrvikCore::AContent;
+using OrvikCore::IContentRenderer;
+using OrvikCore::SessionMgr;
+using TambVizCore::EntityId;
+
+PelluxSession::PelluxSession() : ASession(OrvikCore::ASessionFactory::GetNextId()) {}
+
+PelluxSession::~PelluxSession()
+{
+    // The base frees no renderer, and renderers refer to the view and the contents.
+    ASession::DeleteAllRenderers();
+}
+
+void PelluxSession::SetPickedEntities(const std::vector<EntityId>& picked)
+{
+    m_picked = picked;
+}
+
+std::vector<EntityId> PelluxSession::GetPickedEntities() const
+{
+    return m_picked;
+}
+
+void PelluxSession::BeginProgress(const std::wstring& what)
+{
+    TambCommandsInfra::Progress::Instance().BeginPhase(what);
+}
+
+void PelluxSession::ReportProgress(double fraction)
+{
+    TambCommandsInfra::Progress::Instance().Report(fraction);
+}
+
+void PelluxSession::EndProgress()
+{
+    TambCommandsInfra::Progress::Instance().End();
+}
+
+bool PelluxSession::IsCancelRequested() const
+{
+    return TambCommandsInfra::CancelToken::Instance().IsCancelled();
+}
+
+void PelluxSession::UpdateAfterUndoRedo()
+{
+    UpdateAfterContentModified();
+}
+
+void PelluxSession::UpdateAfterContentModified()
+{
+    if (!isUpdateOnContentModified())
+        return;
+    for (AContent* const content : Document().GetContentList()) {
+        if (content == nullptr)
+            continue;
+        if (IContentRenderer* const renderer = Get3DRenderer(content))
+            renderer->Rerender();
+        else
+            CreateContentRenderer(*content);
+    }
+    RefreshTree();
+}
+
+void PelluxSession::UpdateDisplay()
+{
+    if (TambVizCore::IView3D* const view = View3D())
+        view->UpdateDisplay();
+    ASession::UpdateDisplay();
+}
+
+void PelluxSession::Rerender()
+{
+    if (TambVizCore::IView3D* const view = View3D())
+        view->Rerender();
+}
+
+void PelluxSession::RefreshTree()
+{
+    if (OrvikCore::ARendererTree* const renderer = GetTreeRenderer())
+        renderer->Rerender();
+}
+
+void PelluxSession::ZoomAll()
+{
+    if (auto* const provider = dynamic_cast<OrvikCore::ICameraProvider*>(View3D()))
+        provider->GetCamera()->ZoomAll();
+}
+
+bool PelluxSession::ZoomToPicked()
+{
+    return !m_picked.empty() && ZoomTo(m_picked.back());
+}
+
+void PelluxSession::SetBusy(bool busy)
+{
+    m_busy.store(busy, std::memory_order_release);
+}
+
+bool PelluxSession::IsBusy() const
+{
+    return m_busy.load(std::memory_order_acquire);
+}
+
+IContentRenderer* PelluxSession::CreateContentRenderer(AContent& content)
+{
+    OrvikCore::AContentRendererFactory* const factory =
+        SessionMgr::Instance().GetContentRendererFactory(content.GetTypeName());
+    if (factory == nullptr || View3D() == nullptr)
+        return nullptr;
+    IContentRenderer* const renderer = factory->CreateRenderer(&content, View3D());
+    if (renderer == nullptr)
+        return nullptr;
+    AddRenderer(renderer, /*keep=*/false);
+    renderer->Render();
+    return renderer;
+}
+
+OrvikCore::ARendererTree* PelluxSession::CreateTreeRenderer()
+{
+    const std::vector<AContent*>& contents = Document().GetContentList();
+    if (ViewTree() == nullptr || contents.empty() || contents.front() == nullptr)
+        return nullptr;
+    OrvikCore::ATreeRendererFactory* const factory =
+        SessionMgr::Instance().GetTreeRendererFactory(contents.front()->GetTypeName());
+    if (factory == nullptr)
+        return nullptr;
+    OrvikCore::ARendererTree* const renderer =
+        factory->CreateRenderer(contents.front(), ViewTree());
+    if (renderer != nullptr)
+        AddRenderer(renderer, /*keep=*/false);
+    return renderer;
+}
+
+} // namespace Pellux

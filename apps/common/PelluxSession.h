@@ -1,0 +1,63 @@
+#ifndef APPSCOMMON_PELLUXSESSION_H
+#define APPSCOMMON_PELLUXSESSION_H
+
+#include <atomic>
+#include <vector>
+
+#include <OrvikCore/ASession.h>
+#include <TambVizCore/EntityId.h>
+
+namespace OrvikCore {
+class AView3D;
+}
+
+namespace Pellux {
+
+/// The session of both hosts: shows every content of the document and remembers what was picked.
+///
+/// Renderers are made when a content is first shown and deleted with the session. Progress goes to
+/// TambCommandsInfra::Progress, cancelling asks TambCommandsInfra::CancelToken. @thread Main
+/// thread, except where ASession says otherwise.
+class PelluxSession : public OrvikCore::ASession
+{
+public:
+    PelluxSession();
+    ~PelluxSession() override;
+
+    PelluxSession(const PelluxSession&) = delete;
+    PelluxSession& operator=(const PelluxSession&) = delete;
+
+    void SetPickedEntities(const std::vector<TambVizCore::EntityId>& picked) override;
+    std::vector<TambVizCore::EntityId> GetPickedEntities() const override;
+
+    void BeginProgress(const std::wstring& what) override;
+    void ReportProgress(double fraction) override;
+    void EndProgress() override;
+    bool IsCancelRequested() const override;
+
+    void UpdateAfterUndoRedo() override;
+
+    /// Draws contents that have no renderer yet and brings the others up to date.
+    void UpdateAfterContentModified() override;
+
+    void UpdateDisplay() override;
+    void Rerender() override;
+    void RefreshTree() override;
+    void ZoomAll() override;
+    bool ZoomToPicked() override;
+
+    void SetBusy(bool busy) override;
+    bool IsBusy() const override;
+
+    OrvikCore::IContentRenderer*
+    CreateContentRenderer(OrvikCore::AContent& content) override;
+    OrvikCore::ARendererTree* CreateTreeRenderer() override;
+
+private:
+    std::vector<TambVizCore::EntityId> m_picked; ///< What was picked last.
+    std::atomic<bool> m_busy{false};             ///< Written and read on both threads.
+};
+
+} // namespace Pellux
+
+#endif
