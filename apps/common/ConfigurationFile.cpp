@@ -50,7 +50,7 @@ std::wstring scalarText(const toml::node& node, std::string_view key)
     if (const auto* flag = node.as_boolean())
         return flag->get() ? L"true" : L"false";
     if (const auto* number = node.as_floating_point())
-        return Utils::DoubleToWstring(number->get());
+        return widen(Utils::FormatShortest(number->get()));
     throw FileError(node.source(), "the value of '" + std::string(key) +
                                        "' must be a string, a number or true or false");
 }

@@ -143,7 +143,9 @@ OrvikCore::ARendererTree* PelluxSession::CreateTreeRenderer()
     if (factory == nullptr)
         return nullptr;
     OrvikCore::ARendererTree* const renderer =
-        factory->CreateRenderer(contents.front(), ViewTree());
+        factory->CreateRenderer(
+            contents.front(), ViewTree(),
+            View3D() == nullptr ? nullptr : &View3D()->GetSceneRoot());
     if (renderer != nullptr)
         AddRenderer(renderer, /*keep=*/false);
     return renderer;

@@ -1,0 +1,198 @@
+#include "HostRuntime.h"
+
+#include <OrvikCore/ACamera.h>
+#include <OrvikCore/ACameraFactory.h>
+#include <OrvikCore/ASession.h>
+#include <OrvikCore/AView3D.h>
+#include <OrvikCore/AppController.h>
+#include <OrvikCore/Config.h>
+#include <OrvikCore/JobDispatcher.h>
+#include <OrvikCore/PluginManager.h>
+#include <OrvikCore/ProcessGlobals.h>
+#include <OrvikCore/ScriptPluginManager.h>
+#include <OrvikCore/SessionMgr.h>
+#include <OrvikCore/Shell.h>
+#include <OrvikCore/View3DFactory.h>
+#include <OrvikOs/Thread.h>
+#include <TambCommandsInfra/ProtectSignalHandlingContext.h>
+#include <TambVizCore/IView3D.h>
+#include <TambVizCore/VizFactories.h>
+
+#include "Folders.h"
+#include "Manipulators.h"
+#include "TessellationDefaults.h"
+
+namespace Pellux {
+namespace {
+
+using OrvikCore::AppController;
+using OrvikCore::ASession;
+using OrvikCore::AView3D;
+using OrvikCore::Config;
+using OrvikCore::JobDispatcher;
+using OrvikCore::MessageType;
+using OrvikCore::PluginManager;
+using OrvikCore::PMNotificationType;
+using OrvikCore::ScriptPluginManager;
+using OrvikCore::SessionMgr;
+using OrvikCore::Shell;
+using OrvikCore::View3DFactory;
+
+/// A day: hosts submit synchronously and wait for as long as a job takes.
+constexpr int kJobTimeoutMs = 24 * 60 * 60 * 1000;
+
+const wchar_t kSystemConfiguration[] = L"/etc/pellux/pellux.toml";
+
+/// The plugin managers know plain functions only.
+PostedOutput::Show& pluginMessageShow()
+{
+    static PostedOutput::Show& show = *new PostedOutput::Show;
+    return show;
+}
+
+void notifyPluginMessage(const std::wstring& text, const PMNotificationType& type)
+{
+    // Script plugins are initialised on the worker.
+    TambCommandsInfra::CallGate::Post([text, type] {
+        if (pluginMessageShow())
+            pluginMessageShow()(text, type == PMNotificationType::Error ? MessageType::Error
+                                                                        : MessageType::Output);
+    });
+}
+
+} // namespace
+
+HostRuntime::HostRuntime() = default;
+
+HostRuntime::~HostRuntime()
+{
+    Stop();
+}
+
+StartResult HostRuntime::Start(const StartOptions& options, std::wstring& errorText)
+{
+    Orvik_mainThreadId = OrvikOs::CurrentThreadId();
+    m_gate.emplace();
+    pluginMessageShow() = options.pluginMessage;
+    m_started = true;
+    if (!loadConfiguration(options, errorText))
+        return StartResult::BadConfiguration;
+    createApplication(options);
+    loadPlugins();
+    SessionMgr::Instance().Activate();
+    if (!createSession(options, errorText))
+        return StartResult::NoView;
+    if (!startEngine(options, errorText))
+        return StartResult::NoEngine;
+    return StartResult::Good;
+}
+
+bool HostRuntime::loadConfiguration(const StartOptions& options, std::wstring& errorText)
+{
+    bool good = true;
+    if (options.useConfiguration) {
+        good = m_configuration.AddFile(kSystemConfiguration, /*mustExist=*/false);
+        const std::wstring folder = Folders().GetConfigurationFolder();
+        if (!folder.empty())
+            good &= m_configuration.AddFile(folder + L"/pellux.toml", /*mustExist=*/false);
+    }
+    if (!options.configurationFile.empty())
+        good &= m_configuration.AddFile(options.configurationFile, /*mustExist=*/true);
+    Config::Instance().Initialize(m_configuration);
+    errorText = m_configuration.GetErrorText();
+    return good;
+}
+
+void HostRuntime::createApplication(const StartOptions& options)
+{
+    SessionMgr& manager = SessionMgr::Instance();
+    manager.SetApplication(PelluxApplication::Create(options.kind));
+    manager.SetAutoComplete(&m_completion);
+    manager.SetMenuTemplate(&m_menuTemplate);
+    AppController& controller = AppController::Instance();
+    controller.SetBufferManipulator(new BufferManipulator);
+    controller.SetViewManipulator(new ViewManipulator);
+    controller.SetPathHelper(new Folders);
+    UseDefaultTessellation();
+}
+
+void HostRuntime::loadPlugins()
+{
+    const TambCommandsInfra::ProtectSignalHandlingContext protection;
+    PluginManager& plugins = PluginManager::Instance();
+    plugins.SetNotificationCb(&notifyPluginMessage);
+    plugins.LoadPlugins(L"Plugins");
+    plugins.Initialize(nullptr);
+    ScriptPluginManager& scriptPlugins = ScriptPluginManager::Instance();
+    scriptPlugins.SetNotificationCb(&notifyPluginMessage);
+    scriptPlugins.LoadPlugins();
+}
+
+bool HostRuntime::createSession(const StartOptions& options, std::wstring& errorText)
+{
+    ASession& session = SessionMgr::Instance().CurrentSession();
+    m_output = std::make_unique<PostedOutput>(options.output);
+    session.RegisterOutputCb(m_output.get());
+    auto* const view = dynamic_cast<AView3D*>(session.View3D());
+    if (view == nullptr) {
+        errorText = L"There is no 3D view: its plugin could not be loaded or cannot draw here.";
+        return false;
+    }
+    view->SetWindowSize(options.width, options.height);
+    if (!options.cameraName.empty())
+        view->SetCamera(View3DFactory::Instance().GetCameraFactory().MakeCamera(
+            *view->GetCamera(), options.cameraName.c_str()));
+    view->GetCamera()->SetAnimate(options.animate);
+    return true;
+}
+
+bool HostRuntime::startEngine(const StartOptions& options, std::wstring& errorText)
+{
+    m_dispatcherUsed = true;
+    JobDispatcher::Instance().SetJobTimeout(kJobTimeoutMs);
+    SessionMgr::Instance().SetShell(new Shell);
+    Shell& shell = GetShell();
+    shell.Init();
+    if (shell.GetScriptEngine() == nullptr || !shell.GetIsStartupLoadOK()) {
+        errorText = shell.GetStartupError();
+        return false;
+    }
+    if (options.runStartupScripts)
+        shell.LoadStartupScripts();
+    return true;
+}
+
+int HostRuntime::Stop()
+{
+    if (!m_started)
+        return m_exitCode;
+    m_started = false;
+    DrainOutput();
+    m_exitCode = SessionMgr::Instance().Terminate();
+    DrainOutput();
+    m_gate->Close();
+    if (m_dispatcherUsed)
+        JobDispatcher::Instance().Terminate();
+    ScriptPluginManager::Instance().Terminate();
+    PluginManager::Instance().Terminate();
+    View3DFactory::Terminate();
+    TambVizCore::VizFactories::Instance().Terminate();
+    Config::Instance().Terminate();
+    AppController::Instance().Terminate();
+    pluginMessageShow() = nullptr;
+    m_gate.reset();
+    return m_exitCode;
+}
+
+OrvikCore::Shell& HostRuntime::GetShell()
+{
+    return *SessionMgr::Instance().GetShell();
+}
+
+void HostRuntime::DrainOutput()
+{
+    if (m_gate)
+        m_gate->Drain();
+}
+
+} // namespace Pellux

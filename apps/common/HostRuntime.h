@@ -1,0 +1,95 @@
+#ifndef APPSCOMMON_HOSTRUNTIME_H
+#define APPSCOMMON_HOSTRUNTIME_H
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <OrvikCore/AMenuTemplate.h>
+#include <TambCommandsInfra/CallGate.h>
+
+#include "CompletionStore.h"
+#include "ConfigurationFile.h"
+#include "PelluxApplication.h"
+#include "PostedOutput.h"
+
+namespace OrvikCore {
+class Shell;
+}
+
+namespace Pellux {
+
+/// What a host wants of its start.
+struct StartOptions
+{
+    HostKind kind;
+    bool useConfiguration = true;     ///< Read the configuration files of system and user.
+    std::wstring configurationFile;   ///< A further file; empty for none.
+    bool runStartupScripts = true;
+    int width = 1280;                 ///< Of the view, pixels.
+    int height = 960;                 ///< Of the view, pixels.
+    std::string cameraName;           ///< "CameraYUp" or "CameraZUp"; empty keeps the view's own.
+    bool animate = false;             ///< Whether the camera moves in steps.
+    PostedOutput::Show output;        ///< Shows what the session prints. Main thread.
+    PostedOutput::Show pluginMessage; ///< Shows what plugins report while they load.
+};
+
+/// Why a host cannot start.
+enum class StartResult
+{
+    Good,
+    BadConfiguration, ///< A configuration file cannot be used.
+    NoView,           ///< The view plugin gives no view.
+    NoEngine,         ///< The script engine cannot be loaded or initialised.
+};
+
+/// Starts and stops everything that a host is made of, in the one right order. One at a time.
+/// @thread Main thread.
+class HostRuntime
+{
+public:
+    HostRuntime();
+
+    /// Stops what was started.
+    ~HostRuntime();
+
+    HostRuntime(const HostRuntime&) = delete;
+    HostRuntime& operator=(const HostRuntime&) = delete;
+
+    /// Starts: main thread's number, gate, configuration, application, plugins, session, shell,
+    /// engine, start-up scripts.
+    ///
+    /// @param errorText  Receives the reason unless the result is Good.
+    StartResult Start(const StartOptions& options, std::wstring& errorText);
+
+    /// Stops in the reverse order; only when nothing runs. May be called more than once.
+    /// @return the exit code of the application.
+    int Stop();
+
+    /// @return the shell; not owned, valid until Stop().
+    OrvikCore::Shell& GetShell();
+
+    /// Shows what was printed so far. Call before a prompt, a result or the end.
+    void DrainOutput();
+
+private:
+    bool loadConfiguration(const StartOptions& options, std::wstring& errorText);
+    void createApplication(const StartOptions& options);
+    void loadPlugins();
+    bool createSession(const StartOptions& options, std::wstring& errorText);
+    bool startEngine(const StartOptions& options, std::wstring& errorText);
+
+    std::optional<TambCommandsInfra::CallGate> m_gate;
+    ConfigurationFile m_configuration;
+    CompletionStore m_completion;
+    OrvikCore::AMenuTemplate m_menuTemplate;
+    std::unique_ptr<PostedOutput> m_output;
+    bool m_started = false;
+    bool m_dispatcherUsed = false; ///< Its first use starts the worker.
+    int m_exitCode = 0;
+};
+
+} // namespace Pellux
+
+#endif

@@ -1,0 +1,32 @@
+#ifndef APPSCOMMON_MANIPULATORS_H
+#define APPSCOMMON_MANIPULATORS_H
+
+#include <OrvikCore/ABufferManipulator.h>
+#include <OrvikCore/AViewManipulator.h>
+
+namespace Pellux {
+
+/// Switches the kinds of drawing of the current session's view, then repaints. Main thread.
+class ViewManipulator : public OrvikCore::AViewManipulator
+{
+public:
+    void DisplayFaces(bool show) override;
+    void DisplayEdges(bool show) override;
+    void DisplayVertices(bool show) override;
+    void DisplayTessellation(bool show) override;
+    void DisplayClouds(bool show) override;
+    void DisplayPMI(bool show) override;
+};
+
+/// Measures and saves the picture of the current session's view. Main thread.
+class BufferManipulator : public OrvikCore::ABufferManipulator
+{
+public:
+    bool GetSize(int& width, int& height) const override;
+    bool SaveImage(const std::wstring& fileName, int width, int height,
+                   std::wstring* errorText) override;
+};
+
+} // namespace Pellux
+
+#endif

@@ -1,0 +1,49 @@
+#include "ScriptRunner.h"
+
+#include <utility>
+#include <vector>
+
+#include <OrvikCore/AScriptEngine.h>
+#include <OrvikCore/Shell.h>
+#include <TambVizCore/Utils.h>
+
+namespace Pellux {
+
+using OrvikCore::ScriptForm;
+
+ScriptRunner::ScriptRunner(OrvikCore::Shell& shell, BeforeForm beforeForm)
+    : m_shell(shell), m_beforeForm(std::move(beforeForm))
+{
+}
+
+bool ScriptRunner::RunText(const std::wstring& text, const std::wstring& source)
+{
+    OrvikCore::AScriptEngine* const engine = m_shell.GetScriptEngine();
+    if (engine == nullptr)
+        return false;
+    std::vector<ScriptForm> forms;
+    std::wstring reason;
+    // A form that is cut short is run all the same: the engine then reports its place.
+    engine->SplitForms(text, forms, reason);
+    for (const ScriptForm& form : forms) {
+        if (m_beforeForm && !m_beforeForm(form.text))
+            return false;
+        engine->SetNextSource(source, form.line, form.column);
+        std::wstring output;
+        if (!m_shell.RunScript(form.text, output))
+            return false;
+    }
+    return true;
+}
+
+bool ScriptRunner::RunFile(const std::wstring& file, std::wstring& errorText)
+{
+    std::wstring text;
+    if (!TambVizCore::Utils::GetFileContents(file, text)) {
+        errorText = L"Failed to read script file : " + file;
+        return false;
+    }
+    return RunText(text, file);
+}
+
+} // namespace Pellux

@@ -1,0 +1,44 @@
+#ifndef APPSCOMMON_SCRIPTRUNNER_H
+#define APPSCOMMON_SCRIPTRUNNER_H
+
+#include <functional>
+#include <string>
+
+namespace OrvikCore {
+class Shell;
+}
+
+namespace Pellux {
+
+/// Runs scripts form by form: each top-level form is a job of its own, so that a host can show,
+/// cancel and act between them. Main thread.
+class ScriptRunner
+{
+public:
+    /// Called with each form before it runs; false stops the script there.
+    using BeforeForm = std::function<bool(const std::wstring& form)>;
+
+    /// @param shell       Not owned; outlives the runner and has an engine.
+    /// @param beforeForm  May be empty.
+    ScriptRunner(OrvikCore::Shell& shell, BeforeForm beforeForm);
+
+    /// Runs the forms of a text until one fails.
+    ///
+    /// @param source  Named in error messages with the line and column of the form.
+    /// @return true when every form ran without an error.
+    bool RunText(const std::wstring& text, const std::wstring& source);
+
+    /// Runs the forms of a file.
+    ///
+    /// @param errorText  Receives "Failed to read script file : <file>" when it cannot be read;
+    ///                   errors of the script are printed in the session instead.
+    bool RunFile(const std::wstring& file, std::wstring& errorText);
+
+private:
+    OrvikCore::Shell& m_shell;
+    BeforeForm m_beforeForm;
+};
+
+} // namespace Pellux
+
+#endif

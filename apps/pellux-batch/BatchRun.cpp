@@ -1,0 +1,208 @@
+#include "BatchRun.h"
+
+#include <iostream>
+
+#include <OrvikCore/AContentLoader.h>
+#include <OrvikCore/SessionMgr.h>
+#include <OrvikCore/Shell.h>
+#include <OrvikOs/Clock.h>
+#include <TambCommandsInfra/CommandTable.h>
+#include <TambVizCore/Utils.h>
+
+#include <ScriptRunner.h>
+
+#include "Info.h"
+#include "InterruptHandling.h"
+
+namespace PelluxBatch {
+namespace {
+
+using OrvikCore::MessageType;
+using TambVizCore::Utils;
+
+void show(const std::wstring& text, MessageType type)
+{
+    std::ostream& stream = type == MessageType::Output ? std::cout : std::cerr;
+    // Both streams may be the same terminal: what is older must be seen first.
+    if (type != MessageType::Output)
+        std::cout.flush();
+    stream << (type == MessageType::Warning ? "warning: " : "") << Utils::WstringToString(text);
+    if (!text.empty() && text.back() != L'\n')
+        stream << '\n';
+    stream.flush();
+}
+
+/// A string of the script language.
+std::wstring quoted(const std::wstring& text)
+{
+    std::wstring result = L"\"";
+    for (const wchar_t c : text) {
+        if (c == L'"' || c == L'\\')
+            result += L'\\';
+        result += c;
+    }
+    return result + L"\"";
+}
+
+void listCommands()
+{
+    const auto& table = TambCommandsInfra::CommandTable::Instance();
+    for (const std::string& name : table.Names())
+        std::cout << TambCommandsInfra::CommandTable::Signature(*table.Find(name)) << "\n    "
+                  << table.Find(name)->summary << '\n';
+}
+
+void listFormats()
+{
+    for (OrvikCore::AContentLoader* const loader :
+         OrvikCore::SessionMgr::Instance().GetContentLoaderList()) {
+        if (loader == nullptr)
+            continue;
+        for (const auto& [extension, description] : loader->ValidExtensions())
+            std::cout << Utils::WstringToString(Utils::ToLowerAscii(extension)) << "  "
+                      << (loader->IsImporter() ? "import" : "load  ") << "  "
+                      << Utils::WstringToString(description) << '\n';
+    }
+}
+
+} // namespace
+
+BatchRun::BatchRun(const Options& options)
+    : m_options(options), m_startedMs(OrvikOs::Clock::NowMs())
+{
+}
+
+BatchRun::~BatchRun() = default;
+
+ExitCode BatchRun::Run()
+{
+    m_interrupts = std::make_unique<InterruptHandling>();
+    ExitCode code = start();
+    showTime("started");
+    if (code == ExitCode::Good)
+        code = work();
+    m_host.DrainOutput();
+    const int applicationCode = m_host.Stop();
+    showTime("stopped");
+    if (isInterrupted())
+        return ExitCode::Interrupted;
+    return code == ExitCode::Good && applicationCode != 0 ? ExitCode::Failed : code;
+}
+
+ExitCode BatchRun::start()
+{
+    Pellux::StartOptions options;
+    options.kind = {L"pellux-batch", /*isBatch=*/true};
+    options.useConfiguration = m_options.useConfiguration;
+    options.configurationFile = m_options.configurationFile;
+    options.runStartupScripts = m_options.runStartupScripts;
+    options.width = m_options.width;
+    options.height = m_options.height;
+    options.cameraName = m_options.cameraName;
+    options.output = show;
+    options.pluginMessage = [verbose = m_options.verbose](const std::wstring& text,
+                                                          MessageType type) {
+        if (verbose || type == MessageType::Error)
+            show(text, type == MessageType::Error ? MessageType::Warning : type);
+    };
+    std::wstring reason;
+    const Pellux::StartResult result = m_host.Start(options, reason);
+    m_host.DrainOutput();
+    if (result == Pellux::StartResult::Good)
+        return ExitCode::Good;
+    show(L"pellux-batch: " + reason, MessageType::Error);
+    return result == Pellux::StartResult::BadConfiguration ? ExitCode::Usage
+                                                           : ExitCode::CannotStart;
+}
+
+ExitCode BatchRun::work()
+{
+    if (!m_host.GetShell().GetIsStartupLoadOK()) {
+        show(L"pellux-batch: a start-up script failed:\n" + m_host.GetShell().GetStartupError(),
+             MessageType::Error);
+        return ExitCode::Failed;
+    }
+    if (m_options.listCommands || m_options.listFormats) {
+        if (m_options.listCommands)
+            listCommands();
+        if (m_options.listFormats)
+            listFormats();
+        return ExitCode::Good;
+    }
+    for (const Step& step : m_options.steps) {
+        if (!runStep(step))
+            return ExitCode::Failed;
+        showTime("step done");
+    }
+    report();
+    if (!m_options.output.empty() && !writeOutput())
+        return ExitCode::Failed;
+    return ExitCode::Good;
+}
+
+bool BatchRun::runStep(const Step& step)
+{
+    switch (step.kind) {
+    case Step::Kind::Load:
+        return runForms(L"(doc:load " + quoted(step.text) + L")", L"command line");
+    case Step::Kind::Import:
+        return runForms(L"(doc:import " + quoted(step.text) + L")", L"command line");
+    case Step::Kind::Eval:
+        return runForms(step.text, L"--eval");
+    case Step::Kind::Script:
+        break;
+    }
+    std::wstring text;
+    if (!Utils::GetFileContents(step.text, text)) {
+        show(L"Failed to read script file : " + step.text, MessageType::Error);
+        return false;
+    }
+    return runForms(text, step.text);
+}
+
+bool BatchRun::runForms(const std::wstring& text, const std::wstring& source)
+{
+    Pellux::ScriptRunner runner(m_host.GetShell(),
+                                [this](const std::wstring& form) { return beforeForm(form); });
+    const bool good = runner.RunText(text, source);
+    m_host.DrainOutput();
+    return good && !isInterrupted();
+}
+
+bool BatchRun::writeOutput()
+{
+    return runForms(L"(view:save-image " + quoted(m_options.output) + L" " +
+                        std::to_wstring(m_options.width) + L" " +
+                        std::to_wstring(m_options.height) + L")",
+                    L"--output");
+}
+
+void BatchRun::report() const
+{
+    if (m_options.info == InfoForm::Text)
+        std::cout << DescribeSessionText() << std::flush;
+    else if (m_options.info == InfoForm::Json)
+        std::cout << DescribeSessionJson() << std::flush;
+}
+
+bool BatchRun::beforeForm(const std::wstring& form)
+{
+    m_host.DrainOutput();
+    if (isInterrupted())
+        return false;
+    show(L"> " + form, MessageType::Output);
+    return true;
+}
+
+bool BatchRun::isInterrupted() const
+{
+    return m_interrupts->WasInterrupted();
+}
+
+void BatchRun::showTime(const char* what)
+{
+    if (m_options.verbose)
+        std::cerr << "[" << OrvikOs::Clock::NowMs() - m_startedMs << " ms] " << what << std::endl;
+}
+
+} // namespace PelluxBatch

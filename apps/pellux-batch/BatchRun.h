@@ -1,0 +1,59 @@
+#ifndef PELLUXBATCH_BATCHRUN_H
+#define PELLUXBATCH_BATCHRUN_H
+
+#include <memory>
+#include <string>
+
+#include <HostRuntime.h>
+
+#include "Options.h"
+
+namespace PelluxBatch {
+
+class InterruptHandling;
+
+/// The exit codes of the program.
+enum class ExitCode : int
+{
+    Good = 0,
+    Failed = 1,      ///< A script failed or a file could not be read.
+    Usage = 2,       ///< A mistake in the command line or in a configuration file.
+    CannotStart = 3, ///< No engine or no view.
+    Interrupted = 130,
+};
+
+/// One run of the batch host: starts, does the steps, writes the picture, stops.
+///
+/// The transcript goes to standard output: each form behind "> ", then what it printed. Errors and
+/// warnings go to standard error. @thread Main thread.
+class BatchRun
+{
+public:
+    explicit BatchRun(const Options& options);
+    ~BatchRun();
+
+    BatchRun(const BatchRun&) = delete;
+    BatchRun& operator=(const BatchRun&) = delete;
+
+    ExitCode Run();
+
+private:
+    ExitCode start();
+    ExitCode work();
+    bool runStep(const Step& step);
+    bool runForms(const std::wstring& text, const std::wstring& source);
+    bool writeOutput();
+    void report() const;
+    bool beforeForm(const std::wstring& form);
+    bool isInterrupted() const;
+    void showTime(const char* what);
+
+    Options m_options;
+    Pellux::HostRuntime m_host;
+    std::unique_ptr<InterruptHandling> m_interrupts;
+    unsigned long long m_startedMs;
+};
+
+} // namespace PelluxBatch
+
+#endif

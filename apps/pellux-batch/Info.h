@@ -1,0 +1,19 @@
+#ifndef PELLUXBATCH_INFO_H
+#define PELLUXBATCH_INFO_H
+
+#include <string>
+
+namespace PelluxBatch {
+
+/// Describes what the current session shows: contents, boxes, bodies, triangles.
+///
+/// @return UTF-8; lines for people, or one JSON object with the keys "model", "contents" (each
+///         "name", "path", "type", "box"), "bodies", "triangles", "segments", "points",
+///         "vertices", "bytes", each followed by a line end.
+/// @thread Main thread, between jobs.
+std::string DescribeSessionText();
+std::string DescribeSessionJson();
+
+} // namespace PelluxBatch
+
+#endif

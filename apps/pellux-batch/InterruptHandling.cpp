@@ -1,0 +1,38 @@
+#include "InterruptHandling.h"
+
+#include <iostream>
+
+#include <TambCommandsInfra/CancelToken.h>
+
+namespace PelluxBatch {
+
+InterruptHandling::InterruptHandling()
+{
+    if (m_watch.IsActive())
+        OrvikOs::RegisterWakeSource(*this);
+}
+
+InterruptHandling::~InterruptHandling()
+{
+    if (m_watch.IsActive())
+        OrvikOs::UnregisterWakeSource(*this);
+}
+
+bool InterruptHandling::WasInterrupted() const
+{
+    return m_watch.WasRequested();
+}
+
+OrvikOs::Event& InterruptHandling::WakeEvent()
+{
+    return m_watch.RequestEvent();
+}
+
+void InterruptHandling::Serve()
+{
+    std::cerr << "Interrupted; cancelling what runs. Press Ctrl-C again to end at once."
+              << std::endl;
+    TambCommandsInfra::CancelToken::Instance().CancelCurrent();
+}
+
+} // namespace PelluxBatch

@@ -1,0 +1,62 @@
+#ifndef PELLUXBATCH_OPTIONS_H
+#define PELLUXBATCH_OPTIONS_H
+
+#include <string>
+#include <vector>
+
+namespace PelluxBatch {
+
+/// One thing to do, in the order of the command line.
+struct Step
+{
+    enum class Kind
+    {
+        Load,   ///< Load a file, replacing what is there.
+        Import, ///< Add a file to what is there.
+        Script, ///< Run a script file.
+        Eval,   ///< Run an expression.
+    };
+
+    Kind kind = Kind::Load;
+    std::wstring text; ///< A path or an expression.
+};
+
+/// How --info reports.
+enum class InfoForm
+{
+    None,
+    Text,
+    Json,
+};
+
+/// The command line of pellux-batch.
+struct Options
+{
+    std::vector<Step> steps; ///< Files first, then scripts, expressions and imports as they came.
+    std::wstring output;     ///< Picture to write; empty for none.
+    int width = 1920;        ///< Pixels.
+    int height = 1080;       ///< Pixels.
+    std::string cameraName;  ///< "CameraYUp" or "CameraZUp".
+    std::wstring configurationFile;
+    bool useConfiguration = true;
+    bool runStartupScripts = true;
+    InfoForm info = InfoForm::None;
+    bool verbose = false;
+    bool listCommands = false;
+    bool listFormats = false;
+};
+
+/// What to do after the command line was read.
+struct ParseResult
+{
+    bool run = true;     ///< false: end with the exit code.
+    int exitCode = 0;    ///< 0 after --help and --version, 2 after a mistake.
+    std::string message; ///< For standard output when the exit code is 0, else standard error.
+};
+
+/// Reads the command line; a mistake is answered with the reason and the nearest option.
+ParseResult ParseOptions(int argc, const char* const* argv, Options& options);
+
+} // namespace PelluxBatch
+
+#endif
