@@ -30,9 +30,13 @@ OrvikOs::Event& InterruptHandling::WakeEvent()
 
 void InterruptHandling::Serve()
 {
-    std::cerr << "Interrupted; cancelling what runs. Press Ctrl-C again to end at once."
-              << std::endl;
-    TambCommandsInfra::CancelToken::Instance().CancelCurrent();
+    if (!m_announced)
+        std::cerr << "Interrupted; cancelling what runs. Press Ctrl-C again to end at once."
+                  << std::endl;
+    m_announced = true;
+    // A job that is queued and not begun yet has no number: look again until it has one.
+    if (TambCommandsInfra::CancelToken::Instance().CancelCurrent() == 0)
+        m_watch.RequestEvent().Set();
 }
 
 } // namespace PelluxBatch

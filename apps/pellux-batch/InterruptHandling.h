@@ -27,6 +27,7 @@ public:
 
 private:
     OrvikOs::InterruptWatch m_watch;
+    bool m_announced = false; ///< The user was told.
 };
 
 } // namespace PelluxBatch

@@ -260,8 +260,8 @@ void SchemeEngine::Execute()
 
 void SchemeEngine::runLoadedText()
 {
-    const std::string text = Utils::WstringToString(m_text);
-    const std::string source = Utils::WstringToString(m_place.source);
+    const std::string text = TextForScheme(m_text);
+    const std::string source = TextForScheme(m_place.source);
     Run run{text.c_str(), source.c_str(), m_place.line, m_place.column, false};
     try {
         inGuile(&runText, &run);

@@ -20,6 +20,11 @@ using TambVizCore::Utils;
 /// Deepest nesting of lists that is converted; a circular structure ends here.
 constexpr int kMaxDepth = 1000;
 
+/// Wide units that stand for the bytes 0x80 to 0xFF of a text that is no UTF-8.
+constexpr wchar_t kFirstByte = 0xDC80;
+constexpr wchar_t kLastByte = 0xDCFF;
+constexpr wchar_t kPrivatePlane = 0x100000;
+
 scm_t_bits objectTag = 0;
 
 Value::Object& objectOf(SCM value)
@@ -68,7 +73,7 @@ std::wstring textOf(SCM string)
     std::size_t length = 0;
     const std::unique_ptr<char, decltype(&std::free)> bytes(scm_to_utf8_stringn(string, &length),
                                                             &std::free);
-    return Utils::StringToWstring(std::string(bytes.get(), length));
+    return TextFromScheme({bytes.get(), length});
 }
 
 Value numberOf(SCM value)
@@ -125,6 +130,24 @@ Value convert(SCM value, int depth)
 
 } // namespace
 
+std::string TextForScheme(std::wstring_view text)
+{
+    std::wstring shifted(text);
+    for (wchar_t& c : shifted)
+        if (c >= kFirstByte && c <= kLastByte)
+            c += kPrivatePlane;
+    return Utils::WstringToString(shifted);
+}
+
+std::wstring TextFromScheme(std::string_view utf8)
+{
+    std::wstring text = Utils::StringToWstring(utf8);
+    for (wchar_t& c : text)
+        if (c >= kFirstByte + kPrivatePlane && c <= kLastByte + kPrivatePlane)
+            c -= kPrivatePlane;
+    return text;
+}
+
 void DefineObjectType()
 {
     objectTag = scm_make_smob_type("application-object", 0);
@@ -150,10 +173,8 @@ SCM ToScheme(const Value& value)
     case Value::Kind::Real:
         return scm_from_double(value.AsReal());
     case Value::Kind::String: {
-        const std::wstring& text = value.AsString();
-        static_assert(sizeof(wchar_t) == sizeof(scm_t_wchar));
-        return scm_from_utf32_stringn(reinterpret_cast<const scm_t_wchar*>(text.data()),
-                                      text.size());
+        const std::string text = TextForScheme(value.AsString());
+        return scm_from_utf8_stringn(text.data(), text.size());
     }
     case Value::Kind::List: {
         const Value::List& values = value.AsList();

@@ -1,6 +1,9 @@
 #ifndef ENGINESCHEME_VALUECONVERSION_H
 #define ENGINESCHEME_VALUECONVERSION_H
 
+#include <string>
+#include <string_view>
+
 #include <libguile.h>
 
 #include <TambCommandsInfra/Value.h>
@@ -9,6 +12,13 @@ namespace OrvikScheme {
 
 /// Makes the Scheme type under which objects of the application travel. Once, in Guile mode.
 void DefineObjectType();
+
+/// Turns a text of the application into UTF-8 for the interpreter, and back.
+///
+/// The application keeps bytes that are no UTF-8 as U+DC80 to U+DCFF, which no Scheme character can
+/// be; in the interpreter they travel as U+10DC80 to U+10DCFF, in a private plane.
+std::string TextForScheme(std::wstring_view text);
+std::wstring TextFromScheme(std::string_view utf8);
 
 /// Turns a Scheme value into an engine-neutral one: booleans, numbers, strings, symbols (as
 /// strings), proper lists and vectors (as lists), objects of the application, and the unspecified
