@@ -1,9 +1,9 @@
 #include "CompletionStore.h"
 
-#include <set>
-
 #include <TambCommandsInfra/CommandTable.h>
 #include <TambVizCore/Utils.h>
+
+#include <set>
 
 namespace Pellux {
 

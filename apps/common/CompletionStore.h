@@ -1,19 +1,19 @@
 #ifndef APPSCOMMON_COMPLETIONSTORE_H
 #define APPSCOMMON_COMPLETIONSTORE_H
 
+#include <OrvikCore/IAutoComplete.h>
+
 #include <map>
 #include <string>
 #include <vector>
-
-#include <OrvikCore/IAutoComplete.h>
 
 namespace Pellux {
 
 /// What the console knows of script extensions: their names, descriptions and objects.
 ///
-/// Found are the extensions that scripts described and the commands of the command table. @thread
-/// Main thread.
-class CompletionStore : public OrvikCore::IAutoComplete
+/// Found are the extensions that scripts described and the commands of the command table.
+/// @thread Main thread.
+class CompletionStore final : public OrvikCore::IAutoComplete
 {
 public:
     /// Keeps a description for each name; a known name gets the new one.

@@ -1,12 +1,12 @@
 #include "ConfigurationFile.h"
 
-#include <algorithm>
-#include <stdexcept>
-#include <string_view>
-
 #include <TambVizCore/Utils.h>
 
 #include <toml++/toml.h>
+
+#include <algorithm>
+#include <stdexcept>
+#include <string_view>
 
 namespace Pellux {
 namespace {

@@ -1,13 +1,17 @@
 #ifndef APPSCOMMON_CONFIGURATIONFILE_H
 #define APPSCOMMON_CONFIGURATIONFILE_H
 
+#include <OrvikCore/IConfigInitializer.h>
+
 #include <string>
 #include <utility>
 #include <vector>
 
-#include <OrvikCore/IConfigInitializer.h>
-
 namespace Pellux {
+
+// The interface has no virtual destructor; the host owns the object by its own type.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
 /// The settings of a run: built-in defaults, overlaid by configuration files in TOML.
 ///
@@ -17,7 +21,7 @@ namespace Pellux {
 /// [View3DAdapter] File, Name; [ScriptEngine] File.
 ///
 /// @thread Main thread.
-class ConfigurationFile : public OrvikCore::IConfigInitializer
+class ConfigurationFile final : public OrvikCore::IConfigInitializer
 {
 public:
     /// Starts with the defaults: [ScriptEngine] File = "OrvikSchemeEngine.dll".
@@ -48,6 +52,8 @@ private:
     std::wstring m_sourceName = L"defaults";
     std::wstring m_errors;
 };
+
+#pragma GCC diagnostic pop
 
 } // namespace Pellux
 

@@ -1,5 +1,9 @@
 #include "HostRuntime.h"
 
+#include "Folders.h"
+#include "Manipulators.h"
+#include "TessellationDefaults.h"
+
 #include <OrvikCore/ACamera.h>
 #include <OrvikCore/ACameraFactory.h>
 #include <OrvikCore/ASession.h>
@@ -17,10 +21,6 @@
 #include <TambCommandsInfra/ProtectSignalHandlingContext.h>
 #include <TambVizCore/IView3D.h>
 #include <TambVizCore/VizFactories.h>
-
-#include "Folders.h"
-#include "Manipulators.h"
-#include "TessellationDefaults.h"
 
 namespace Pellux {
 namespace {

@@ -1,18 +1,18 @@
 #ifndef APPSCOMMON_HOSTRUNTIME_H
 #define APPSCOMMON_HOSTRUNTIME_H
 
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
-
-#include <OrvikCore/AMenuTemplate.h>
-#include <TambCommandsInfra/CallGate.h>
-
 #include "CompletionStore.h"
 #include "ConfigurationFile.h"
 #include "PelluxApplication.h"
 #include "PostedOutput.h"
+
+#include <OrvikCore/AMenuTemplate.h>
+#include <TambCommandsInfra/CallGate.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace OrvikCore {
 class Shell;
@@ -24,8 +24,8 @@ namespace Pellux {
 struct StartOptions
 {
     HostKind kind;
-    bool useConfiguration = true;     ///< Read the configuration files of system and user.
-    std::wstring configurationFile;   ///< A further file; empty for none.
+    bool useConfiguration = true;   ///< Read the configuration files of system and user.
+    std::wstring configurationFile; ///< A further file; empty for none.
     bool runStartupScripts = true;
     int width = 1280;                 ///< Of the view, pixels.
     int height = 960;                 ///< Of the view, pixels.

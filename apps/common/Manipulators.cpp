@@ -1,5 +1,8 @@
 #include "Manipulators.h"
 
+#include "PelluxApplication.h"
+#include "PngFile.h"
+
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/Document.h>
 #include <OrvikCore/SessionMgr.h>
@@ -8,9 +11,6 @@
 #include <TambVizCore/Image.h>
 #include <TambVizCore/RenderingOptions.h>
 #include <TambVizCore/Utils.h>
-
-#include "PelluxApplication.h"
-#include "PngFile.h"
 
 namespace Pellux {
 namespace {

@@ -1,8 +1,6 @@
 #include "PelluxApplication.h"
 
-#include <algorithm>
-#include <cstddef>
-#include <new>
+#include "PelluxSession.h"
 
 #include <OrvikCore/Dbg.h>
 #include <OrvikCore/SessionMgr.h>
@@ -10,7 +8,9 @@
 #include <TambCommandsInfra/CancelToken.h>
 #include <TambVizCore/Utils.h>
 
-#include "PelluxSession.h"
+#include <algorithm>
+#include <cstddef>
+#include <new>
 
 namespace Pellux {
 namespace {
@@ -76,8 +76,7 @@ bool PelluxApplication::IsPaused() const
 
 void PelluxApplication::RecordCommand(const std::wstring& command)
 {
-    OrvikCore::dbg << "-- command : " << TambVizCore::Utils::WstringToString(command)
-                   << std::endl;
+    OrvikCore::dbg << "-- command : " << TambVizCore::Utils::WstringToString(command) << std::endl;
 }
 
 void PelluxApplication::Pause(bool pause)

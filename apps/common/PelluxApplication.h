@@ -1,9 +1,9 @@
 #ifndef APPSCOMMON_PELLUXAPPLICATION_H
 #define APPSCOMMON_PELLUXAPPLICATION_H
 
-#include <string>
-
 #include <OrvikCore/IApplication.h>
+
+#include <string>
 
 namespace Pellux {
 

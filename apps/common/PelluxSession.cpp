@@ -142,10 +142,8 @@ OrvikCore::ARendererTree* PelluxSession::CreateTreeRenderer()
         SessionMgr::Instance().GetTreeRendererFactory(contents.front()->GetTypeName());
     if (factory == nullptr)
         return nullptr;
-    OrvikCore::ARendererTree* const renderer =
-        factory->CreateRenderer(
-            contents.front(), ViewTree(),
-            View3D() == nullptr ? nullptr : &View3D()->GetSceneRoot());
+    OrvikCore::ARendererTree* const renderer = factory->CreateRenderer(
+        contents.front(), ViewTree(), View3D() == nullptr ? nullptr : &View3D()->GetSceneRoot());
     if (renderer != nullptr)
         AddRenderer(renderer, /*keep=*/false);
     return renderer;

@@ -1,11 +1,11 @@
 #ifndef APPSCOMMON_PELLUXSESSION_H
 #define APPSCOMMON_PELLUXSESSION_H
 
-#include <atomic>
-#include <vector>
-
 #include <OrvikCore/ASession.h>
 #include <TambVizCore/EntityId.h>
+
+#include <atomic>
+#include <vector>
 
 namespace OrvikCore {
 class AView3D;
@@ -49,8 +49,7 @@ public:
     void SetBusy(bool busy) override;
     bool IsBusy() const override;
 
-    OrvikCore::IContentRenderer*
-    CreateContentRenderer(OrvikCore::AContent& content) override;
+    OrvikCore::IContentRenderer* CreateContentRenderer(OrvikCore::AContent& content) override;
     OrvikCore::ARendererTree* CreateTreeRenderer() override;
 
 private:

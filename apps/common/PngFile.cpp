@@ -1,13 +1,13 @@
 #include "PngFile.h"
 
-#include <csetjmp>
-#include <cstdint>
-#include <cstring>
+#include <OrvikOs/FileWriting.h>
+#include <TambVizCore/Utils.h>
 
 #include <png.h>
 
-#include <OrvikOs/FileWriting.h>
-#include <TambVizCore/Utils.h>
+#include <csetjmp>
+#include <cstdint>
+#include <cstring>
 
 namespace Pellux {
 namespace {
@@ -44,8 +44,8 @@ void encode(png_structp png, png_infop info, const TambVizCore::Image& image,
     png_set_compression_level(png, kCompressionLevel);
     png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_SUB);
     png_set_IHDR(png, info, static_cast<png_uint_32>(image.width),
-                 static_cast<png_uint_32>(image.height), 8, PNG_COLOR_TYPE_RGBA,
-                 PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+                 static_cast<png_uint_32>(image.height), 8, PNG_COLOR_TYPE_RGBA, PNG_INTERLACE_NONE,
+                 PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
     if (!texts.empty())
         png_set_text(png, info, texts.data(), static_cast<int>(texts.size()));
     png_write_info(png, info);
@@ -74,7 +74,7 @@ bool encodeTo(Encoder& encoder, const TambVizCore::Image& image, PngTexts texts)
     png_structp png =
         png_create_write_struct(PNG_LIBPNG_VER_STRING, &encoder, keepReason, ignoreWarning);
     png_infop info = png == nullptr ? nullptr : png_create_info_struct(png);
-    bool written = false;
+    volatile bool written = false; // Survives the long jump of an error.
     if (info != nullptr && setjmp(png_jmpbuf(png)) == 0) {
         png_set_write_fn(png, &encoder, appendBytes, nullptr);
         encode(png, info, image, chunks);

@@ -1,11 +1,11 @@
 #ifndef APPSCOMMON_PNGFILE_H
 #define APPSCOMMON_PNGFILE_H
 
+#include <TambVizCore/Image.h>
+
 #include <string>
 #include <utility>
 #include <vector>
-
-#include <TambVizCore/Image.h>
 
 namespace Pellux {
 

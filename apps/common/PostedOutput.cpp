@@ -1,8 +1,8 @@
 #include "PostedOutput.h"
 
-#include <utility>
-
 #include <TambCommandsInfra/CallGate.h>
+
+#include <utility>
 
 namespace Pellux {
 

@@ -1,10 +1,10 @@
 #ifndef APPSCOMMON_POSTEDOUTPUT_H
 #define APPSCOMMON_POSTEDOUTPUT_H
 
+#include <OrvikCore/IOutputListener.h>
+
 #include <functional>
 #include <string>
-
-#include <OrvikCore/IOutputListener.h>
 
 namespace Pellux {
 

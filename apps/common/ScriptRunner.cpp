@@ -1,11 +1,11 @@
 #include "ScriptRunner.h"
 
-#include <utility>
-#include <vector>
-
 #include <OrvikCore/AScriptEngine.h>
 #include <OrvikCore/Shell.h>
 #include <TambVizCore/Utils.h>
+
+#include <utility>
+#include <vector>
 
 namespace Pellux {
 

@@ -1,8 +1,8 @@
 #include "TessellationDefaults.h"
 
-#include <vector>
-
 #include <OrvikCore/IContentRenderer.h>
+
+#include <vector>
 
 namespace Pellux {
 namespace {

@@ -1,6 +1,7 @@
 #include "BatchRun.h"
 
-#include <iostream>
+#include "Info.h"
+#include "InterruptHandling.h"
 
 #include <OrvikCore/AContentLoader.h>
 #include <OrvikCore/SessionMgr.h>
@@ -11,8 +12,7 @@
 
 #include <ScriptRunner.h>
 
-#include "Info.h"
-#include "InterruptHandling.h"
+#include <iostream>
 
 namespace PelluxBatch {
 namespace {

@@ -1,12 +1,12 @@
 #ifndef PELLUXBATCH_BATCHRUN_H
 #define PELLUXBATCH_BATCHRUN_H
 
-#include <memory>
-#include <string>
+#include "Options.h"
 
 #include <HostRuntime.h>
 
-#include "Options.h"
+#include <memory>
+#include <string>
 
 namespace PelluxBatch {
 

@@ -1,9 +1,5 @@
 #include "Info.h"
 
-#include <cstdint>
-#include <set>
-#include <vector>
-
 #include <OrvikCore/AContent.h>
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/Document.h>
@@ -14,6 +10,10 @@
 #include <TambVizCore/Node.h>
 #include <TambVizCore/Utils.h>
 #include <TambVizCore/VizBox.h>
+
+#include <cstdint>
+#include <set>
+#include <vector>
 
 namespace PelluxBatch {
 namespace {
@@ -135,16 +135,16 @@ std::string DescribeSessionJson()
 {
     OrvikCore::ASession& session = currentSession();
     std::string text =
-        "{\"model\": " +
-        quoted(Utils::WstringToString(session.Document().GetOpenedModelName())) +
+        "{\"model\": " + quoted(Utils::WstringToString(session.Document().GetOpenedModelName())) +
         ", \"contents\": [";
     bool first = true;
     for (const ContentInfo& content : describeContents(session)) {
         text += first ? "" : ", ";
         first = false;
         text += "{\"name\": " + quoted(content.name) + ", \"path\": " + quoted(content.path) +
-                ", \"type\": " + quoted(content.type) + ", \"box\": " +
-                (content.hasBox ? "[" + corners(content.box, ", ") + "]" : "null") + "}";
+                ", \"type\": " + quoted(content.type) +
+                ", \"box\": " + (content.hasBox ? "[" + corners(content.box, ", ") + "]" : "null") +
+                "}";
     }
     const SceneCounts counts = countScene(session);
     text += "], \"bodies\": " + std::to_string(counts.bodies) +

@@ -1,8 +1,8 @@
 #include "InterruptHandling.h"
 
-#include <iostream>
-
 #include <TambCommandsInfra/CancelToken.h>
+
+#include <iostream>
 
 namespace PelluxBatch {
 

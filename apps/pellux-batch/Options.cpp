@@ -1,12 +1,12 @@
 #include "Options.h"
 
-#include <algorithm>
-#include <map>
-
 #include <TambCommandsInfra/NearestName.h>
 #include <TambVizCore/Utils.h>
 
 #include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <map>
 
 namespace PelluxBatch {
 namespace {
@@ -32,12 +32,18 @@ void declare(CLI::App& app, RawOptions& raw, Options& options)
     app.set_version_flag("--version", std::string("pellux-batch ") + PELLUX_VERSION,
                          "Print the version and end");
     app.add_option("FILE", raw.files, "Models to load; the second and later ones are added");
-    app.add_option("--script", raw.scripts, "Run a script file")->type_name("F")->expected(1)
+    app.add_option("--script", raw.scripts, "Run a script file")
+        ->type_name("F")
+        ->expected(1)
         ->take_all();
-    app.add_option("--eval", raw.evals, "Run an expression")->type_name("EXPR")->expected(1)
+    app.add_option("--eval", raw.evals, "Run an expression")
+        ->type_name("EXPR")
+        ->expected(1)
         ->take_all();
-    app.add_option("--import", raw.imports, "Add a model to what is loaded")->type_name("F")
-        ->expected(1)->take_all();
+    app.add_option("--import", raw.imports, "Add a model to what is loaded")
+        ->type_name("F")
+        ->expected(1)
+        ->take_all();
     app.add_option("--output", raw.output, "Write a picture at the end")->type_name("PNG");
     app.add_option("--size", raw.size, "Size of view and picture in pixels (1920x1080)")
         ->type_name("WxH");
@@ -78,9 +84,8 @@ void addStep(Options& options, Step::Kind kind, const std::string& text)
 /// Scripts, expressions and imports in the order in which they stand on the command line.
 void addOrderedSteps(const CLI::App& app, Options& options)
 {
-    const std::map<std::string, Step::Kind> kinds = {{"script", Step::Kind::Script},
-                                                     {"eval", Step::Kind::Eval},
-                                                     {"import", Step::Kind::Import}};
+    const std::map<std::string, Step::Kind> kinds = {
+        {"script", Step::Kind::Script}, {"eval", Step::Kind::Eval}, {"import", Step::Kind::Import}};
     std::map<const CLI::Option*, std::size_t> taken;
     for (const CLI::Option* const option : app.parse_order()) {
         const auto kind =
@@ -101,9 +106,8 @@ ParseResult mistake(const std::string& reason)
 ParseResult unknownOption(const CLI::App& app)
 {
     const std::vector<std::string> extras = app.remaining();
-    const auto option = std::find_if(extras.begin(), extras.end(), [](const std::string& text) {
-        return text.starts_with("-");
-    });
+    const auto option = std::find_if(extras.begin(), extras.end(),
+                                     [](const std::string& text) { return text.starts_with("-"); });
     const std::string name = option == extras.end() ? extras.front() : *option;
     std::vector<std::string> known;
     for (const CLI::Option* const candidate : app.get_options())

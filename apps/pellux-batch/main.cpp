@@ -1,8 +1,8 @@
-#include <exception>
-#include <iostream>
-
 #include "BatchRun.h"
 #include "Options.h"
+
+#include <exception>
+#include <iostream>
 
 int main(int argc, char** argv)
 {

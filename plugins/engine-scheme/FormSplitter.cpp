@@ -12,8 +12,7 @@ bool isBlank(wchar_t c)
 
 bool isDelimiter(wchar_t c)
 {
-    return isBlank(c) || c == L'(' || c == L')' || c == L'[' || c == L']' || c == L'"' ||
-           c == L';';
+    return isBlank(c) || c == L'(' || c == L')' || c == L'[' || c == L']' || c == L'"' || c == L';';
 }
 
 /// Walks over one datum at a time; every skip leaves the position after what it skipped and is

@@ -1,8 +1,8 @@
 #include "OutputBuffer.h"
 
-#include <algorithm>
-
 #include <TambVizCore/Utils.h>
+
+#include <algorithm>
 
 namespace OrvikScheme {
 

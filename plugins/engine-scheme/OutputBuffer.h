@@ -1,11 +1,11 @@
 #ifndef ENGINESCHEME_OUTPUTBUFFER_H
 #define ENGINESCHEME_OUTPUTBUFFER_H
 
+#include <OrvikOs/CriticalSection.h>
+
 #include <cstddef>
 #include <string>
 #include <string_view>
-
-#include <OrvikOs/CriticalSection.h>
 
 namespace OrvikScheme {
 

@@ -1,10 +1,10 @@
 #include "SchemeEngine.h"
 
-#include <cstdlib>
-#include <cstring>
-#include <stdexcept>
-
-#include <libguile.h>
+#include "FormSplitter.h"
+#include "OutputPort.h"
+#include "SchemePrimitives.h"
+#include "SchemeRuntime.h"
+#include "ValueConversion.h"
 
 #include <OrvikCore/AScriptEngineFactory.h>
 #include <OrvikCore/StructuredException.h>
@@ -15,11 +15,12 @@
 #include <TambCommandsInfra/CommandTable.h>
 #include <TambVizCore/Utils.h>
 
-#include "FormSplitter.h"
-#include "OutputPort.h"
-#include "SchemePrimitives.h"
-#include "SchemeRuntime.h"
-#include "ValueConversion.h"
+#include <libguile.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <stdexcept>
+#include <utility>
 
 namespace OrvikScheme {
 namespace {
@@ -37,7 +38,7 @@ OutputBuffer& sharedOutput()
 /// Copies what a fault is called into @p text, so that no C++ object is alive afterwards.
 void describeFault(const OrvikOs::FaultInfo& fault, char* text, std::size_t size)
 {
-    EXCEPTION_RECORD record = fault.record;
+    OrvikOs::EXCEPTION_RECORD record = fault.record;
     const char* description = "Pure virtual call";
     const OrvikCore::StructuredException exception(&record);
     if (fault.kind == OrvikOs::FaultKind::Machine)
@@ -77,8 +78,8 @@ SCM guileEscape(void* data, SCM key, SCM arguments)
 {
     auto* const work = static_cast<GuileWork*>(data);
     work->failed = true;
-    SCM text = scm_simple_format(SCM_BOOL_F, scm_from_utf8_string("~A: ~A"),
-                                 scm_list_2(key, arguments));
+    SCM text =
+        scm_simple_format(SCM_BOOL_F, scm_from_utf8_string("~A: ~A"), scm_list_2(key, arguments));
     work->error = scm_to_utf8_string(text);
     return SCM_UNSPECIFIED;
 }
@@ -206,9 +207,8 @@ void SchemeEngine::Initialize(InitializeCallback callback)
         throw std::runtime_error(std::string("The Scheme engine cannot start: ") + error.what());
     }
     if (m_interrupter == 0)
-        m_interrupter = CancelToken::Instance().AddInterrupter([this](std::uint64_t) {
-            Interrupt();
-        });
+        m_interrupter =
+            CancelToken::Instance().AddInterrupter([this](std::uint64_t) { Interrupt(); });
     m_started = true;
 }
 
@@ -228,8 +228,7 @@ std::wstring SchemeEngine::GetScriptExtension() const
     return L"scm";
 }
 
-bool SchemeEngine::SplitForms(const std::wstring& text,
-                              std::vector<OrvikCore::ScriptForm>& forms,
+bool SchemeEngine::SplitForms(const std::wstring& text, std::vector<OrvikCore::ScriptForm>& forms,
                               std::wstring& errorText) const
 {
     const SplitText split = SplitTopLevelForms(text);

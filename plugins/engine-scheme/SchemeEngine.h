@@ -1,15 +1,15 @@
 #ifndef ENGINESCHEME_SCHEMEENGINE_H
 #define ENGINESCHEME_SCHEMEENGINE_H
 
-#include <atomic>
-#include <memory>
-#include <string>
-#include <vector>
+#include "OutputBuffer.h"
 
 #include <OrvikCore/AScriptEngine.h>
 #include <OrvikOs/CriticalSection.h>
 
-#include "OutputBuffer.h"
+#include <atomic>
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace OrvikScheme {
 
@@ -69,12 +69,12 @@ private:
 
     void runLoadedText();
 
-    OutputBuffer& m_output;                 ///< Never destroyed: Guile's ports refer to it.
+    OutputBuffer& m_output;                  ///< Never destroyed: Guile's ports refer to it.
     mutable OrvikOs::CriticalSection m_lock; ///< Guards the next place and the start-up log.
-    Place m_nextPlace;                      ///< Set on the main thread for the next text.
+    Place m_nextPlace;                       ///< Set on the main thread for the next text.
     std::wstring m_startupLog;
-    std::wstring m_text;  ///< Taken by LoadScriptText. Worker thread.
-    Place m_place;        ///< Of that text. Worker thread.
+    std::wstring m_text;                ///< Taken by LoadScriptText. Worker thread.
+    Place m_place;                      ///< Of that text. Worker thread.
     std::atomic<bool> m_started{false}; ///< Written on the worker, read by Interrupt.
     int m_interrupter = 0;              ///< Number at the cancel token; 0 for none.
 };

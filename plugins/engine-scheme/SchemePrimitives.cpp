@@ -1,19 +1,19 @@
 #include "SchemePrimitives.h"
 
-#include <cstdlib>
-#include <cstring>
-#include <functional>
-#include <memory>
-#include <stdexcept>
-
-#include <libguile.h>
+#include "ValueConversion.h"
 
 #include <OrvikOs/FaultHook.h>
 #include <TambCommandsInfra/CancelToken.h>
 #include <TambCommandsInfra/CommandTable.h>
 #include <TambVizCore/Utils.h>
 
-#include "ValueConversion.h"
+#include <libguile.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+#include <memory>
+#include <stdexcept>
 
 namespace OrvikScheme {
 namespace {
@@ -39,8 +39,8 @@ private:
     OrvikOs::FpState m_held; ///< Masks of the interpreter.
 };
 
-/// How a native command ended, in plain memory: nothing here has a destructor, so a Scheme error may
-/// leave the frame that holds it.
+/// How a native command ended, in plain memory: nothing here has a destructor, so a Scheme error
+/// may leave the frame that holds it.
 struct Outcome
 {
     Value* result = nullptr; ///< Owned by the frame that asked; null after a failure.
@@ -70,8 +70,8 @@ struct Outcome
 SCM finish(Outcome outcome)
 {
     if (outcome.result == nullptr) {
-        SCM text = scm_from_utf8_string(outcome.error == nullptr ? "Out of memory."
-                                                                 : outcome.error);
+        SCM text =
+            scm_from_utf8_string(outcome.error == nullptr ? "Out of memory." : outcome.error);
         std::free(outcome.error);
         if (outcome.cancelled)
             scm_throw(scm_from_utf8_symbol("pellux-cancelled"), SCM_EOL);
@@ -147,8 +147,7 @@ std::string narrow(SCM text)
 SCM help(SCM name)
 {
     Outcome outcome;
-    guarded(outcome,
-            [&] { return scm_is_false(name) ? helpOnAll() : helpOnOne(narrow(name)); });
+    guarded(outcome, [&] { return scm_is_false(name) ? helpOnAll() : helpOnOne(narrow(name)); });
     return finish(outcome);
 }
 

@@ -1,10 +1,10 @@
 #ifndef ENGINESCHEME_SCHEMEPRIMITIVES_H
 #define ENGINESCHEME_SCHEMEPRIMITIVES_H
 
+#include <OrvikOs/FpControl.h>
+
 #include <string>
 #include <vector>
-
-#include <OrvikOs/FpControl.h>
 
 namespace OrvikScheme {
 

@@ -1,15 +1,16 @@
 #include "ValueConversion.h"
 
+#include <OrvikOs/FaultHook.h>
+#include <TambCommandsInfra/ICommandObject.h>
+#include <TambVizCore/Utils.h>
+
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <stdexcept>
 #include <string>
-
-#include <OrvikOs/FaultHook.h>
-#include <TambCommandsInfra/ICommandObject.h>
-#include <TambVizCore/Utils.h>
 
 namespace OrvikScheme {
 namespace {
@@ -39,6 +40,13 @@ size_t freeObject(SCM value)
     return 0;
 }
 
+char* copyOf(const char* text)
+{
+    const std::size_t size = std::strlen(text) + 1;
+    auto* const copy = static_cast<char*>(std::malloc(size));
+    return copy == nullptr ? nullptr : static_cast<char*>(std::memcpy(copy, text, size));
+}
+
 /// Describes an object into memory of malloc, so that no C++ object is alive while Guile writes.
 char* describe(SCM value) noexcept
 {
@@ -47,9 +55,9 @@ char* describe(SCM value) noexcept
         const Value::Object& object = objectOf(value);
         const std::string text = std::string("#<") + object->TypeName() + " " +
                                  Utils::WstringToString(object->Describe()) + ">";
-        return strdup(text.c_str());
+        return copyOf(text.c_str());
     } catch (const std::exception&) {
-        return strdup("#<object that cannot be described>");
+        return copyOf("#<object that cannot be described>");
     }
 }
 
@@ -184,8 +192,8 @@ SCM ToScheme(const Value& value)
         return list;
     }
     case Value::Kind::Object:
-        return scm_new_smob(objectTag, reinterpret_cast<scm_t_bits>(
-                                           new Value::Object(value.AsObject())));
+        return scm_new_smob(objectTag,
+                            reinterpret_cast<scm_t_bits>(new Value::Object(value.AsObject())));
     }
     return SCM_UNSPECIFIED;
 }

@@ -1,12 +1,12 @@
 #ifndef ENGINESCHEME_VALUECONVERSION_H
 #define ENGINESCHEME_VALUECONVERSION_H
 
-#include <string>
-#include <string_view>
+#include <TambCommandsInfra/Value.h>
 
 #include <libguile.h>
 
-#include <TambCommandsInfra/Value.h>
+#include <string>
+#include <string_view>
 
 namespace OrvikScheme {
 

@@ -31,9 +31,9 @@ TEST(FormSplitter, EachTopLevelDatumIsOneForm)
 
 TEST(FormSplitter, ParenthesesInStringsCharactersAndCommentsDoNotCount)
 {
-    EXPECT_EQ(textsOf(L"(a \")\\\")\") (b #\\( #\\)) (c ; )\n) (d #| ) |# e) (|f)| g)"),
-              (Texts{L"(a \")\\\")\")", L"(b #\\( #\\))", L"(c ; )\n)", L"(d #| ) |# e)",
-                     L"(|f)| g)"}));
+    EXPECT_EQ(
+        textsOf(L"(a \")\\\")\") (b #\\( #\\)) (c ; )\n) (d #| ) |# e) (|f)| g)"),
+        (Texts{L"(a \")\\\")\")", L"(b #\\( #\\))", L"(c ; )\n)", L"(d #| ) |# e)", L"(|f)| g)"}));
 }
 
 TEST(FormSplitter, LineAndColumnNameTheFirstCharacterOfEachForm)
