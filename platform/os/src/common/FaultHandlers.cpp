@@ -83,6 +83,12 @@ std::string describe(const EXCEPTION_RECORD& record)
 
 } // namespace
 
+FaultScope::FaultScope() { Enter(); }
+
+FaultScope::~FaultScope() { Leave(); }
+
+unsigned FaultScope::Depth() { return t_faultThread.depth; }
+
 MachineFault::MachineFault(const EXCEPTION_RECORD& record)
     : std::runtime_error(describe(record)), m_record(record)
 {
