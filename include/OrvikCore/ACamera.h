@@ -221,7 +221,7 @@ protected:
     bool m_orthographic = true;
     float m_eye[3] = {0.0f, 0.0f, 100.0f};  ///< World units.
     float m_target[3] = {0.0f, 0.0f, 0.0f}; ///< World units.
-    float m_up[3] = {0.0f, 1.0f, 0.0f};     ///< Unit length after every SetCamera.
+    float m_up[3] = {0.0f, 1.0f, 0.0f};     ///< Unit length, unless SetCamera straightened it.
     float m_fieldOfView = 0.0f;             ///< Vertical opening angle, radians.
     bool m_animate = true;
 };

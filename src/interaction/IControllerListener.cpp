@@ -1,0 +1,7 @@
+#include "OrvikCore/IControllerListener.h"
+
+namespace OrvikCore {
+
+IControllerListener::~IControllerListener() = default;
+
+} // namespace OrvikCore

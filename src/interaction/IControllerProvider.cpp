@@ -1,0 +1,7 @@
+#include "OrvikCore/IControllerProvider.h"
+
+namespace OrvikCore {
+
+IControllerProvider::~IControllerProvider() = default;
+
+} // namespace OrvikCore

@@ -1,0 +1,7 @@
+#include "OrvikCore/ICameraProvider.h"
+
+namespace OrvikCore {
+
+ICameraProvider::~ICameraProvider() = default;
+
+} // namespace OrvikCore

@@ -1,0 +1,22 @@
+#ifndef ORVIKCORE_VIEW_VIEWTEXTS_H
+#define ORVIKCORE_VIEW_VIEWTEXTS_H
+
+namespace OrvikCore {
+
+inline constexpr char kViewName[] = "OrvikCoreView3D";
+inline constexpr char kNoGraphStructure[] = "No graph structure in AView3D by default";
+inline constexpr char kInvalidOperation[] = "Invalid argument in AView3D::Notify";
+inline constexpr char kNoCameraProvider[] = "null ICameraProvider*";
+
+// The wording is fixed: the operation named is the pick.
+inline constexpr wchar_t kPickException[] = L"Exception thrown in Highlight(): ";
+
+/// The view object that shows a drag.
+inline constexpr char kRubberBand[] = "Rubberband";
+
+/// The language whose console gets picks as commands.
+inline constexpr wchar_t kScheme[] = L"scheme";
+
+} // namespace OrvikCore
+
+#endif
