@@ -160,17 +160,15 @@ LineStop readNormal(ObjScan& scan, const char* line)
 }
 
 /// Reads an index and codes it. @return the first letter after it; null when there is none.
-const char* readIndex(const char* at, const char* end, std::uint32_t countSoFar, std::int32_t& code)
+inline const char* readIndex(const char* at, const char* end, std::uint32_t countSoFar,
+                             std::int32_t& code)
 {
     const bool isNegative = at < end && *at == '-';
     if (at < end && (*at == '-' || *at == '+'))
         ++at;
     const char* digits = at;
     std::int64_t value = 0;
-    while (at < end && *at >= '0' && *at <= '9') {
-        value = value > kObjMaxIndex ? value : value * 10 + (*at - '0');
-        ++at;
-    }
+    at = ScanDigits(at, end, kObjMaxIndex, value);
     if (at == digits)
         return nullptr;
     if (value > kObjMaxIndex) {
@@ -184,7 +182,7 @@ const char* readIndex(const char* at, const char* end, std::uint32_t countSoFar,
 }
 
 /// Reads "7", "7/2", "7//3" or "7/2/3". @return the first letter after it; null for anything else.
-const char* readCorner(ObjScan& scan, const char* at, ObjCorner& corner)
+inline const char* readCorner(ObjScan& scan, const char* at, ObjCorner& corner)
 {
     at = readIndex(at, scan.end, scan.vertexCount, corner.vertex);
     corner.normal = 0;
