@@ -1,0 +1,144 @@
+#include "GpuScene.h"
+
+#include <algorithm>
+#include <vector>
+
+#include <TambVizCore/GeoNode.h>
+#include <TambVizCore/Geometry.h>
+#include <TambVizCore/PartState.h>
+
+#include "Shaders.h"
+
+namespace ViewOpenGl {
+namespace {
+
+using TambVizCore::GeoNode;
+using TambVizCore::PartKind;
+using TambVizCore::PartState;
+
+template <class T> GlBuffer upload(GLenum target, const TambVizCore::SharedArray<T>& values)
+{
+    return MakeBuffer(target, values.Data(), values.MemoryBytes());
+}
+
+/// Binds the buffer @p buffer as the attribute @p location; nothing without a buffer.
+void attach(const GlBuffer& buffer, GLuint location, GLint size, GLenum type, GLboolean normalized)
+{
+    if (!buffer)
+        return;
+    glBindBuffer(GL_ARRAY_BUFFER, buffer.Get());
+    glEnableVertexAttribArray(location);
+    glVertexAttribPointer(location, size, type, normalized, 0, nullptr);
+}
+
+GpuPrimitives uploadPrimitives(const TambVizCore::SharedArray<std::uint32_t>& indices)
+{
+    GpuPrimitives primitives;
+    primitives.indices = upload(GL_ELEMENT_ARRAY_BUFFER, indices);
+    primitives.count = static_cast<GLsizei>(indices.Size());
+    return primitives;
+}
+
+void uploadGeometry(const TambVizCore::Geometry& geometry, GpuGeometry& gpu)
+{
+    gpu.vertexArray = MakeVertexArray();
+    glBindVertexArray(gpu.vertexArray.Get());
+    gpu.positions = upload(GL_ARRAY_BUFFER, geometry.Positions());
+    attach(gpu.positions, kPositionLocation, 3, GL_FLOAT, GL_FALSE);
+    gpu.normals = upload(GL_ARRAY_BUFFER, geometry.Normals());
+    attach(gpu.normals, kNormalLocation, 3, GL_FLOAT, GL_FALSE);
+    gpu.colors = upload(GL_ARRAY_BUFFER, geometry.Colors());
+    attach(gpu.colors, kColorLocation, 4, GL_UNSIGNED_BYTE, GL_TRUE);
+    gpu.primitives[PrimitiveSlot(PartKind::Face)] = uploadPrimitives(geometry.Triangles());
+    gpu.primitives[PrimitiveSlot(PartKind::Edge)] = uploadPrimitives(geometry.Segments());
+    gpu.primitives[PrimitiveSlot(PartKind::Vertex)] = uploadPrimitives(geometry.Points());
+    glBindVertexArray(0);
+}
+
+/// The part index of every primitive of a kind; all ones where a primitive belongs to none.
+std::vector<std::uint32_t> partIndices(const TambVizCore::Geometry& geometry, PartKind kind)
+{
+    const std::uint32_t count = kind == PartKind::Face   ? geometry.TriangleCount()
+                                : kind == PartKind::Edge ? geometry.SegmentCount()
+                                                         : geometry.PointCount();
+    std::vector<std::uint32_t> indices(count, 0xFFFFFFFFu);
+    for (std::uint32_t part = 0; part < geometry.Parts().size(); ++part) {
+        const TambVizCore::GeometryPart& run = geometry.Parts()[part];
+        if (run.kind == kind)
+            std::fill_n(indices.begin() + run.first, run.count, part);
+    }
+    return indices;
+}
+
+bool isPlain(const PartState& state)
+{
+    return state.flags == PartState::kShown;
+}
+
+} // namespace
+
+std::size_t PrimitiveSlot(PartKind kind)
+{
+    return kind == PartKind::Face ? 0 : kind == PartKind::Edge ? 1 : 2;
+}
+
+void GpuScene::BeginFrame()
+{
+    ++m_frame;
+}
+
+void GpuScene::EndFrame()
+{
+    std::erase_if(m_geometries, [](const auto& entry) { return entry.second.source.expired(); });
+    std::erase_if(m_nodes,
+                  [this](const auto& entry) { return entry.second.frame != m_frame; });
+}
+
+GpuGeometry& GpuScene::Geometry(const GeoNode& node)
+{
+    const auto& source = node.GetGeometry();
+    GpuGeometry& gpu = m_geometries[source.get()];
+    if (gpu.source.expired()) {
+        gpu = GpuGeometry();
+        gpu.source = source;
+        uploadGeometry(*source, gpu);
+    }
+    return gpu;
+}
+
+GpuNode& GpuScene::Node(const GeoNode& node)
+{
+    GpuNode& gpu = m_nodes[&node];
+    gpu.frame = m_frame;
+    if (gpu.partsStamp == node.Stamps().parts && gpu.geometry == node.GetGeometry().get())
+        return gpu;
+    gpu.partsStamp = node.Stamps().parts;
+    gpu.geometry = node.GetGeometry().get();
+    const auto states = node.PartStates();
+    gpu.needsParts = !std::all_of(states.begin(), states.end(), isPlain);
+    if (gpu.needsParts) {
+        gpu.states = MakeBuffer(GL_TEXTURE_BUFFER, states.data(), states.size_bytes());
+        gpu.texture = MakeBufferTexture(gpu.states, GL_RG32UI);
+    }
+    return gpu;
+}
+
+const GlTexture& GpuScene::PartOfPrimitive(const GeoNode& node, PartKind kind)
+{
+    GpuPrimitives& primitives = Geometry(node).primitives[PrimitiveSlot(kind)];
+    if (!primitives.partTexture && primitives.count > 0) {
+        const std::vector<std::uint32_t> indices = partIndices(*node.GetGeometry(), kind);
+        primitives.partBuffer = MakeBuffer(GL_TEXTURE_BUFFER, indices.data(),
+                                           indices.size() * sizeof(std::uint32_t));
+        primitives.partTexture = MakeBufferTexture(primitives.partBuffer, GL_R32UI);
+    }
+    return primitives.partTexture;
+}
+
+void GpuScene::Clear()
+{
+    m_geometries.clear();
+    m_nodes.clear();
+}
+
+} // namespace ViewOpenGl
