@@ -80,8 +80,7 @@ EGLContext createContext(EGLDisplay display)
                                                   EGL_CONTEXT_OPENGL_PROFILE_MASK,
                                                   EGL_CONTEXT_OPENGL_CORE_PROFILE_BIT,
                                                   EGL_NONE};
-        EGLContext context =
-            eglCreateContext(display, config, EGL_NO_CONTEXT, attributes.data());
+        EGLContext context = eglCreateContext(display, config, EGL_NO_CONTEXT, attributes.data());
         if (context != EGL_NO_CONTEXT)
             return context;
     }

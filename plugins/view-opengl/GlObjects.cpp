@@ -61,7 +61,10 @@ GlTexture MakeBufferTexture(const GlBuffer& buffer, GLenum format)
 
 namespace {
 
-std::string logOf(GLuint object, decltype(&glGetShaderiv) query, decltype(&glGetShaderInfoLog) read)
+using QueryInteger = void (*)(GLuint, GLenum, GLint*);
+using ReadLog = void (*)(GLuint, GLsizei, GLsizei*, GLchar*);
+
+std::string logOf(GLuint object, QueryInteger query, ReadLog read)
 {
     GLint length = 0;
     query(object, GL_INFO_LOG_LENGTH, &length);

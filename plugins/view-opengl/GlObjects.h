@@ -1,11 +1,11 @@
 #ifndef VIEWOPENGL_GLOBJECTS_H
 #define VIEWOPENGL_GLOBJECTS_H
 
+#include <epoxy/gl.h>
+
 #include <cstddef>
 #include <string>
 #include <utility>
-
-#include <epoxy/gl.h>
 
 namespace ViewOpenGl {
 

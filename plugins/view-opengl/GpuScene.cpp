@@ -1,13 +1,13 @@
 #include "GpuScene.h"
 
-#include <algorithm>
-#include <vector>
+#include "Shaders.h"
 
 #include <TambVizCore/GeoNode.h>
 #include <TambVizCore/Geometry.h>
 #include <TambVizCore/PartState.h>
 
-#include "Shaders.h"
+#include <algorithm>
+#include <vector>
 
 namespace ViewOpenGl {
 namespace {
@@ -90,8 +90,7 @@ void GpuScene::BeginFrame()
 void GpuScene::EndFrame()
 {
     std::erase_if(m_geometries, [](const auto& entry) { return entry.second.source.expired(); });
-    std::erase_if(m_nodes,
-                  [this](const auto& entry) { return entry.second.frame != m_frame; });
+    std::erase_if(m_nodes, [this](const auto& entry) { return entry.second.frame != m_frame; });
 }
 
 GpuGeometry& GpuScene::Geometry(const GeoNode& node)
@@ -128,8 +127,8 @@ const GlTexture& GpuScene::PartOfPrimitive(const GeoNode& node, PartKind kind)
     GpuPrimitives& primitives = Geometry(node).primitives[PrimitiveSlot(kind)];
     if (!primitives.partTexture && primitives.count > 0) {
         const std::vector<std::uint32_t> indices = partIndices(*node.GetGeometry(), kind);
-        primitives.partBuffer = MakeBuffer(GL_TEXTURE_BUFFER, indices.data(),
-                                           indices.size() * sizeof(std::uint32_t));
+        primitives.partBuffer =
+            MakeBuffer(GL_TEXTURE_BUFFER, indices.data(), indices.size() * sizeof(std::uint32_t));
         primitives.partTexture = MakeBufferTexture(primitives.partBuffer, GL_R32UI);
     }
     return primitives.partTexture;

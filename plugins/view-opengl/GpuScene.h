@@ -1,14 +1,14 @@
 #ifndef VIEWOPENGL_GPUSCENE_H
 #define VIEWOPENGL_GPUSCENE_H
 
+#include "GlObjects.h"
+
+#include <TambVizCore/PartKind.h>
+
 #include <array>
 #include <cstdint>
 #include <map>
 #include <memory>
-
-#include <TambVizCore/PartKind.h>
-
-#include "GlObjects.h"
 
 namespace TambVizCore {
 class GeoNode;
@@ -21,9 +21,9 @@ namespace ViewOpenGl {
 struct GpuPrimitives
 {
     GlBuffer indices;
-    GLsizei count = 0;      ///< Indices.
-    GlBuffer partBuffer;    ///< Part index of each primitive; made when first asked for.
-    GlTexture partTexture;  ///< Over partBuffer.
+    GLsizei count = 0;     ///< Indices.
+    GlBuffer partBuffer;   ///< Part index of each primitive; made when first asked for.
+    GlTexture partTexture; ///< Over partBuffer.
 };
 
 /// One geometry in graphics memory, shared by all nodes that draw it.
@@ -38,9 +38,9 @@ struct GpuGeometry
 /// The part states of one node in graphics memory.
 struct GpuNode
 {
-    std::uint64_t partsStamp = ~std::uint64_t{0}; ///< Stamp of what was uploaded.
+    std::uint64_t partsStamp = ~std::uint64_t{0};    ///< Stamp of what was uploaded.
     const TambVizCore::Geometry* geometry = nullptr; ///< Not owned; only compared.
-    bool needsParts = false; ///< Some part is not plain and shown.
+    bool needsParts = false;                         ///< Some part is not plain and shown.
     GlBuffer states;
     GlTexture texture;
     std::uint64_t frame = 0; ///< Last frame that drew it.

@@ -1,10 +1,10 @@
 #include "Projection.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include <OrvikCore/ACamera.h>
 #include <TambVizCore/VizBox.h>
+
+#include <algorithm>
+#include <cmath>
 
 namespace ViewOpenGl {
 namespace {

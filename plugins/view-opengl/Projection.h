@@ -13,10 +13,10 @@ namespace ViewOpenGl {
 /// How world units become pixels: two column-major matrices.
 struct Projection
 {
-    double view[16] = {};       ///< World to eye: x right, y up, looking along -z.
-    float projection[16] = {};  ///< Eye to clip space.
+    double view[16] = {};      ///< World to eye: x right, y up, looking along -z.
+    float projection[16] = {}; ///< Eye to clip space.
     bool orthographic = true;
-    double eye[3] = {};         ///< World units.
+    double eye[3] = {}; ///< World units.
 };
 
 /// Makes the matrices of a camera for a picture of a size; near and far enclose the scene.

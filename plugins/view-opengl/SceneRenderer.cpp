@@ -1,12 +1,12 @@
 #include "SceneRenderer.h"
 
-#include <algorithm>
-
 #include <TambVizCore/GeoNode.h>
 #include <TambVizCore/Geometry.h>
 #include <TambVizCore/Matrix.h>
 #include <TambVizCore/PartState.h>
 #include <TambVizCore/RenderingOptions.h>
+
+#include <algorithm>
 
 namespace ViewOpenGl {
 namespace {
@@ -45,11 +45,10 @@ GLenum primitiveOf(PartKind kind)
     return kind == PartKind::Face ? GL_TRIANGLES : kind == PartKind::Edge ? GL_LINES : GL_POINTS;
 }
 
+/// Of what is drawn over faces: edges, borders of triangles, vertices.
 float biasOf(PartKind kind)
 {
-    return kind == PartKind::Face   ? 0.0f
-           : kind == PartKind::Edge ? kLineDepthBias
-                                    : kPointDepthBias;
+    return kind == PartKind::Vertex ? kPointDepthBias : kLineDepthBias;
 }
 
 bool isShown(const GeoNode& node, const RenderingOptions& options)
@@ -112,23 +111,8 @@ void SceneRenderer::Draw(const Node& root, const RenderingOptions& options,
     if (options.GetShowFaces())
         drawFaces(options, projection);
     glDisable(GL_CULL_FACE);
-    for (const Item& item : m_items) {
-        const RGBAColor& edges = options.GetDefaultEdgeColor();
-        if (options.GetShowTessellation()) {
-            glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
-            drawKind(item, PartKind::Face, options, projection, options.GetDefaultTessEdgeColor(),
-                     /*useVertexColors=*/false, /*lit=*/false);
-            glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-        }
-        if (options.GetShowEdges() || item.node->GetCategory() == GeoNode::Category::PMI)
-            drawKind(item, PartKind::Edge, options, projection, edges,
-                     /*useVertexColors=*/false, /*lit=*/false);
-        if (options.GetShowVertices() ||
-            item.node->GetCategory() == GeoNode::Category::PointCloud)
-            drawKind(item, PartKind::Vertex, options, projection,
-                     item.hasColor ? item.color : options.GetDefaultVertexColor(),
-                     /*useVertexColors=*/true, /*lit=*/false);
-    }
+    for (const Item& item : m_items)
+        drawLines(item, options, projection);
     m_gpu.EndFrame();
 }
 
@@ -196,8 +180,8 @@ void SceneRenderer::drawFaces(const RenderingOptions& options, const Projection&
 {
     const auto draw = [&](const Item& item) {
         setCulling(*item.node, item.modelView);
-        drawKind(item, PartKind::Face, options, projection, item.color,
-                 /*useVertexColors=*/!item.hasColor, /*lit=*/true);
+        drawKind(item, {.color = item.color, .useVertexColors = !item.hasColor, .lit = true},
+                 options, projection);
     };
     std::vector<const Item*> transparent;
     for (const Item& item : m_items) {
@@ -218,53 +202,70 @@ void SceneRenderer::drawFaces(const RenderingOptions& options, const Projection&
     glDisable(GL_BLEND);
 }
 
-void SceneRenderer::drawKind(const Item& item, PartKind kind, const RenderingOptions& options,
-                             const Projection& projection, const RGBAColor& color,
-                             bool useVertexColors, bool lit)
+void SceneRenderer::drawLines(const Item& item, const RenderingOptions& options,
+                              const Projection& projection)
+{
+    const GeoNode::Category category = item.node->GetCategory();
+    if (options.GetShowTessellation()) {
+        glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+        drawKind(item, {.color = options.GetDefaultTessEdgeColor()}, options, projection);
+        glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    }
+    if (options.GetShowEdges() || category == GeoNode::Category::PMI)
+        drawKind(item, {.kind = PartKind::Edge, .color = options.GetDefaultEdgeColor()}, options,
+                 projection);
+    if (options.GetShowVertices() || category == GeoNode::Category::PointCloud)
+        drawKind(item,
+                 {.kind = PartKind::Vertex,
+                  .color = item.hasColor ? item.color : options.GetDefaultVertexColor(),
+                  .useVertexColors = true},
+                 options, projection);
+}
+
+void SceneRenderer::drawKind(const Item& item, const Style& style, const RenderingOptions& options,
+                             const Projection& projection)
 {
     GpuGeometry& gpu = m_gpu.Geometry(*item.node);
-    const GpuPrimitives& primitives = gpu.primitives[PrimitiveSlot(kind)];
+    const GpuPrimitives& primitives = gpu.primitives[PrimitiveSlot(style.kind)];
     if (primitives.count == 0)
         return;
     const GpuNode& node = m_gpu.Node(*item.node);
     ShaderFeatures features;
-    features.lit = lit;
-    features.normals = lit && static_cast<bool>(gpu.normals);
-    features.colors = useVertexColors && static_cast<bool>(gpu.colors);
+    features.lit = style.lit;
+    features.normals = style.lit && static_cast<bool>(gpu.normals);
+    features.colors = style.useVertexColors && static_cast<bool>(gpu.colors);
     features.parts = node.needsParts;
     const Shader* const shader = m_shaders.Get(features);
     if (shader == nullptr)
         return;
     if (features.parts) {
         glActiveTexture(GL_TEXTURE0 + kPartOfPrimitiveUnit);
-        glBindTexture(GL_TEXTURE_BUFFER, m_gpu.PartOfPrimitive(*item.node, kind).Get());
+        glBindTexture(GL_TEXTURE_BUFFER, m_gpu.PartOfPrimitive(*item.node, style.kind).Get());
         glActiveTexture(GL_TEXTURE0 + kPartStateUnit);
         glBindTexture(GL_TEXTURE_BUFFER, node.texture.Get());
     }
     glUseProgram(shader->program.Get());
-    setUniforms(*shader, item, kind, options, projection, color, useVertexColors);
+    setUniforms(*shader, item, style, options, projection);
     glBindVertexArray(gpu.vertexArray.Get());
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, primitives.indices.Get());
-    glDrawElements(primitiveOf(kind), primitives.count, GL_UNSIGNED_INT, nullptr);
+    glDrawElements(primitiveOf(style.kind), primitives.count, GL_UNSIGNED_INT, nullptr);
 }
 
-void SceneRenderer::setUniforms(const Shader& shader, const Item& item, PartKind kind,
-                                const RenderingOptions& options, const Projection& projection,
-                                const RGBAColor& color, bool useVertexColors)
+void SceneRenderer::setUniforms(const Shader& shader, const Item& item, const Style& style,
+                                const RenderingOptions& options, const Projection& projection)
 {
     glUniformMatrix4fv(shader.modelView, 1, GL_FALSE, item.modelView);
     glUniformMatrix4fv(shader.projection, 1, GL_FALSE, projection.projection);
-    setColor(shader.baseColor, color);
+    setColor(shader.baseColor, style.color);
     setColor3(shader.highlightColor, options.GetHighlightColor());
     glUniform1ui(shader.nodeFlags, item.flags);
     glUniform1i(shader.orthographic, projection.orthographic ? 1 : 0);
-    glUniform1i(shader.useVertexColors, useVertexColors ? 1 : 0);
-    const bool wire = kind == PartKind::Face && shader.orthographic < 0;
-    glUniform1f(shader.depthBias, wire ? kLineDepthBias : biasOf(kind));
+    glUniform1i(shader.useVertexColors, style.useVertexColors ? 1 : 0);
+    glUniform1f(shader.depthBias, style.lit ? 0.0f : biasOf(style.kind));
     const bool cloud = item.node->GetCategory() == GeoNode::Category::PointCloud;
     glUniform1f(shader.pointSize, cloud ? item.node->PointSizePixels()
                                         : std::max(kVertexPixels, item.node->PointSizePixels()));
-    if (kind == PartKind::Edge)
+    if (style.kind == PartKind::Edge)
         glLineWidth(item.node->LineWidthPixels());
 }
 

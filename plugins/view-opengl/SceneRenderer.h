@@ -1,15 +1,15 @@
 #ifndef VIEWOPENGL_SCENERENDERER_H
 #define VIEWOPENGL_SCENERENDERER_H
 
-#include <cstdint>
-#include <vector>
+#include "GpuScene.h"
+#include "Projection.h"
+#include "Shaders.h"
 
 #include <TambVizCore/PartKind.h>
 #include <TambVizCore/RGBAColor.h>
 
-#include "GpuScene.h"
-#include "Projection.h"
-#include "Shaders.h"
+#include <cstdint>
+#include <vector>
 
 namespace TambVizCore {
 class GeoNode;
@@ -62,18 +62,27 @@ private:
         double depth = 0.0; ///< Of the middle of its box, along the view.
     };
 
+    /// How the primitives of one kind are drawn.
+    struct Style
+    {
+        TambVizCore::PartKind kind = TambVizCore::PartKind::Face;
+        TambVizCore::RGBAColor color;
+        bool useVertexColors = false;
+        bool lit = false;
+    };
+
     void collect(const TambVizCore::Node& node, const Inherited& above,
                  const Projection& projection, const TambVizCore::RenderingOptions& options);
     void addItem(const TambVizCore::GeoNode& node, const Inherited& state,
                  const Projection& projection, const TambVizCore::RenderingOptions& options);
     void drawBackground(const Background& background);
     void drawFaces(const TambVizCore::RenderingOptions& options, const Projection& projection);
-    void drawKind(const Item& item, TambVizCore::PartKind kind,
-                  const TambVizCore::RenderingOptions& options, const Projection& projection,
-                  const TambVizCore::RGBAColor& color, bool useVertexColors, bool lit);
-    void setUniforms(const Shader& shader, const Item& item, TambVizCore::PartKind kind,
-                     const TambVizCore::RenderingOptions& options, const Projection& projection,
-                     const TambVizCore::RGBAColor& color, bool useVertexColors);
+    void drawLines(const Item& item, const TambVizCore::RenderingOptions& options,
+                   const Projection& projection);
+    void drawKind(const Item& item, const Style& style,
+                  const TambVizCore::RenderingOptions& options, const Projection& projection);
+    void setUniforms(const Shader& shader, const Item& item, const Style& style,
+                     const TambVizCore::RenderingOptions& options, const Projection& projection);
 
     GpuScene m_gpu;
     Shaders m_shaders;

@@ -1,11 +1,11 @@
 #ifndef VIEWOPENGL_SHADERS_H
 #define VIEWOPENGL_SHADERS_H
 
+#include "GlObjects.h"
+
 #include <array>
 #include <optional>
 #include <string>
-
-#include "GlObjects.h"
 
 namespace ViewOpenGl {
 
@@ -24,10 +24,10 @@ constexpr GLint kPartStateUnit = 1;
 /// What a body brings along; each combination is a program of its own.
 struct ShaderFeatures
 {
-    bool lit = true;     ///< Faces; lines and points are drawn in one colour.
+    bool lit = true;      ///< Faces; lines and points are drawn in one colour.
     bool normals = false; ///< The body has normals; else each triangle gets its own.
-    bool colors = false; ///< The body has a colour for each vertex.
-    bool parts = false;  ///< The state of each part is looked up.
+    bool colors = false;  ///< The body has a colour for each vertex.
+    bool parts = false;   ///< The state of each part is looked up.
 };
 
 /// A program with the places of its uniforms; -1 where it has none.

@@ -1,0 +1,254 @@
+#include "View3dOpenGlSG.h"
+
+#include "Projection.h"
+
+#include <OrvikCore/ACamera.h>
+#include <OrvikCore/Dbg.h>
+#include <TambVizCore/EntityId.h>
+#include <TambVizCore/Node.h>
+#include <TambVizCore/Ray.h>
+#include <TambVizCore/RenderId.h>
+#include <TambVizCore/RenderingOptions.h>
+#include <TambVizCore/SceneBuilderFactory.h>
+#include <TambVizCore/SelectionHolder.h>
+#include <TambVizCore/Settings.h>
+#include <TambVizCore/VizBox.h>
+#include <TambVizCore/VizFactories.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace ViewOpenGl {
+namespace {
+
+using TambVizCore::EntityId;
+using TambVizCore::Node;
+using TambVizCore::PartKind;
+using TambVizCore::RenderId;
+using TambVizCore::RGBAColor;
+using TambVizCore::VizBox;
+
+/// Aperture of hovering, pixels.
+constexpr int kHoverAperturePixels = 4;
+
+std::unique_ptr<Node> makeRoot()
+{
+    if (const auto* const factory = TambVizCore::VizFactories::Instance().GetSceneBuilderFactory())
+        return factory->CreateSceneRoot();
+    return TambVizCore::SceneBuilderFactory().CreateSceneRoot();
+}
+
+} // namespace
+
+View3dOpenGlSG::View3dOpenGlSG()
+    : m_root(makeRoot()), m_undoStrategy(std::make_unique<TambVizCore::ViewDoUndoStrategy>(*m_root))
+{
+    GetSelectionHolder()->SetSceneRoot(m_root.get());
+}
+
+View3dOpenGlSG::~View3dOpenGlSG()
+{
+    GetSelectionHolder()->SetSceneRoot(nullptr);
+    if (m_context == nullptr)
+        return;
+    const GlContext::Current current(*m_context);
+    m_renderer.Clear();
+    m_target.Clear();
+}
+
+void View3dOpenGlSG::GetSceneGraphStructure(std::string& out, bool withParts)
+{
+    out.clear();
+    m_root->Print(out, withParts);
+}
+
+float View3dOpenGlSG::GetGeometryRadius() const
+{
+    return static_cast<float>(m_root->WorldBounds().Radius());
+}
+
+const float* View3dOpenGlSG::GetGeometryCenter() const
+{
+    m_root->WorldBounds().GetCenter(m_center);
+    return m_center;
+}
+
+bool View3dOpenGlSG::GetBoundingBox(const RenderId& id, VizBox& box)
+{
+    return TambVizCore::GetRenderIdBox(*m_root, id, box);
+}
+
+bool View3dOpenGlSG::GetBoundingBox(const EntityId& id, VizBox& box)
+{
+    RenderId renderId;
+    return TambVizCore::FindEntityRenderId(*m_root, id, renderId) &&
+           TambVizCore::GetRenderIdBox(*m_root, renderId, box);
+}
+
+Node& View3dOpenGlSG::GetSceneRoot()
+{
+    return *m_root;
+}
+
+void View3dOpenGlSG::UpdateDisplay()
+{
+    if (GetWindowHandle() == nullptr)
+        prepare();
+}
+
+void View3dOpenGlSG::Rerender()
+{
+    if (m_context != nullptr) {
+        const GlContext::Current current(*m_context);
+        m_renderer.Clear();
+        m_renderer.Prepare();
+    }
+    UpdateDisplay();
+}
+
+bool View3dOpenGlSG::ReadImage(int width, int height, TambVizCore::Image& image)
+{
+    if (width < 1 || height < 1 || !prepare())
+        return false;
+    if (width > m_context->MaxSide() || height > m_context->MaxSide())
+        return false;
+    const GlContext::Current current(*m_context);
+    const TambVizCore::RenderingOptions& options = *GetRenderingOptions();
+    if (!current.IsCurrent() || !m_target.Bind(width, height, options.GetAntialiasLevel()))
+        return false;
+    Background background;
+    GetViewportBackground(1, background.top);
+    GetViewportBackground(2, background.bottom);
+    m_renderer.Draw(*m_root, options,
+                    MakeProjection(*GetCamera(), width, height, m_root->WorldBounds()), background);
+    if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
+        OrvikCore::dbg << "-- view: OpenGL error " << error << " while drawing" << std::endl;
+        return false;
+    }
+    m_target.Read(image);
+    return true;
+}
+
+bool View3dOpenGlSG::GetRenderIdAtPixel(int x, int y, RenderId& id)
+{
+    id.Clear();
+    const TambVizCore::RenderingOptions& options = *GetRenderingOptions();
+    TambVizCore::PartKinds kinds = 0;
+    kinds |= options.GetShowFaces() ? TambVizCore::ToPartKinds(PartKind::Face) : 0u;
+    kinds |= options.GetShowEdges() ? TambVizCore::ToPartKinds(PartKind::Edge) : 0u;
+    kinds |= options.GetShowVertices() ? TambVizCore::ToPartKinds(PartKind::Vertex) : 0u;
+    TambVizCore::ScenePickResult result;
+    if (!pickAtPixel(x, y, kinds, result))
+        return false;
+    id = result.id;
+    return true;
+}
+
+bool View3dOpenGlSG::GetSurfacePointAtPixel(int x, int y, float* point)
+{
+    TambVizCore::ScenePickResult result;
+    if (!pickAtPixel(x, y, TambVizCore::ToPartKinds(PartKind::Face), result))
+        return false;
+    std::copy_n(result.hit.position, 3, point);
+    return true;
+}
+
+TambVizCore::IHighlightStrategy* View3dOpenGlSG::GetHighlightStrategy()
+{
+    return m_undoStrategy.get();
+}
+
+void View3dOpenGlSG::GetViewportSize(int& width, int& height) const
+{
+    width = m_width;
+    height = m_height;
+}
+
+void View3dOpenGlSG::ResizeViewport(int width, int height)
+{
+    m_width = std::max(width, 0);
+    m_height = std::max(height, 0);
+}
+
+bool View3dOpenGlSG::GetViewportBackground(int number, RGBAColor& color) const
+{
+    if (number != 1 && number != 2)
+        return false;
+    const std::optional<RGBAColor>& own = m_background[number - 1];
+    const TambVizCore::Settings* const current = TambVizCore::Settings::Current();
+    const TambVizCore::Settings& settings =
+        current == nullptr ? TambVizCore::Settings::Default() : *current;
+    color = own           ? *own
+            : number == 1 ? settings.GetBackgroundColor1()
+                          : settings.GetBackgroundColor2();
+    return true;
+}
+
+bool View3dOpenGlSG::SetViewportBackground(int number, const RGBAColor& color)
+{
+    if (number != 1 && number != 2)
+        return false;
+    m_background[number - 1] = color;
+    return true;
+}
+
+void View3dOpenGlSG::ClearViewport()
+{
+    GetSelectionHolder()->ClearHighlight();
+    GetSelectionHolder()->ClearSelection();
+    m_root->RemoveAllChildren();
+}
+
+bool View3dOpenGlSG::prepare()
+{
+    if (m_context != nullptr || m_contextFailed)
+        return m_context != nullptr;
+    std::string reason;
+    m_context = GlContext::Create(reason);
+    if (m_context == nullptr) {
+        m_contextFailed = true;
+        OrvikCore::dbg << "-- view: no OpenGL: " << reason << std::endl;
+        return false;
+    }
+    OrvikCore::dbg << "-- view: " << m_context->Description() << std::endl;
+    const GlContext::Current current(*m_context);
+    if (m_target.Bind(1, 1, 1))
+        m_renderer.Prepare();
+    return true;
+}
+
+bool View3dOpenGlSG::pickAtPixel(int x, int y, TambVizCore::PartKinds kinds,
+                                 TambVizCore::ScenePickResult& result)
+{
+    if (m_width == 0 || m_height == 0)
+        return false;
+    OrvikCore::ACamera& camera = *GetCamera();
+    TambVizCore::PickQuery query;
+    query.ray = camera.Make3DRay(x, y, kHoverAperturePixels);
+    query.kinds = kinds;
+    const TambVizCore::RenderingOptions& options = *GetRenderingOptions();
+    query.pointClouds = options.GetShowPointClouds();
+    query.pmi = options.GetShowPMI();
+    query.clipPlanes = options.GetClipPlanes();
+    if (camera.IsOrthographic()) {
+        // What lies behind the eye is seen all the same in parallel projection.
+        const float* const center = GetGeometryCenter();
+        float origin[3];
+        double away = GetGeometryRadius();
+        for (int i = 0; i < 3; ++i)
+            away += std::abs(static_cast<double>(query.ray.Origin()[i] - center[i]));
+        for (int i = 0; i < 3; ++i)
+            origin[i] = query.ray.Origin()[i] - static_cast<float>(away) * query.ray.Direction()[i];
+        query.ray.SetOrigin(origin);
+    } else {
+        float eye[3], target[3], up[3];
+        camera.GetCamera(eye, target, up);
+        const double distance =
+            std::hypot(eye[0] - target[0], eye[1] - target[1], eye[2] - target[2]);
+        query.radiusGrowth = distance > 0.0 ? query.ray.Radius() / distance : 0.0;
+        query.ray.SetRadius(0.0);
+    }
+    return TambVizCore::PickNearest(*m_root, query, result);
+}
+
+} // namespace ViewOpenGl

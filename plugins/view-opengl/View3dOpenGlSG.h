@@ -1,0 +1,76 @@
+#ifndef VIEWOPENGL_VIEW3DOPENGLSG_H
+#define VIEWOPENGL_VIEW3DOPENGLSG_H
+
+#include "FrameTarget.h"
+#include "GlContext.h"
+#include "SceneRenderer.h"
+
+#include <OrvikCore/AView3D.h>
+#include <TambVizCore/RGBAColor.h>
+#include <TambVizCore/ScenePick.h>
+#include <TambVizCore/ViewDoUndoStrategy.h>
+
+#include <memory>
+#include <optional>
+
+namespace ViewOpenGl {
+
+/// The 3D view: draws the scene with OpenGL into a framebuffer of its own.
+///
+/// The context is made when something is to be drawn for the first time, so a run without pictures
+/// never pays for it. Hover and surface points are rays through the spatial indexes of the scene.
+/// @thread Main thread.
+class View3dOpenGlSG : public OrvikCore::AView3D
+{
+public:
+    View3dOpenGlSG();
+    ~View3dOpenGlSG() override;
+
+    View3dOpenGlSG(const View3dOpenGlSG&) = delete;
+    View3dOpenGlSG& operator=(const View3dOpenGlSG&) = delete;
+
+    void GetSceneGraphStructure(std::string& out, bool withParts) override;
+
+    float GetGeometryRadius() const override;
+    const float* GetGeometryCenter() const override;
+    bool GetBoundingBox(const TambVizCore::RenderId& id, TambVizCore::VizBox& box) override;
+    bool GetBoundingBox(const TambVizCore::EntityId& id, TambVizCore::VizBox& box) override;
+    TambVizCore::Node& GetSceneRoot() override;
+
+    /// Without a window nothing is shown; the context and the shaders are then made ready, so that
+    /// a picture asked for later starts at once.
+    void UpdateDisplay() override;
+    void Rerender() override;
+    bool ReadImage(int width, int height, TambVizCore::Image& image) override;
+
+    bool GetRenderIdAtPixel(int x, int y, TambVizCore::RenderId& id) override;
+    bool GetSurfacePointAtPixel(int x, int y, float* point) override;
+    TambVizCore::IHighlightStrategy* GetHighlightStrategy() override;
+    void GetViewportSize(int& width, int& height) const override;
+    void ResizeViewport(int width, int height) override;
+    bool GetViewportBackground(int number, TambVizCore::RGBAColor& color) const override;
+
+    /// The colour holds until the view ends; until the first call the current settings decide.
+    bool SetViewportBackground(int number, const TambVizCore::RGBAColor& color) override;
+    void ClearViewport() override;
+
+private:
+    bool prepare();
+    bool pickAtPixel(int x, int y, TambVizCore::PartKinds kinds,
+                     TambVizCore::ScenePickResult& result);
+
+    std::unique_ptr<TambVizCore::Node> m_root;
+    std::unique_ptr<TambVizCore::ViewDoUndoStrategy> m_undoStrategy;
+    std::unique_ptr<GlContext> m_context; ///< Null until something is drawn.
+    bool m_contextFailed = false;         ///< Not tried again.
+    SceneRenderer m_renderer;
+    FrameTarget m_target;
+    std::optional<TambVizCore::RGBAColor> m_background[2];
+    int m_width = 0;
+    int m_height = 0;
+    mutable float m_center[3] = {0.0f, 0.0f, 0.0f}; ///< Answer of GetGeometryCenter.
+};
+
+} // namespace ViewOpenGl
+
+#endif
