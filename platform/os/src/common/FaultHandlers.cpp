@@ -83,11 +83,20 @@ std::string describe(const EXCEPTION_RECORD& record)
 
 } // namespace
 
-FaultScope::FaultScope() { Enter(); }
+FaultScope::FaultScope()
+{
+    Enter();
+}
 
-FaultScope::~FaultScope() { Leave(); }
+FaultScope::~FaultScope()
+{
+    Leave();
+}
 
-unsigned FaultScope::Depth() { return t_faultThread.depth; }
+unsigned FaultScope::Depth()
+{
+    return t_faultThread.depth;
+}
 
 MachineFault::MachineFault(const EXCEPTION_RECORD& record)
     : std::runtime_error(describe(record)), m_record(record)

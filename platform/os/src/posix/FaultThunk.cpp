@@ -60,7 +60,11 @@ OrvikOs_ThrowFromFault(OrvikOs::FaultFrame* frame)
     const std::type_info* type = nullptr;
     void* object = nullptr;
     const std::exception_ptr exception = OrvikOs::MakeFaultException(frame->fault, type, object);
-    OrvikOs::SkipTerminatingFrames(*frame, type, object);
+    if (!OrvikOs::SkipTerminatingFrames(*frame, type, object)) {
+        // The throw is going to end the program through std::terminate, whose abort() must not
+        // become the next exception that nobody catches.
+        OrvikOs::StopConvertingAborts();
+    }
     thread.converting = false;
     std::rethrow_exception(exception);
 }

@@ -347,7 +347,7 @@ _Unwind_Reason_Code visitFrame(_Unwind_Context* context, void* argument)
 
 } // namespace
 
-void SkipTerminatingFrames(FaultFrame& frame, const std::type_info* type, void* object)
+bool SkipTerminatingFrames(FaultFrame& frame, const std::type_info* type, void* object)
 {
     Walk walk = {};
     walk.type = type;
@@ -355,10 +355,8 @@ void SkipTerminatingFrames(FaultFrame& frame, const std::type_info* type, void* 
     walk.faultAddress = frame.rip;
     walk.faultStack = frame.rsp;
     _Unwind_Backtrace(&visitFrame, &walk);
-    // Without anybody to catch it, the exception ends the program where it is thrown, as any other
-    // does.
     if (!walk.isMoved || !walk.hasCatcher) {
-        return;
+        return walk.hasCatcher;
     }
     frame.rip = walk.target.rip;
     frame.rsp = walk.target.rsp;
@@ -368,6 +366,7 @@ void SkipTerminatingFrames(FaultFrame& frame, const std::type_info* type, void* 
     frame.r13 = walk.target.r13;
     frame.r14 = walk.target.r14;
     frame.r15 = walk.target.r15;
+    return true;
 }
 
 } // namespace OrvikOs

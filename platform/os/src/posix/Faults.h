@@ -47,7 +47,8 @@ extern "C" void OrvikOs_FaultThunk();
 /// moves @p frame to the caller of the outermost such frame.
 ///
 /// @param type, object  What is thrown; see MakeFaultException().
-void SkipTerminatingFrames(FaultFrame& frame, const std::type_info* type, void* object);
+/// @return false when nobody will catch it; @p frame is then left alone.
+bool SkipTerminatingFrames(FaultFrame& frame, const std::type_info* type, void* object);
 
 /// Learns where the code lies that must not be left by an exception. Called before the handlers are
 /// installed.
