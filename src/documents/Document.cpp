@@ -129,7 +129,7 @@ bool Document::LoadContent(const std::wstring& fileName, std::wstring* errorText
     AContentLoader* loader = nullptr;
     if (replace) {
         // Deliberate: the contents are gone also when no loader is found.
-        // Held by Document.ReplacingWithoutLoaderEmptiesTheDocument.
+        // Held by DocumentFiles.ReplacingWithoutLoaderEmptiesTheDocument.
         ClearContents();
         loader = manager.GetContentLoader(fileName);
     } else {

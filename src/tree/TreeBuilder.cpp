@@ -241,7 +241,7 @@ void TreeBuilder::GeometryEnd()
 void TreeBuilder::MeshBegin(std::uint64_t const& id, std::wstring const& name)
 {
     // Deliberate: meshes share the style of polygon bodies.
-    // Held by the pairs of TreeBuilderPairs.EachBeginOpensARowInItsStyleAndEachEndClosesIt.
+    // Held by TreeBuilderPairs.BeginOpensARowInItsStyleAndEndClosesIt.
     AnyTypeBegin(id, name, TreeItemStyles::PolyBody);
 }
 
