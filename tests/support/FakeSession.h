@@ -3,11 +3,14 @@
 
 #include "OrvikCore/ASession.h"
 #include "OrvikCore/ASessionFactory.h"
+#include "OrvikCore/IApplication.h"
+#include "OrvikCore/MessageType.h"
 #include "OrvikCore/SessionMgr.h"
 
 #include <TambVizCore/EntityId.h>
 #include <TambVizCore/IView3D.h>
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -53,24 +56,36 @@ public:
     bool m_busy = false;
 };
 
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
-/// Makes FakeSessions; the session manager deletes it without a virtual destructor.
-class FakeSessionFactory final : public OrvikCore::ASessionFactory
+/// A host that makes FakeSessions. Like every host it lies in storage of its own, in which the
+/// session manager ends it.
+class FakeSessionHost : public OrvikCore::IApplication
 {
 public:
-    OrvikCore::ASession* CreateSession() override { return new FakeSession(GetNextId()); }
+    std::wstring GetName() const override { return L"FakeSessionHost"; }
+    std::wstring GetVersion() const override { return {}; }
+    std::wstring GetStateFolder() const override { return {}; }
+    void Quit(int) override {}
+    void CancelRunningJob() override {}
+    void ShowNotice(const std::wstring&, const OrvikCore::MessageType&) override {}
+    bool IsBatchMode() const override { return false; }
+    bool IsPaused() const override { return false; }
+    void RecordCommand(const std::wstring&) override {}
+    void Pause(bool) override {}
+    void ReportEngineTerminationFailure(const std::wstring&) override {}
+    int Shutdown() override { return 0; }
+    OrvikCore::ASession* NewSession() override
+    {
+        return new FakeSession(OrvikCore::ASessionFactory::GetNextId());
+    }
 };
 
-#pragma GCC diagnostic pop
-
-/// Makes the current session of the process a FakeSession.
+/// Makes the current session of the process a FakeSession, by a host of this kind.
 /// @return the session; owned by the session manager.
 inline FakeSession& MakeCurrentFakeSession()
 {
+    alignas(FakeSessionHost) static unsigned char storage[sizeof(FakeSessionHost)];
     OrvikCore::SessionMgr& manager = OrvikCore::SessionMgr::Instance();
-    manager.SetSessionFactory(new FakeSessionFactory);
+    manager.SetApplication(new (storage) FakeSessionHost);
     return static_cast<FakeSession&>(manager.CreateSession());
 }
 

@@ -96,4 +96,4 @@ TEST_P(TreeBuilderPairs, NeitherDoesAnythingWithoutAView)
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, TreeBuilderPairs, testing::ValuesIn(kPairs),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& instance) { return std::string(instance.param.name); });
