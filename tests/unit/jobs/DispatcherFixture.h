@@ -199,10 +199,12 @@ public:
     std::wstring GetName() const override { return L"Fake"; }
     std::wstring GetVersion() const override { return L"1"; }
     std::wstring GetScriptExtension() const override { return L"fake"; }
-    bool SplitForms(const std::wstring&, std::vector<std::wstring>&, std::wstring&) const override
+    bool SplitForms(const std::wstring&, std::vector<OrvikCore::ScriptForm>&,
+                    std::wstring&) const override
     {
         return true;
     }
+    void SetNextSource(const std::wstring&, int, int) override {}
     void Execute() override;
     void Interrupt() override {}
     std::wstring GetOutput() const override { return output; }

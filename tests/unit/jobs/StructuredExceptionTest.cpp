@@ -131,7 +131,7 @@ TEST_P(StructuredExceptionCode, TellsNameAndDescription)
 }
 
 INSTANTIATE_TEST_SUITE_P(AllCodes, StructuredExceptionCode, ::testing::ValuesIn(kCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& testCase) { return std::string(testCase.param.name); });
 
 TEST(StructuredException, WithoutARecordSaysSo)
 {
