@@ -25,7 +25,10 @@ namespace {
 thread_local WorkerEnd t_workerEnd;
 
 /// Only to keep a broken test from hanging; never reached by a good one.
-constexpr std::chrono::seconds kPatience{20};
+constexpr std::chrono::milliseconds kPatience{20000};
+
+/// A worker that has found work at every look has never slept, and its end goes unseen.
+constexpr std::chrono::milliseconds kUnseenPatience{20};
 
 void recordViolation(const char* condition, const char* source);
 
@@ -47,11 +50,11 @@ void HandOffSleeper::sleepOnMain(int milliseconds)
         m_onMainSleep();
     }
     std::unique_lock<std::mutex> lock(m_mutex);
-    if (!m_waitForWorker || !m_workerSeen) {
-        return;
+    if (!m_waitForWorker || m_mainSleeps.size() == 1) {
+        return; // The worker is stuck, or not there yet.
     }
     const unsigned before = m_workerSleeps;
-    m_changed.wait_for(lock, kPatience,
+    m_changed.wait_for(lock, m_workerSeen ? kPatience : kUnseenPatience,
                        [this, before] { return m_workerGone || m_workerSleeps != before; });
 }
 

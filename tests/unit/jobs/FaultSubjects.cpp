@@ -56,7 +56,7 @@ void runSubject(void (*subject)())
 
 ORVIK_TEST_FAULTS void writeToNull()
 {
-    int* volatile nowhere = nullptr;
+    volatile int* volatile nowhere = nullptr;
     *nowhere = 1;
 }
 

@@ -123,7 +123,7 @@ TEST_F(JobDispatcherTerminate, FinishedJobIsNotReportedAnyMore)
 
 TEST_F(JobDispatcherTerminate, StuckWorkerIsParkedAfterTenPauses)
 {
-    static GateJob gate; // Outlives the worker that never leaves it.
+    GateJob& gate = *new GateJob; // Never deleted: the worker never leaves it.
     occupyWorker(gate);
     sleeper().DoNotWaitForWorker();
 
@@ -137,7 +137,7 @@ TEST_F(JobDispatcherTerminate, StuckWorkerIsParkedAfterTenPauses)
 
 TEST_F(JobDispatcherTerminate, EventIsSetInTheSecondPass)
 {
-    static GateJob gate; // Outlives the worker that never leaves it.
+    GateJob& gate = *new GateJob; // Never deleted: the worker never leaves it.
     occupyWorker(gate);
     sleeper().DoNotWaitForWorker();
     std::vector<std::string> textAtPause;

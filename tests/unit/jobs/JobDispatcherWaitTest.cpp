@@ -281,6 +281,7 @@ TEST_F(JobDispatcherWait, StaleEventEndsTheNextWaitAtOnce)
 TEST_F(JobDispatcherWait, TerminateInAWindowProcedureEndsTheWait)
 {
     source.queue = {messageOf(kTimer)};
+    source.hasInput = [this] { return gate.HasStarted() && !source.queue.empty(); };
     source.onDispatch = [this](const OrvikOs::Message&) {
         gate.Open();
         dispatcher().Terminate();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <ostream>
 #include <string>
 #include <type_traits>
 
@@ -42,6 +43,12 @@ struct CodeCase
     const char* name;
     const char* description;
 };
+
+/// Keeps the names of the tests readable.
+void PrintTo(const CodeCase& testCase, std::ostream* stream)
+{
+    *stream << testCase.name;
+}
 
 // The codes have their standard values; the two kinds of access fault are told in tests of their
 // own.
