@@ -1,0 +1,305 @@
+#include "TestGeometry.h"
+
+#include <TambVizCore/GeoNode.h>
+#include <TambVizCore/ScenePick.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace TambVizCore {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::FloatNear;
+
+/// Looks down on the plane of the square from z = 10.
+PickQuery downAt(float x, float y, double aperture = 0.0)
+{
+    const float origin[3] = {x, y, 10.0f};
+    const float direction[3] = {0.0f, 0.0f, -1.0f};
+    PickQuery query;
+    query.ray = Ray(origin, direction, aperture);
+    return query;
+}
+
+void place(Node& node, double x, double y, double z, double scale = 1.0)
+{
+    const double matrix[16] = {scale, 0, 0, 0, 0, scale, 0, 0, 0, 0, scale, 0, x, y, z, 1};
+    node.SetTransform(matrix);
+}
+
+/// Two squares: body 7 at z = 0, body 8 three below, moved by 0.5 along x.
+struct ScenePick : ::testing::Test
+{
+    ScenePick()
+    {
+        const auto square = MakeSquare();
+        top = root.CreateChildGeoNode(7, "top");
+        top->SetGeometry(square);
+        bottom = root.CreateChildGeoNode(8, "bottom");
+        bottom->SetGeometry(square);
+        place(*bottom, 0.5, 0.0, -3.0);
+    }
+
+    bool pick(const PickQuery& query) { return PickNearest(root, query, result); }
+
+    Node root{1};
+    GeoNode* top = nullptr;
+    GeoNode* bottom = nullptr;
+    ScenePickResult result;
+};
+
+TEST_F(ScenePick, TheNearestFaceIsFound)
+{
+    ASSERT_TRUE(pick(downAt(0.75f, 0.25f)));
+
+    EXPECT_EQ(result.node, top);
+    EXPECT_EQ(result.hit.kind, PartKind::Face);
+    EXPECT_EQ(result.hit.partIndex, 0u);
+    EXPECT_DOUBLE_EQ(result.hit.distance, 10.0);
+    EXPECT_THAT(result.hit.position, ElementsAre(0.75f, 0.25f, 0.0f));
+    EXPECT_THAT(result.hit.normal, ElementsAre(0.0f, 0.0f, 1.0f));
+}
+
+TEST_F(ScenePick, TheIdEndsWithThePart)
+{
+    ASSERT_TRUE(pick(downAt(0.25f, 0.75f)));
+
+    EXPECT_EQ(result.id.ToString(), "RenderId = 1: 7/4294967297");
+}
+
+TEST_F(ScenePick, AMissLeavesTheResultUntouched)
+{
+    result.node = bottom;
+
+    EXPECT_FALSE(pick(downAt(5.0f, 5.0f)));
+
+    EXPECT_EQ(result.node, bottom);
+}
+
+TEST_F(ScenePick, ARayWithoutDirectionHitsNothing)
+{
+    PickQuery query = downAt(0.25f, 0.75f);
+    const float none[3] = {0.0f, 0.0f, 0.0f};
+    query.ray.SetDirection(none);
+
+    EXPECT_FALSE(pick(query));
+}
+
+TEST_F(ScenePick, DistancesAreWorldUnitsWhateverTheLengthOfTheDirection)
+{
+    PickQuery query = downAt(0.25f, 0.75f);
+    const float direction[3] = {0.0f, 0.0f, -0.125f};
+    query.ray.SetDirection(direction);
+
+    ASSERT_TRUE(pick(query));
+    EXPECT_DOUBLE_EQ(result.hit.distance, 10.0);
+}
+
+TEST_F(ScenePick, DistancesAreWorldUnitsInScaledNodes)
+{
+    place(*top, 0.0, 0.0, 2.0, 4.0);
+
+    ASSERT_TRUE(pick(downAt(3.0f, 1.0f)));
+
+    EXPECT_EQ(result.node, top);
+    EXPECT_DOUBLE_EQ(result.hit.distance, 8.0);
+    EXPECT_THAT(result.hit.position, ElementsAre(3.0f, 1.0f, 2.0f));
+}
+
+TEST_F(ScenePick, HiddenNodesAreNotHit)
+{
+    top->SetVisible(false);
+
+    ASSERT_TRUE(pick(downAt(0.75f, 0.25f)));
+    EXPECT_EQ(result.node, bottom);
+}
+
+TEST_F(ScenePick, AuxiliaryNodesAreNotHit)
+{
+    top->SetAuxiliary(true);
+
+    ASSERT_TRUE(pick(downAt(0.75f, 0.25f)));
+    EXPECT_EQ(result.node, bottom);
+}
+
+TEST_F(ScenePick, HiddenPartsAreNotHit)
+{
+    top->SetPartShown(0, false);
+
+    ASSERT_TRUE(pick(downAt(0.75f, 0.25f)));
+    EXPECT_EQ(result.node, bottom);
+}
+
+TEST_F(ScenePick, CategoriesMayBeLeftOut)
+{
+    top->SetCategory(GeoNode::Category::PMI);
+    bottom->SetCategory(GeoNode::Category::PointCloud);
+    PickQuery query = downAt(0.75f, 0.25f);
+
+    query.pmi = false;
+    ASSERT_TRUE(pick(query));
+    EXPECT_EQ(result.node, bottom);
+    query.pointClouds = false;
+    EXPECT_FALSE(pick(query));
+}
+
+TEST_F(ScenePick, GeometriesWithoutIndexAreNotHit)
+{
+    std::string error;
+    top->SetGeometry(SquareBuilder().Build(error));
+
+    ASSERT_TRUE(pick(downAt(0.75f, 0.25f)));
+    EXPECT_EQ(result.node, bottom);
+}
+
+TEST_F(ScenePick, ANodeScaledToNothingIsNotHit)
+{
+    place(*top, 0.0, 0.0, 0.0, 0.0);
+
+    ASSERT_TRUE(pick(downAt(0.75f, 0.25f)));
+    EXPECT_EQ(result.node, bottom);
+}
+
+TEST_F(ScenePick, AnEdgeWithinTheApertureWinsOverItsFace)
+{
+    ASSERT_TRUE(pick(downAt(0.5f, 0.05f, 0.1)));
+
+    EXPECT_EQ(result.hit.kind, PartKind::Edge);
+    EXPECT_EQ(result.hit.partIndex, kFirstEdge);
+    EXPECT_THAT(result.hit.position, ElementsAre(0.5f, FloatNear(0.0f, 1e-6f), 0.0f));
+    EXPECT_THAT(result.hit.normal, ElementsAre(0.0f, 0.0f, 1.0f));
+}
+
+TEST_F(ScenePick, AVertexWithinTheApertureWinsOverAnEdge)
+{
+    ASSERT_TRUE(pick(downAt(0.05f, 0.01f, 0.1)));
+
+    EXPECT_EQ(result.hit.kind, PartKind::Vertex);
+    EXPECT_EQ(result.hit.partIndex, kFirstVertex);
+}
+
+TEST_F(ScenePick, OfTwoEdgesTheOneNearerToTheRayWins)
+{
+    ASSERT_TRUE(pick(downAt(0.93f, 0.1f, 0.11)));
+
+    EXPECT_EQ(result.hit.kind, PartKind::Edge);
+    EXPECT_EQ(result.hit.partIndex, kFirstEdge + 1);
+}
+
+TEST_F(ScenePick, AFaceHidesTheEdgesBehindIt)
+{
+    // The left edge of the lower square, x = 0.5, lies behind the upper square.
+    ASSERT_TRUE(pick(downAt(0.5f, 0.5f, 0.1)));
+
+    EXPECT_EQ(result.node, top);
+    EXPECT_EQ(result.hit.kind, PartKind::Face);
+}
+
+TEST_F(ScenePick, FacesHideAlsoWhenOnlyEdgesAreWanted)
+{
+    PickQuery query = downAt(0.5f, 0.5f, 0.1);
+    query.kinds = ToPartKinds(PartKind::Edge);
+
+    EXPECT_FALSE(pick(query));
+    query.facesHide = false;
+    ASSERT_TRUE(pick(query));
+    EXPECT_EQ(result.node, bottom);
+    EXPECT_EQ(result.hit.partIndex, kFirstEdge + 3);
+}
+
+TEST_F(ScenePick, EdgesMayBeHitBesideEveryFace)
+{
+    ASSERT_TRUE(pick(downAt(0.25f, -0.05f, 0.1)));
+
+    EXPECT_EQ(result.hit.kind, PartKind::Edge);
+    EXPECT_EQ(result.node, top);
+}
+
+TEST_F(ScenePick, TheApertureGrowsAlongTheRay)
+{
+    PickQuery query = downAt(0.25f, -0.2f);
+    EXPECT_FALSE(pick(query));
+
+    query.radiusGrowth = 0.021; // 0.21 at the square's distance of 10.
+    ASSERT_TRUE(pick(query));
+    EXPECT_EQ(result.hit.kind, PartKind::Edge);
+    query.radiusGrowth = 0.019;
+    EXPECT_FALSE(pick(query));
+}
+
+TEST_F(ScenePick, TheApertureIsAWorldLengthInScaledNodes)
+{
+    place(*top, 0.0, 0.0, 0.0, 10.0);
+    bottom->SetVisible(false);
+
+    EXPECT_FALSE(pick(downAt(5.0f, -0.3f, 0.2)));
+    EXPECT_TRUE(pick(downAt(5.0f, -0.3f, 0.4)));
+}
+
+TEST_F(ScenePick, ClipPlanesCutAwayWhatTheyDoNotKeep)
+{
+    const ClipPlane below{{0.0f, 0.0f, -1.0f}, -1.0f}; // Keeps z <= -1.
+    PickQuery query = downAt(0.75f, 0.25f);
+    query.clipPlanes = {&below, 1};
+
+    ASSERT_TRUE(pick(query));
+    EXPECT_EQ(result.node, bottom);
+}
+
+TEST_F(ScenePick, ClipPlanesStandInTheWorldAlsoForPlacedNodes)
+{
+    const ClipPlane right{{1.0f, 0.0f, 0.0f}, -1.2f}; // Keeps x >= 1.2.
+    PickQuery query = downAt(1.1f, 0.25f);
+    query.clipPlanes = {&right, 1};
+    EXPECT_FALSE(pick(query));
+
+    query.ray = downAt(1.3f, 0.25f).ray;
+    ASSERT_TRUE(pick(query));
+    EXPECT_EQ(result.node, bottom);
+}
+
+TEST_F(ScenePick, KindsMayBeSwitchedOffPerInstance)
+{
+    PickInstance instance;
+    instance.geometry = top->GetGeometry().get();
+    instance.kinds = ToPartKinds(PartKind::Edge);
+    PickResult hit;
+
+    EXPECT_FALSE(PickNearest({&instance, 1}, downAt(0.5f, 0.5f, 0.1), hit));
+    ASSERT_TRUE(PickNearest({&instance, 1}, downAt(0.5f, 0.05f, 0.1), hit));
+    EXPECT_EQ(hit.kind, PartKind::Edge);
+    EXPECT_EQ(hit.instance, 0u);
+}
+
+TEST_F(ScenePick, NormalsAreTurnedWithTheNode)
+{
+    // A quarter turn about y stands the square up: its normal z becomes x.
+    const double turn[16] = {0, 0, -1, 0, 0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 0, 1};
+    top->SetTransform(turn);
+    const float origin[3] = {10.0f, 0.5f, -0.75f};
+    const float direction[3] = {-1.0f, 0.0f, 0.0f};
+    PickQuery query;
+    query.ray = Ray(origin, direction, 0.0);
+
+    ASSERT_TRUE(pick(query));
+    EXPECT_EQ(result.node, top);
+    EXPECT_THAT(result.hit.normal, ElementsAre(FloatNear(1.0f, 1e-6f), FloatNear(0.0f, 1e-6f),
+                                               FloatNear(0.0f, 1e-6f)));
+}
+
+TEST_F(ScenePick, APickBelowANodeSeesThePlacesAbove)
+{
+    Node* const group = root.CreateChildNode(9);
+    place(*group, 100.0, 0.0, 0.0);
+    GeoNode* const body = group->CreateChildGeoNode(10);
+    body->SetGeometry(top->GetGeometry());
+
+    EXPECT_TRUE(PickNearest(*group, downAt(100.75f, 0.25f), result));
+    EXPECT_EQ(result.node, body);
+}
+
+} // namespace
+} // namespace TambVizCore
