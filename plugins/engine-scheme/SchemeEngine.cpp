@@ -118,6 +118,7 @@ void startRuntime(void*)
     scm_set_current_module(module);
     scm_c_use_module("guile");
     scm_c_use_module("system vm vm");
+    scm_c_use_module("system syntax internal");
     DefinePrimitives();
     scm_c_eval_string(kSchemeRuntime);
     scm_c_eval_string("(set! %load-should-auto-compile #f)");
@@ -132,8 +133,8 @@ SCM runtimeProcedure(const char* name)
 void attachThread(void* buffer)
 {
     RedirectOutput(*static_cast<OutputBuffer*>(buffer));
-    scm_call_1(runtimeProcedure("install-interrupt"),
-               scm_from_int(OrvikOs::InterpreterSignalNumber()));
+    scm_call_2(runtimeProcedure("install-interrupt"),
+               scm_from_int(OrvikOs::InterpreterSignalNumber()), scm_current_thread());
 }
 
 /// Binds every registered command to a Scheme procedure.

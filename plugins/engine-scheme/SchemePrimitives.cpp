@@ -112,12 +112,6 @@ SCM cancelPending()
     return scm_from_bool(CancelToken::Instance().IsCancelled());
 }
 
-SCM cancelDone()
-{
-    CancelToken::Instance().Disarm();
-    return SCM_UNSPECIFIED;
-}
-
 Value helpOnAll()
 {
     const CommandTable& table = CommandTable::Instance();
@@ -187,7 +181,6 @@ void DefinePrimitives()
 {
     define("%invoke", 2, reinterpret_cast<void*>(&invoke));
     define("%cancel-pending?", 0, reinterpret_cast<void*>(&cancelPending));
-    define("%cancel-done", 0, reinterpret_cast<void*>(&cancelDone));
     define("%help", 1, reinterpret_cast<void*>(&help));
     define("%apropos", 1, reinterpret_cast<void*>(&apropos));
 }

@@ -113,15 +113,47 @@ const char kSchemeRuntime[] = R"scheme(
               (+ 1 (or (assq-ref source 'column) 0)))
         fallback)))
 
+;; A run is cancelled by an abort to this prompt: unlike an exception it passes by every handler of
+;; the script.
+(define cancel-tag (make-prompt-tag "pellux-cancel"))
+(define running? #f)
+
 ;; Runs every form of a text. Answers #t and writes the last value, unless it is unspecified, or
 ;; reports the error and answers #f.
 (define (run-text text file line column stack-megabytes)
   (let ((port (open-input-string text))
-        (place (list file line column))
-        (places '()))
+        (place (list file line column)))
+    (define (fail key args places)
+      (report key args place places)
+      #f)
+    (define (run-forms)
+      (let loop ((value *unspecified*))
+        (let ((form (read-syntax port)))
+          (if (eof-object? form)
+              (unless (unspecified? value)
+                (write value)
+                (newline))
+              (begin
+                (set! place (form-place form place))
+                (loop (evaluate form))))))
+      #t)
     (set-port-filename! port file)
     (set-port-line! port (- line 1))
     (set-port-column! port (- column 1))
+    (let ((good (call-with-prompt cancel-tag
+                  (lambda ()
+                    (set! running? #t)
+                    (run-guarded run-forms fail stack-megabytes))
+                  (lambda (continuation)
+                    (fail 'pellux-cancelled '() '())))))
+      (set! running? #f)
+      (force-output (current-output-port))
+      (force-output (current-error-port))
+      good)))
+
+;; Calls a procedure in the user's module with a limited stack; errors go to fail.
+(define (run-guarded procedure fail stack-megabytes)
+  (let ((places '()))
     (catch #t
       (lambda ()
         (call-with-stack-overflow-handler
@@ -130,37 +162,21 @@ const char kSchemeRuntime[] = R"scheme(
             (save-module-excursion
               (lambda ()
                 (set-current-module user-module)
-                (let loop ((value *unspecified*))
-                  (let ((form (read-syntax port)))
-                    (if (eof-object? form)
-                        (unless (unspecified? value)
-                          (write value)
-                          (newline))
-                        (begin
-                          (set! place (form-place form place))
-                          (loop (evaluate form)))))))))
-          (lambda () (throw 'pellux-stack-overflow stack-megabytes)))
-        (force-output (current-output-port))
-        #t)
-      (lambda (key . args)
-        (%cancel-done)
-        (report key args place places)
-        (force-output (current-output-port))
-        (force-output (current-error-port))
-        #f)
+                (procedure))))
+          (lambda () (throw 'pellux-stack-overflow stack-megabytes))))
+      (lambda (key . args) (fail key args places))
       (lambda (key . args)
         (unless (memq key '(pellux-cancelled pellux-stack-overflow read-error))
           (set! places (script-places (make-stack #t) 6)))))))
 
-;; Bound to the worker: the signal that asks a run to end arrives here. The mark is renewed before
-;; the throw, so that a script that catches everything is stopped all the same.
-(define (install-interrupt signal)
-  (let ((worker (current-thread)))
-    (define (interrupt . ignored)
-      (when (%cancel-pending?)
-        (system-async-mark interrupt worker)
-        (throw 'pellux-cancelled)))
-    (sigaction signal interrupt SA_RESTART worker)))
+;; Bound to the worker: the signal that asks a run to end arrives here, between two instructions.
+(define (install-interrupt signal worker)
+  (sigaction signal
+    (lambda (number)
+      (when (and running? (%cancel-pending?))
+        (set! running? #f)
+        (abort-to-prompt cancel-tag)))
+    SA_RESTART worker))
 
 (define (bind-command name index)
   (let ((symbol (string->symbol name)))
