@@ -12,7 +12,8 @@ namespace TambVizCore {
 /// A read-only array that several geometries may share; copying copies a pointer and a size.
 ///
 /// Made from a vector (moved in, not copied) or from a block that the maker filled without
-/// clearing it first. An array of no elements is a good value.
+/// clearing it first, or from memory that something else keeps alive. An array of no elements is a
+/// good value.
 ///
 /// @thread Any thread: the elements never change.
 template <class T> class SharedArray
@@ -33,6 +34,12 @@ public:
     {
         const std::shared_ptr<const T[]> owner(std::move(block));
         m_data = std::shared_ptr<const T>(owner, owner.get());
+    }
+
+    /// Shares a block of @p size elements that lives as long as any copy of @p first.
+    SharedArray(std::shared_ptr<const T> first, std::size_t size)
+        : m_data(std::move(first)), m_size(size)
+    {
     }
 
     /// @return the first element, null when empty and made from nothing; valid while any copy
