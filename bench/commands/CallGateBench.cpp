@@ -1,7 +1,8 @@
-#include <OrvikOs/Event.h>
-#include <OrvikOs/MsgWait.h>
 #include <TambCommandsInfra/CallGate.h>
 #include <TambCommandsInfra/CommandTable.h>
+
+#include <OrvikOs/Event.h>
+#include <OrvikOs/MsgWait.h>
 
 #include <benchmark/benchmark.h>
 

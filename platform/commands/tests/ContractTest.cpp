@@ -25,26 +25,14 @@ void throwIt(const char* condition, const char*)
     throw std::logic_error(condition);
 }
 
-/// Puts the handler and the flag back after each test.
-class Contract : public testing::Test
-{
-protected:
-    Contract() { g_seen.clear(); }
-    ~Contract() override
-    {
-        SetContractHandler(nullptr);
-        TambContractChecksOn = true;
-    }
-};
-
 } // namespace
 
-TEST_F(Contract, ChecksAreOnAtTheStart)
+TEST(Contract, ChecksAreOnAtTheStart)
 {
     EXPECT_TRUE(TambContractChecksOn);
 }
 
-TEST_F(Contract, FirstHandlerWritesToTheDebugOutput)
+TEST(Contract, FirstHandlerWritesToTheDebugOutput)
 {
     const CapturedDebugOutput debug;
 
@@ -53,7 +41,7 @@ TEST_F(Contract, FirstHandlerWritesToTheDebugOutput)
     EXPECT_EQ(debug.Text(), "Contract violated: a camera is there (View)\n");
 }
 
-TEST_F(Contract, HandlerGetsTheLiteralTexts)
+TEST(Contract, HandlerGetsTheLiteralTexts)
 {
     SetContractHandler(&record);
 
@@ -62,7 +50,7 @@ TEST_F(Contract, HandlerGetsTheLiteralTexts)
     EXPECT_EQ(g_seen, "count > 0|Counter;");
 }
 
-TEST_F(Contract, ContractThatHoldsCallsNobody)
+TEST(Contract, ContractThatHoldsCallsNobody)
 {
     SetContractHandler(&record);
 
@@ -71,7 +59,7 @@ TEST_F(Contract, ContractThatHoldsCallsNobody)
     EXPECT_EQ(g_seen, "");
 }
 
-TEST_F(Contract, NothingIsCheckedWhileChecksAreOff)
+TEST(Contract, NothingIsCheckedWhileChecksAreOff)
 {
     SetContractHandler(&record);
     TambContractChecksOn = false;
@@ -81,7 +69,7 @@ TEST_F(Contract, NothingIsCheckedWhileChecksAreOff)
     EXPECT_EQ(g_seen, "");
 }
 
-TEST_F(Contract, RaisingDoesNotAskWhetherChecksAreOn)
+TEST(Contract, RaisingDoesNotAskWhetherChecksAreOn)
 {
     SetContractHandler(&record);
     TambContractChecksOn = false;
@@ -91,7 +79,7 @@ TEST_F(Contract, RaisingDoesNotAskWhetherChecksAreOn)
     EXPECT_EQ(g_seen, "count > 0|Counter;");
 }
 
-TEST_F(Contract, NullTextsCountAsEmpty)
+TEST(Contract, NullTextsCountAsEmpty)
 {
     SetContractHandler(&record);
 
@@ -100,14 +88,14 @@ TEST_F(Contract, NullTextsCountAsEmpty)
     EXPECT_EQ(g_seen, "|;");
 }
 
-TEST_F(Contract, WhatTheHandlerThrowsLeavesTheAssertion)
+TEST(Contract, WhatTheHandlerThrowsLeavesTheAssertion)
 {
     SetContractHandler(&throwIt);
 
     EXPECT_EQ(ErrorOf([] { AssertContract(false, "thrown", ""); }), "thrown");
 }
 
-TEST_F(Contract, NullPutsTheFirstHandlerBack)
+TEST(Contract, NullPutsTheFirstHandlerBack)
 {
     const auto first = SetContractHandler(&record);
     EXPECT_NE(first, nullptr);

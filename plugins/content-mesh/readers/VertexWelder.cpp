@@ -65,14 +65,20 @@ void VertexWelder::AddTriangles(const std::byte* records, std::size_t stride, st
 
 void VertexWelder::Append(const VertexWelder& later, MeshArray<std::uint32_t>& newIndex)
 {
-    newIndex.Resize(later.m_vertexCount);
-    const std::size_t needed = m_vertexCount + later.m_vertexCount + kHeadRoom;
+    AddPoints(later.m_positions.Data(), later.m_vertexCount, newIndex);
+    m_droppedCount += later.m_droppedCount;
+}
+
+void VertexWelder::AddPoints(const float* points, std::size_t count,
+                             MeshArray<std::uint32_t>& newIndex)
+{
+    newIndex.Resize(count);
+    const std::size_t needed = m_vertexCount + count + kHeadRoom;
     if (needed > limitOf(m_slots.Size()))
         grow(needed);
     WeldTable table = tableOf(m_slots, m_positions, m_vertexCount);
-    WeldPoints(table, later.m_positions.Data(), later.m_vertexCount, newIndex.Data());
+    FindOrAddPoints(table, points, count, newIndex.Data());
     m_vertexCount = table.vertexCount;
-    m_droppedCount += later.m_droppedCount;
 }
 
 MeshArray<float> VertexWelder::TakePositions()
@@ -101,6 +107,11 @@ void VertexWelder::grow(std::size_t neededVertices)
     m_positions.Resize(limitOf(slots) * 3);
     WeldTable table = tableOf(m_slots, m_positions, m_vertexCount);
     RefillTable(table);
+}
+
+void WeldPoints(const float* points, std::size_t count, MeshArray<std::uint32_t>& numberOf)
+{
+    VertexWelder(count).AddPoints(points, count, numberOf);
 }
 
 } // namespace OrvikMesh

@@ -35,6 +35,9 @@ public:
     /// @param newIndex  Receives, for each vertex of @p later, its index in this welder.
     void Append(const VertexWelder& later, MeshArray<std::uint32_t>& newIndex);
 
+    /// Adds points; three floats each, all finite. newIndex[i] becomes the vertex of the i-th.
+    void AddPoints(const float* points, std::size_t count, MeshArray<std::uint32_t>& newIndex);
+
     std::size_t VertexCount() const { return m_vertexCount; }
     /// Triangles left out because a coordinate is not a finite number.
     std::size_t DroppedCount() const { return m_droppedCount; }
@@ -49,6 +52,13 @@ private:
     std::size_t m_vertexCount = 0;
     std::size_t m_droppedCount = 0;
 };
+
+/// Numbers points by the exact bits of their coordinates, in the order in which places are first
+/// met; -0 counts as 0. All must be finite.
+///
+/// @param points    Three floats each.
+/// @param numberOf  Receives the number of each point's place.
+void WeldPoints(const float* points, std::size_t count, MeshArray<std::uint32_t>& numberOf);
 
 } // namespace OrvikMesh
 

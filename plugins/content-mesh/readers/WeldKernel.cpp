@@ -117,7 +117,8 @@ void WeldTriangles(WeldTable& table, WeldRun& run)
     }
 }
 
-void WeldPoints(WeldTable& table, const float* points, std::size_t count, std::uint32_t* newIndex)
+void FindOrAddPoints(WeldTable& table, const float* points, std::size_t count,
+                     std::uint32_t* newIndex)
 {
     Point batchPoints[kBatch];
     std::uint64_t slots[kBatch];

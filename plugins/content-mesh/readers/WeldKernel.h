@@ -33,7 +33,8 @@ struct WeldRun
 void WeldTriangles(WeldTable& table, WeldRun& run);
 
 /// Welds single points: newIndex[i] becomes the index of the i-th point. The table has room.
-void WeldPoints(WeldTable& table, const float* points, std::size_t count, std::uint32_t* newIndex);
+void FindOrAddPoints(WeldTable& table, const float* points, std::size_t count,
+                     std::uint32_t* newIndex);
 
 /// Enters vertices 0 to vertexCount - 1, which are known to differ, into an empty table.
 void RefillTable(WeldTable& table);

@@ -1,0 +1,31 @@
+#ifndef ORVIKMESH_CONTENT_MESHBODIES_H
+#define ORVIKMESH_CONTENT_MESHBODIES_H
+
+#include "content/MeshModel.h"
+#include "readers/MeshData.h"
+#include "readers/ReadMessages.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace OrvikMesh {
+
+/// The most bodies that a file is divided into; a file with more objects and groups becomes one.
+inline constexpr std::size_t kMaxBodies = 10000;
+
+/// Divides a mesh into bodies: one for each pair of object and group, in order of appearance.
+///
+/// A body is named after its group, its object, or "object / group" when both have names; without
+/// any, after @p defaultName. Where all its triangles have the same coloured material, the body has
+/// that colour; else its vertices carry the colours of the materials, unless the file gives its
+/// vertices colours. Vertices that a body does not use are left out of it.
+///
+/// @param mesh  Its arrays are taken over where one body uses all of them.
+/// @throws std::bad_alloc
+std::vector<std::unique_ptr<MeshBody>> MakeBodies(MeshData&& mesh, const std::wstring& defaultName,
+                                                  ReadMessages& messages);
+
+} // namespace OrvikMesh
+
+#endif

@@ -1,0 +1,134 @@
+#include "content/MeshLoader.h"
+
+#include "content/MeshBodies.h"
+#include "content/MeshContent.h"
+#include "readers/ObjReader.h"
+#include "readers/StlReader.h"
+
+#include "OrvikCore/Document.h"
+
+#include <TambCommandsInfra/CallGate.h>
+#include <TambCommandsInfra/CancelToken.h>
+#include <TambCommandsInfra/Progress.h>
+#include <TambVizCore/Utils.h>
+
+#include <algorithm>
+
+namespace OrvikMesh {
+
+using OrvikCore::Document;
+using TambCommandsInfra::CallGate;
+using TambCommandsInfra::CancelToken;
+using TambCommandsInfra::Progress;
+using TambVizCore::Utils;
+
+namespace {
+
+constexpr wchar_t kPhase[] = L"Reading ";
+constexpr wchar_t kNoReader[] = L"no reader for this kind of file";
+
+/// Ends the progress that it began, however the reading ends.
+class ProgressPhase
+{
+public:
+    explicit ProgressPhase(const std::wstring& name) { Progress::Instance().BeginPhase(name); }
+    ~ProgressPhase() { Progress::Instance().End(); }
+    ProgressPhase(const ProgressPhase&) = delete;
+    ProgressPhase& operator=(const ProgressPhase&) = delete;
+};
+
+bool readByExtension(const std::wstring& fileName, const ReadOptions& options, MeshData& mesh,
+                     ReadMessages& messages)
+{
+    const std::wstring extension = Utils::ToUpperAscii(Utils::GetFileExtension(fileName));
+    if (extension == L"STL")
+        return ReadStl(fileName, options, mesh, messages);
+    if (extension == L"OBJ")
+        return ReadObj(fileName, options, mesh, messages);
+    messages.Fail(kNoReader);
+    return false;
+}
+
+std::wstring stemOf(const std::wstring& fileName)
+{
+    const std::wstring name = Utils::GetFileNameOnly(fileName);
+    const std::size_t dot = name.rfind(L'.');
+    return dot == std::wstring::npos || dot == 0 ? name : name.substr(0, dot);
+}
+
+/// Builds what is drawn from what was read.
+void fillModel(MeshData&& mesh, MeshModel& model, ReadMessages& messages)
+{
+    const std::size_t triangles = mesh.TriangleCount();
+    model.bodies = MakeBodies(std::move(mesh), stemOf(model.path), messages);
+    for (const auto& body : model.bodies) {
+        model.box.Add(body->BoundingBox());
+        if (triangles <= kEagerPartTriangles)
+            body->MakeParts();
+    }
+}
+
+/// @return a number that no mesh content of the document has.
+std::uint64_t freeNumber(const Document& document)
+{
+    std::uint64_t highest = 0;
+    for (const OrvikCore::AContent* content : document.GetContentList())
+        if (const auto* mesh = dynamic_cast<const MeshContent*>(content))
+            highest = std::max(highest, mesh->Model()->number);
+    return highest + 1;
+}
+
+} // namespace
+
+MeshLoader::MeshLoader(Mode mode)
+{
+    typeName = mode == Mode::Import ? "OrvikMesh::MeshImporter" : "OrvikMesh::MeshLoader";
+    isImporter = mode == Mode::Import;
+    validExtensions = {{L"STL", L"Stereolithography"}, {L"OBJ", L"Wavefront OBJ"}};
+}
+
+MeshLoader::~MeshLoader() = default;
+
+bool MeshLoader::canLoad(const std::wstring& /*extension*/) const
+{
+    return true;
+}
+
+std::shared_ptr<MeshModel> MeshLoader::readModel(const std::wstring& fileName)
+{
+    const ProgressPhase phase(kPhase + Utils::GetFileNameOnly(fileName));
+    ReadOptions options;
+    options.isCancelled = [] { return CancelToken::Instance().IsCancelled(); };
+    options.progress = [](double share) { Progress::Instance().Report(share); };
+    ReadMessages messages(fileName);
+    auto model = std::make_shared<MeshModel>();
+    model->path = fileName;
+    MeshData mesh;
+    const bool isRead = readByExtension(fileName, options, mesh, messages) &&
+                        ReadGuarded(
+                            [&] {
+                                fillModel(std::move(mesh), *model, messages);
+                                return true;
+                            },
+                            messages);
+    for (const std::wstring& warning : messages.Warnings())
+        addWarningMessage(warning);
+    if (isRead)
+        return model;
+    setErrorMessage(messages.Error());
+    return nullptr;
+}
+
+void MeshLoader::load(const std::wstring& fileName, Document& document)
+{
+    std::shared_ptr<MeshModel> model = readModel(fileName);
+    if (!model)
+        return;
+    CallGate::Call([&] {
+        model->number = freeNumber(document);
+        auto content = std::make_unique<MeshContent>(document, std::move(model));
+        document.AddContent(*content.release()); // The document owns it now.
+    });
+}
+
+} // namespace OrvikMesh

@@ -1,0 +1,45 @@
+#ifndef ORVIKMESH_CONTENT_MESHLOADER_H
+#define ORVIKMESH_CONTENT_MESHLOADER_H
+
+#include "content/MeshModel.h"
+
+#include "OrvikCore/AContentLoader.h"
+
+#include <memory>
+#include <string>
+
+namespace OrvikMesh {
+
+/// Reads STL and OBJ files into a document, as loader or as importer.
+///
+/// The file is read on the calling thread; only adding the content crosses the call gate. The
+/// running job can cancel it. What goes wrong is told by GetErrorMessage() and
+/// GetWarningMessages(), each with the file and, where there is one, the byte or line.
+///
+/// @thread  As AContentLoader.
+class MeshLoader final : public OrvikCore::AContentLoader
+{
+public:
+    enum class Mode
+    {
+        Load,
+        Import,
+    };
+
+    explicit MeshLoader(Mode mode);
+    ~MeshLoader() override;
+
+private:
+    bool canLoad(const std::wstring& extension) const override;
+    void load(const std::wstring& fileName, OrvikCore::Document& document) override;
+
+    std::shared_ptr<MeshModel> readModel(const std::wstring& fileName);
+};
+
+/// Triangles up to which faces, edges and vertices are made while loading, so that edges are drawn
+/// from the start: some ten milliseconds. Those of larger files are made when something asks.
+inline constexpr std::uint32_t kEagerPartTriangles = 50000;
+
+} // namespace OrvikMesh
+
+#endif
