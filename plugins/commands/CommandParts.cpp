@@ -1,0 +1,120 @@
+#include "CommandParts.h"
+
+#include <utility>
+
+#include <OrvikCore/SessionMgr.h>
+#include <OrvikCore/TambServiceSetCollectionPelluxApplication.h>
+#include <TambCommandsInfra/ICommandObject.h>
+#include <TambVizCore/Utils.h>
+
+namespace OrvikCommands {
+
+using TambCommandsInfra::Parameter;
+using TambCommandsInfra::Presence;
+using TambCommandsInfra::Value;
+using TambCommandsInfra::ValueType;
+using TambVizCore::Utils;
+
+namespace {
+
+TambServiceSetCollectionBase& services()
+{
+    return *TambServiceSetCollectionPelluxApplication::GetServiceSetCollection();
+}
+
+} // namespace
+
+ITambApplicationCoreServices& ApplicationServices()
+{
+    return *services().GetApplicationCoreServices();
+}
+
+ITambDocumentServices& DocumentServices()
+{
+    return *services().GetDocumentServices();
+}
+
+ITambViewServices& ViewServices()
+{
+    return *services().GetViewServices();
+}
+
+OrvikCore::ASession& Session()
+{
+    return OrvikCore::SessionMgr::Instance().CurrentSession();
+}
+
+Parameter RealParameter(std::string name, std::string help, std::string unit)
+{
+    Parameter parameter;
+    parameter.name = std::move(name);
+    parameter.type = ValueType::Real;
+    parameter.help = std::move(help);
+    parameter.unit = std::move(unit);
+    return parameter;
+}
+
+Parameter PointParameter(std::string name, std::string help)
+{
+    Parameter parameter;
+    parameter.name = std::move(name);
+    parameter.type = ValueType::Point;
+    parameter.help = std::move(help);
+    parameter.unit = "world units";
+    return parameter;
+}
+
+Parameter PathParameter(std::string name, std::string help)
+{
+    Parameter parameter;
+    parameter.name = std::move(name);
+    parameter.type = ValueType::Path;
+    parameter.help = std::move(help);
+    return parameter;
+}
+
+Parameter SwitchParameter(std::string name, std::string help)
+{
+    Parameter parameter;
+    parameter.name = std::move(name);
+    parameter.type = ValueType::Bool;
+    parameter.help = std::move(help);
+    parameter.presence = Presence::Optional;
+    parameter.defaultValue = Value(true);
+    return parameter;
+}
+
+std::wstring InFolder(const std::wstring& folder, const std::wstring& path)
+{
+    const bool fromRoot = !path.empty() && (path.front() == L'/' || path.front() == L'\\' ||
+                                            (path.size() > 1 && path[1] == L':'));
+    return fromRoot || folder.empty() || folder == L"." ? path : folder + L"/" + path;
+}
+
+std::wstring DisplayText(const Value& value)
+{
+    switch (value.GetKind()) {
+    case Value::Kind::Nil:
+        return L"";
+    case Value::Kind::Bool:
+        return value.AsBool() ? L"#t" : L"#f";
+    case Value::Kind::Integer:
+        return std::to_wstring(value.AsInteger());
+    case Value::Kind::Real:
+        return Utils::StringToWstring(Utils::FormatShortest(value.AsReal()));
+    case Value::Kind::String:
+        return value.AsString();
+    case Value::Kind::List: {
+        std::wstring text;
+        for (const Value& element : value.AsList())
+            text += (text.empty() ? L"" : L" ") + DisplayText(element);
+        return L"(" + text + L")";
+    }
+    case Value::Kind::Object:
+        return L"#<" + Utils::StringToWstring(value.AsObject()->TypeName()) + L" " +
+               value.AsObject()->Describe() + L">";
+    }
+    return L"";
+}
+
+} // namespace OrvikCommands

@@ -1,0 +1,42 @@
+#ifndef PLUGINCOMMANDS_COMMANDPARTS_H
+#define PLUGINCOMMANDS_COMMANDPARTS_H
+
+#include <string>
+
+#include <TambCommandsInfra/Command.h>
+
+class ITambApplicationCoreServices;
+class ITambDocumentServices;
+class ITambViewServices;
+
+namespace OrvikCore {
+class ASession;
+}
+
+namespace OrvikCommands {
+
+/// The service sets of the application; their public operations cross the call gate.
+ITambApplicationCoreServices& ApplicationServices();
+ITambDocumentServices& DocumentServices();
+ITambViewServices& ViewServices();
+
+/// The current session. Worker thread; the session exists before the first script runs.
+OrvikCore::ASession& Session();
+
+/// Parameters that many commands share.
+TambCommandsInfra::Parameter RealParameter(std::string name, std::string help, std::string unit);
+TambCommandsInfra::Parameter PointParameter(std::string name, std::string help);
+TambCommandsInfra::Parameter PathParameter(std::string name, std::string help);
+
+/// An optional switch that is on when left out.
+TambCommandsInfra::Parameter SwitchParameter(std::string name, std::string help);
+
+/// Makes a path that does not begin at the root relative to @p folder; "." leaves it alone.
+std::wstring InFolder(const std::wstring& folder, const std::wstring& path);
+
+/// The text of a value as app:print shows it: strings as they are, numbers in shortest form.
+std::wstring DisplayText(const TambCommandsInfra::Value& value);
+
+} // namespace OrvikCommands
+
+#endif

@@ -1,0 +1,23 @@
+#ifndef PLUGINCOMMANDS_COMMANDS_H
+#define PLUGINCOMMANDS_COMMANDS_H
+
+namespace TambCommandsInfra {
+class CommandTable;
+}
+
+namespace OrvikCommands {
+
+/// Each registers the commands of one family.
+void RegisterApplicationCommands(TambCommandsInfra::CommandTable& table);
+void RegisterDocumentCommands(TambCommandsInfra::CommandTable& table);
+void RegisterEntityCommands(TambCommandsInfra::CommandTable& table);
+void RegisterViewCommands(TambCommandsInfra::CommandTable& table);
+
+/// Registers every command of the script language.
+///
+/// @throws std::invalid_argument for a name that is taken; see CommandTable::Register.
+void RegisterAllCommands(TambCommandsInfra::CommandTable& table);
+
+} // namespace OrvikCommands
+
+#endif

@@ -1,0 +1,165 @@
+#include "Commands.h"
+
+#include <stdexcept>
+#include <vector>
+
+#include <OrvikCore/AContent.h>
+#include <OrvikCore/ASession.h>
+#include <OrvikCore/Document.h>
+#include <OrvikCore/SessionMgr.h>
+#include <OrvikOs/FpMasked.h>
+#include <TambCommandsInfra/CallGate.h>
+#include <TambCommandsInfra/CancelToken.h>
+#include <TambCommandsInfra/CommandTable.h>
+#include <TambCommandsInfra/ITambApplicationCoreServices.h>
+#include <TambCommandsInfra/ITambDocumentServices.h>
+#include <TambVizCore/Utils.h>
+
+#include "CommandParts.h"
+
+namespace OrvikCommands {
+namespace {
+
+using OrvikCore::ASession;
+using TambCommandsInfra::Arguments;
+using TambCommandsInfra::CallGate;
+using TambCommandsInfra::Command;
+using TambCommandsInfra::CommandEffect;
+using TambCommandsInfra::CommandTable;
+using TambCommandsInfra::Value;
+using TambCommandsInfra::ValueType;
+using TambVizCore::Utils;
+
+/// Takes everything that is loaded out of view and document. Main thread.
+void clearDocument(ASession& session)
+{
+    session.UnSelect();
+    session.DeleteAllRenderers();
+    session.Document().ClearContents();
+    session.Document().SetOpenedModelName(L"");
+}
+
+/// Shows what was loaded. Main thread.
+void showLoaded(ASession& session, const std::wstring& path, bool replace)
+{
+    if (replace)
+        session.Document().SetOpenedModelName(Utils::GetFileNameOnly(path));
+    session.UpdateAfterContentModified();
+    session.ZoomAll();
+}
+
+/// Reads a file on the worker; the document and the view change in commits on the main thread.
+Value load(const std::wstring& given, bool replace)
+{
+    ASession& session = Session();
+    const std::wstring path =
+        InFolder(OrvikCore::SessionMgr::Instance().GetDefaultInputDirectory(), given);
+    if (replace)
+        CallGate::Call([&session] { clearDocument(session); });
+    // The view gets ready on the main thread while the file is read here.
+    CallGate::Post([&session] { session.UpdateDisplay(); });
+
+    std::wstring errorText;
+    std::vector<std::wstring> warnings;
+    bool loaded = false;
+    {
+        const OrvikOs::FpMasked coordinatesAreData;
+        loaded = session.Document().LoadContent(path, &errorText, replace, &warnings);
+    }
+    for (const std::wstring& warning : warnings)
+        ApplicationServices().PrintWarningMessage(warning);
+    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+    if (!errorText.empty())
+        throw std::runtime_error(Utils::WstringToString(errorText));
+    if (!loaded)
+        throw std::runtime_error(Utils::WstringToString(path) + ": there is nothing in the file");
+    CallGate::Call([&] { showLoaded(session, path, replace); });
+    return Value(true);
+}
+
+Command loadCommand(const std::string& verb, bool replace)
+{
+    Command command;
+    command.name = "doc:" + verb;
+    command.parameters = {PathParameter("path", "file to read")};
+    command.result = ValueType::Bool;
+    command.resultHelp = "#t; a file that cannot be read is an error";
+    command.summary = replace ? "Loads a model, in place of what is loaded."
+                              : "Adds a model to what is loaded.";
+    command.help = "The format is known by the file's extension. A path that does not begin at the "
+                   "root is looked for in the default input directory.";
+    command.example = "(" + command.name + " \"bracket.stl\")";
+    command.effect = CommandEffect::Changes;
+    command.handler = [replace](const Arguments& arguments) {
+        return load(arguments["path"].AsString(), replace);
+    };
+    return command;
+}
+
+Command clearCommand()
+{
+    Command command;
+    command.name = "doc:clear";
+    command.summary = "Closes everything that is loaded.";
+    command.example = "(doc:clear)";
+    command.effect = CommandEffect::Changes;
+    command.handler = [](const Arguments&) {
+        ASession& session = Session();
+        CallGate::Call([&session] {
+            clearDocument(session);
+            session.UpdateDisplay();
+        });
+        return Value();
+    };
+    return command;
+}
+
+Command contentsCommand()
+{
+    Command command;
+    command.name = "doc:contents";
+    command.result = ValueType::List;
+    command.resultHelp = "the names of what is loaded, in the order of loading";
+    command.summary = "Lists what is loaded.";
+    command.example = "(doc:contents)";
+    command.handler = [](const Arguments&) {
+        Value::List names;
+        for (OrvikCore::AContent* const content : Session().Document().GetContentList())
+            if (content != nullptr)
+                names.push_back(Value(content->GetShortId()));
+        return Value(std::move(names));
+    };
+    return command;
+}
+
+Command boundingBoxCommand()
+{
+    Command command;
+    command.name = "doc:bounding-box";
+    command.result = ValueType::Any;
+    command.resultHelp = "x-min y-min z-min x-max y-max z-max in world units, or #f when nothing is "
+                         "loaded";
+    command.summary = "Measures the box around everything that is loaded.";
+    command.example = "(doc:bounding-box)";
+    command.handler = [](const Arguments&) {
+        double box[6];
+        if (!DocumentServices().GetBoundingBox(box[0], box[1], box[2], box[3], box[4], box[5]))
+            return Value(false);
+        return Value(Value::List(box, box + 6));
+    };
+    return command;
+}
+
+} // namespace
+
+void RegisterDocumentCommands(CommandTable& table)
+{
+    table.DescribeFamily("doc", "Document");
+    table.Register(loadCommand("load", /*replace=*/true));
+    table.Register(loadCommand("import", /*replace=*/false));
+    table.Register(clearCommand());
+    table.Register(contentsCommand());
+    table.Register(boundingBoxCommand());
+}
+
+} // namespace OrvikCommands
