@@ -1,4 +1,6 @@
+#include "CommandParts.h"
 #include "Commands.h"
+#include "EntityObject.h"
 
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/Document.h>
@@ -7,9 +9,6 @@
 #include <TambCommandsInfra/ITambApplicationCoreServices.h>
 #include <TambVizCore/PartKind.h>
 #include <TambVizCore/Ray.h>
-
-#include "CommandParts.h"
-#include "EntityObject.h"
 
 namespace OrvikCommands {
 namespace {
@@ -64,8 +63,8 @@ Value pick(const Arguments& arguments, PartKind kind)
     OrvikCore::Document& document = Session().Document();
     const TambVizCore::Ray ray = rayOf(arguments);
     TambVizCore::EntityId hit;
-    const bool found = kind == PartKind::None ? document.RayPick(ray, hit)
-                                              : document.RayPickKind(ray, kind, hit);
+    const bool found =
+        kind == PartKind::None ? document.RayPick(ray, hit) : document.RayPickKind(ray, kind, hit);
     return found ? ToValue(hit) : Value(false);
 }
 
@@ -78,9 +77,8 @@ Command pickCommand(const std::string& word, PartKind kind, const std::string& s
                                                    std::string(axis) + " of the ray's origin",
                                                    "world units"));
     for (const char* axis : {"x", "y", "z"})
-        command.parameters.push_back(RealParameter(std::string("direction-") + axis,
-                                                   std::string(axis) + " of the ray's direction",
-                                                   ""));
+        command.parameters.push_back(RealParameter(
+            std::string("direction-") + axis, std::string(axis) + " of the ray's direction", ""));
     command.parameters.push_back(
         RealParameter("radius", "how far an edge or a vertex may be off", "world units"));
     command.parameters.back().minimum = 0.0;
@@ -98,12 +96,14 @@ Command pickCommand(const std::string& word, PartKind kind, const std::string& s
 void RegisterApplicationCommands(CommandTable& table)
 {
     table.DescribeFamily("app", "Application");
-    table.Register(printCommand("app:print", "a text", &ITambApplicationCoreServices::PrintMessage));
-    table.Register(printCommand("app:warn", "a warning",
-                                &ITambApplicationCoreServices::PrintWarningMessage));
+    table.Register(
+        printCommand("app:print", "a text", &ITambApplicationCoreServices::PrintMessage));
+    table.Register(
+        printCommand("app:warn", "a warning", &ITambApplicationCoreServices::PrintWarningMessage));
     table.Register(printCommand("app:error", "an error message",
                                 &ITambApplicationCoreServices::PrintErrorMessage));
-    table.Register(pickCommand("entity", PartKind::None, "Finds the entity that a ray hits first."));
+    table.Register(
+        pickCommand("entity", PartKind::None, "Finds the entity that a ray hits first."));
     table.Register(pickCommand("face", PartKind::Face, "Finds the face that a ray hits first."));
     table.Register(pickCommand("edge", PartKind::Edge, "Finds the edge that a ray hits first."));
     table.Register(

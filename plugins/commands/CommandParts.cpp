@@ -1,11 +1,11 @@
 #include "CommandParts.h"
 
-#include <utility>
-
 #include <OrvikCore/SessionMgr.h>
 #include <OrvikCore/TambServiceSetCollectionPelluxApplication.h>
 #include <TambCommandsInfra/ICommandObject.h>
 #include <TambVizCore/Utils.h>
+
+#include <utility>
 
 namespace OrvikCommands {
 

@@ -1,9 +1,9 @@
 #ifndef PLUGINCOMMANDS_COMMANDPARTS_H
 #define PLUGINCOMMANDS_COMMANDPARTS_H
 
-#include <string>
-
 #include <TambCommandsInfra/Command.h>
+
+#include <string>
 
 class ITambApplicationCoreServices;
 class ITambDocumentServices;

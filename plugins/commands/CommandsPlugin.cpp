@@ -1,7 +1,7 @@
+#include "Commands.h"
+
 #include <OrvikCore/AScriptModulePluginFactory.h>
 #include <TambCommandsInfra/CommandTable.h>
-
-#include "Commands.h"
 
 namespace OrvikCommands {
 namespace {

@@ -1,7 +1,5 @@
+#include "CommandParts.h"
 #include "Commands.h"
-
-#include <stdexcept>
-#include <vector>
 
 #include <OrvikCore/AContent.h>
 #include <OrvikCore/ASession.h>
@@ -15,7 +13,8 @@
 #include <TambCommandsInfra/ITambDocumentServices.h>
 #include <TambVizCore/Utils.h>
 
-#include "CommandParts.h"
+#include <stdexcept>
+#include <vector>
 
 namespace OrvikCommands {
 namespace {
@@ -84,8 +83,8 @@ Command loadCommand(const std::string& verb, bool replace)
     command.parameters = {PathParameter("path", "file to read")};
     command.result = ValueType::Bool;
     command.resultHelp = "#t; a file that cannot be read is an error";
-    command.summary = replace ? "Loads a model, in place of what is loaded."
-                              : "Adds a model to what is loaded.";
+    command.summary =
+        replace ? "Loads a model, in place of what is loaded." : "Adds a model to what is loaded.";
     command.help = "The format is known by the file's extension. A path that does not begin at the "
                    "root is looked for in the default input directory.";
     command.example = "(" + command.name + " \"bracket.stl\")";
@@ -137,8 +136,9 @@ Command boundingBoxCommand()
     Command command;
     command.name = "doc:bounding-box";
     command.result = ValueType::Any;
-    command.resultHelp = "x-min y-min z-min x-max y-max z-max in world units, or #f when nothing is "
-                         "loaded";
+    command.resultHelp =
+        "x-min y-min z-min x-max y-max z-max in world units, or #f when nothing is "
+        "loaded";
     command.summary = "Measures the box around everything that is loaded.";
     command.example = "(doc:bounding-box)";
     command.handler = [](const Arguments&) {

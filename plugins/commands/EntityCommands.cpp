@@ -1,9 +1,8 @@
 #include "Commands.h"
+#include "EntityObject.h"
 
 #include <TambCommandsInfra/CommandTable.h>
 #include <TambVizCore/Utils.h>
-
-#include "EntityObject.h"
 
 namespace OrvikCommands {
 

@@ -1,9 +1,9 @@
 #include "EntityObject.h"
 
+#include <TambVizCore/Utils.h>
+
 #include <memory>
 #include <stdexcept>
-
-#include <TambVizCore/Utils.h>
 
 namespace OrvikCommands {
 

@@ -1,7 +1,5 @@
+#include "CommandParts.h"
 #include "Commands.h"
-
-#include <array>
-#include <stdexcept>
 
 #include <OrvikCore/ABufferManipulator.h>
 #include <OrvikCore/ASession.h>
@@ -12,7 +10,8 @@
 #include <TambCommandsInfra/ITambViewServices.h>
 #include <TambVizCore/Utils.h>
 
-#include "CommandParts.h"
+#include <array>
+#include <stdexcept>
 
 namespace OrvikCommands {
 namespace {

@@ -163,6 +163,16 @@ SCM apropos(SCM pattern)
     return finish(outcome);
 }
 
+SCM suggest(SCM name)
+{
+    Outcome outcome;
+    guarded(outcome, [&] {
+        const std::string nearest = CommandTable::Instance().Suggest(narrow(name));
+        return nearest.empty() ? Value(false) : Value(TambVizCore::Utils::StringToWstring(nearest));
+    });
+    return finish(outcome);
+}
+
 void define(const char* name, int arguments, void* function)
 {
     scm_c_define_gsubr(name, arguments, 0, 0, function);
@@ -182,6 +192,7 @@ void DefinePrimitives()
     define("%invoke", 2, reinterpret_cast<void*>(&invoke));
     define("%cancel-pending?", 0, reinterpret_cast<void*>(&cancelPending));
     define("%help", 1, reinterpret_cast<void*>(&help));
+    define("%suggest", 1, reinterpret_cast<void*>(&suggest));
     define("%apropos", 1, reinterpret_cast<void*>(&apropos));
 }
 

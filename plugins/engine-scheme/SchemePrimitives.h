@@ -21,8 +21,8 @@ struct PrimitiveState
 PrimitiveState& Primitives();
 
 /// Defines the primitives in the current Guile module:
-/// (%invoke index arguments), (%cancel-pending?), (%help name-or-#f), (%apropos text). In Guile
-/// mode.
+/// (%invoke index arguments), (%cancel-pending?), (%help name-or-#f), (%apropos text),
+/// (%suggest name). In Guile mode.
 ///
 /// C++ exceptions and machine faults below a primitive become the Scheme error 'pellux-error with
 /// the message as its one argument; every C++ object is gone before Scheme is left by it.

@@ -38,10 +38,18 @@ const char kSchemeRuntime[] = R"scheme(
     ((pellux-stack-overflow)
      (format #f "The recursion is too deep (more than ~a MB of stack)." (car args)))
     ((quit) "exit was called; a script ends by running to its end.")
+    ((unbound-variable) (unbound-text (caaddr args)))
     ((read-error) (strip-read-place (apply format #f (cadr args) (caddr args))))
     (else (string-trim-right
            (call-with-output-string
              (lambda (port) (print-exception port #f key args)))))))
+
+;; Names the command that was most likely meant.
+(define (unbound-text name)
+  (let ((nearest (%suggest (symbol->string name))))
+    (if nearest
+        (format #f "Unbound variable: ~a; did you mean ~a?" name nearest)
+        (format #f "Unbound variable: ~a" name))))
 
 ;; The reader puts the place before its message; the report does that already.
 (define (strip-read-place text)

@@ -1,13 +1,13 @@
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
-#include <string>
+#include "../Commands.h"
 
 #include <TambCommandsInfra/CommandTable.h>
 
 #include <gtest/gtest.h>
 
-#include "../Commands.h"
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <string>
 
 namespace {
 
