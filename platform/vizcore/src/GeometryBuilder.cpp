@@ -1,6 +1,9 @@
 #include "TambVizCore/Geometry.h"
 
+#include <OrvikOs/ParallelFor.h>
+
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -16,28 +19,77 @@ std::string number(std::uint64_t value)
     return std::to_string(value);
 }
 
+/// Elements per task; what fits into one task is read on the calling thread.
+constexpr std::size_t kElementsPerTask = std::size_t{1} << 20;
+
+/// Calls body(task, begin, end) for runs of elements, on several threads where it pays.
+template <class Body> std::size_t forTasks(std::size_t count, Body body)
+{
+    const std::size_t tasks = (count + kElementsPerTask - 1) / kElementsPerTask;
+    const auto run = [&](std::size_t first, std::size_t last) {
+        for (std::size_t task = first; task < last; ++task) {
+            const std::size_t begin = task * kElementsPerTask;
+            body(task, begin, std::min(count, begin + kElementsPerTask));
+        }
+    };
+    if (tasks > 1) {
+        OrvikOs::ParallelFor(tasks, 1, run);
+    } else {
+        run(0, tasks);
+    }
+    return tasks;
+}
+
+/// The box of a run of vertices, and whether all of them are finite.
+struct Extent
+{
+    float lo[3];
+    float hi[3];
+    bool isFinite;
+};
+
+Extent extentOf(const float* first, const float* last)
+{
+    Extent extent{{first[0], first[1], first[2]}, {first[0], first[1], first[2]}, true};
+    // No branch but the loop's: infinity and NaN are those whose exponent is all ones.
+    constexpr std::uint32_t kExponent = 0x7F800000u;
+    std::uint32_t largest = 0;
+    for (const float* p = first; p != last; p += 3) {
+        for (int i = 0; i < 3; ++i) {
+            largest = std::max(largest, std::bit_cast<std::uint32_t>(p[i]) & kExponent);
+            extent.lo[i] = p[i] < extent.lo[i] ? p[i] : extent.lo[i];
+            extent.hi[i] = p[i] > extent.hi[i] ? p[i] : extent.hi[i];
+        }
+    }
+    extent.isFinite = largest != kExponent;
+    return extent;
+}
+
+std::size_t firstBadVertex(const SharedArray<float>& positions)
+{
+    const auto values = positions.Span();
+    const auto bad = std::find_if(values.begin(), values.end(),
+                                  [](float value) { return !std::isfinite(value); });
+    return static_cast<std::size_t>(bad - values.begin()) / 3;
+}
+
 /// Computes the box of all vertices; false, with the vertex's number, at one that is not finite.
 bool computeBox(const SharedArray<float>& positions, VizBox& box, std::size_t& badVertex)
 {
-    const float* p = positions.Data();
     const std::size_t count = positions.Size() / 3;
-    if (count == 0) {
-        return true;
-    }
-    float lo[3] = {p[0], p[1], p[2]};
-    float hi[3] = {p[0], p[1], p[2]};
-    for (std::size_t v = 0; v < count; ++v, p += 3) {
-        if (!std::isfinite(p[0]) || !std::isfinite(p[1]) || !std::isfinite(p[2])) {
-            badVertex = v;
+    std::vector<Extent> extents(count / kElementsPerTask + 1);
+    const std::size_t tasks =
+        forTasks(count, [&](std::size_t task, std::size_t begin, std::size_t end) {
+            extents[task] = extentOf(positions.Data() + begin * 3, positions.Data() + end * 3);
+        });
+    for (std::size_t task = 0; task < tasks; ++task) {
+        if (!extents[task].isFinite) {
+            badVertex = firstBadVertex(positions);
             return false;
         }
-        for (int i = 0; i < 3; ++i) {
-            lo[i] = std::min(lo[i], p[i]);
-            hi[i] = std::max(hi[i], p[i]);
-        }
+        box.Add(extents[task].lo);
+        box.Add(extents[task].hi);
     }
-    box.Add(lo);
-    box.Add(hi);
     return true;
 }
 
@@ -45,11 +97,15 @@ bool computeBox(const SharedArray<float>& positions, VizBox& box, std::size_t& b
 bool checkIndices(const SharedArray<std::uint32_t>& indices, std::size_t width,
                   std::size_t vertexCount, const char* primitiveName, std::string& error)
 {
-    std::uint32_t largest = 0;
-    for (const std::uint32_t index : indices.Span()) {
-        largest = std::max(largest, index);
-    }
-    if (indices.IsEmpty() || largest < vertexCount) {
+    std::vector<std::uint32_t> largest(indices.Size() / kElementsPerTask + 1);
+    forTasks(indices.Size(), [&](std::size_t task, std::size_t begin, std::size_t end) {
+        std::uint32_t found = 0;
+        for (std::size_t i = begin; i < end; ++i) {
+            found = std::max(found, indices[i]);
+        }
+        largest[task] = found;
+    });
+    if (indices.IsEmpty() || *std::max_element(largest.begin(), largest.end()) < vertexCount) {
         return true;
     }
     const auto bad = std::find_if(indices.Span().begin(), indices.Span().end(),

@@ -270,6 +270,46 @@ TEST(GeometryBuilder, RefusesCoordinatesThatAreNotFinite)
     }
 }
 
+/// Longer than one task of the builder's checks.
+constexpr std::uint32_t kManyVertices = 2500000;
+
+TEST(GeometryBuilder, ChecksLongArraysToTheirEnd)
+{
+    std::vector<float> positions(std::size_t{kManyVertices} * 3, 1.0f);
+    positions[1] = -5.0f;
+    positions[positions.size() - 3] = 7.0f;
+    std::vector<std::uint32_t> points(kManyVertices);
+    points.back() = kManyVertices - 1;
+    std::string error;
+
+    const auto geometry = GeometryBuilder()
+                              .SetPositions(floats(std::move(positions)))
+                              .SetPoints(indices(std::move(points)))
+                              .Build(error);
+
+    ASSERT_NE(geometry, nullptr) << error;
+    EXPECT_EQ(geometry->BoundingBox(), VizBox(1, -5, 1, 7, 1, 1));
+}
+
+TEST(GeometryBuilder, FindsTheBadVertexFarBack)
+{
+    std::vector<float> positions(std::size_t{kManyVertices} * 3, 1.0f);
+    positions[positions.size() - 4] = -std::numeric_limits<float>::infinity();
+    GeometryBuilder builder;
+    builder.SetPositions(floats(std::move(positions)));
+
+    expectError(std::move(builder), "Vertex 2499998 has a coordinate that is not finite.");
+}
+
+TEST(GeometryBuilder, FindsTheBadIndexFarBack)
+{
+    std::vector<std::uint32_t> points(kManyVertices);
+    points[2400000] = 3;
+
+    expectError(std::move(threeVertices().SetPoints(indices(std::move(points)))),
+                "Point 2400000 names vertex 3, but there are only 3.");
+}
+
 TEST(GeometryBuilder, AcceptsDenormalAndHugeCoordinates)
 {
     std::string error;
