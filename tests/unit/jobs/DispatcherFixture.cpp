@@ -125,6 +125,7 @@ DispatcherTest::DispatcherTest()
 
 DispatcherTest::~DispatcherTest()
 {
+    sleeper().OnMainSleep(nullptr);
     OrvikOs::SetMessageSource(nullptr);
     OrvikOs::SetClock(nullptr);
 }

@@ -52,7 +52,8 @@ TEST_F(JobDispatcherParked, KeptJobIsReleasedByALaterSubmission)
     waitUntilIdle();
     EXPECT_FALSE(watch.expired());
 
-    submit(*doneJob());
+    FunctionJob later([] { return true; });
+    submit(later);
     waitUntilIdle();
 
     EXPECT_TRUE(watch.expired());

@@ -283,7 +283,7 @@ TEST_F(JobDispatcherWait, TerminateInAWindowProcedureEndsTheWait)
     source.queue = {messageOf(kTimer)};
     source.hasInput = [this] { return gate.HasStarted() && !source.queue.empty(); };
     source.onDispatch = [this](const OrvikOs::Message&) {
-        gate.Open();
+        sleeper().OnMainSleep([this] { gate.Open(); });
         dispatcher().Terminate();
     };
     FakeScriptEngine engine;
