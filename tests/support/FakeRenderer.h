@@ -82,8 +82,12 @@ class Fake3DRenderer : public FakeRendererOf<OrvikCore::IContentRenderer>
 public:
     explicit Fake3DRenderer(OrvikCore::AContent* rendered = nullptr) : FakeRendererOf(rendered) {}
 
+    using IContentRenderer::boxHi;
+    using IContentRenderer::boxLo;
+    using IContentRenderer::content;
     using IContentRenderer::geometryCenter;
     using IContentRenderer::geometryRadius;
+    using IContentRenderer::useProgressCallback;
 };
 
 class FakeTreeRenderer : public FakeRendererOf<OrvikCore::ARendererTree>

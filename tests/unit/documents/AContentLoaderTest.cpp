@@ -1,6 +1,7 @@
 #include "OrvikCore/AContentLoader.h"
 
 #include "FakeLoader.h"
+#include "MemoryOrder.h"
 
 #include "OrvikCore/Document.h"
 
@@ -128,4 +129,13 @@ TEST(AContentLoader, ValidExtensionsAreOrdered)
 
     EXPECT_EQ(loader.ValidExtensions().begin()->first, L"OBJ");
     EXPECT_EQ(loader.ValidExtensions().size(), 2u);
+}
+
+TEST(AContentLoader, FieldsKeepTheirOrder)
+{
+    CallLog log;
+    const FakeLoader loader(L"STL", log);
+
+    EXPECT_TRUE(LieInThisOrder(&loader.typeName, &loader.validExtensions, &loader.isImporter,
+                               &loader.errorMessage, &loader.warningMessages));
 }

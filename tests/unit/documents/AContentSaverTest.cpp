@@ -2,6 +2,7 @@
 
 #include "FakeContent.h"
 #include "FakeLoader.h"
+#include "MemoryOrder.h"
 
 #include "OrvikCore/Document.h"
 
@@ -90,4 +91,10 @@ TEST_F(AContentSaver, ValidExtensionsAreThoseOfTheConcreteSaver)
 {
     ASSERT_EQ(m_saver.ValidExtensions().size(), 1u);
     EXPECT_EQ(m_saver.ValidExtensions().begin()->first, L"STL");
+}
+
+TEST_F(AContentSaver, FieldsKeepTheirOrder)
+{
+    EXPECT_TRUE(
+        LieInThisOrder(&m_saver.validExtensions, &m_saver.errorMessage, &m_saver.warningMessages));
 }

@@ -22,9 +22,12 @@ public:
     }
 
     using AContentLoader::addWarningMessage;
+    using AContentLoader::errorMessage;
+    using AContentLoader::isImporter;
     using AContentLoader::setErrorMessage;
     using AContentLoader::typeName;
     using AContentLoader::validExtensions;
+    using AContentLoader::warningMessages;
 
     bool m_accepts = true;
     bool m_addsContent = true;
@@ -67,8 +70,10 @@ public:
     }
 
     using AContentSaver::addWarningMessage;
+    using AContentSaver::errorMessage;
     using AContentSaver::setErrorMessage;
     using AContentSaver::validExtensions;
+    using AContentSaver::warningMessages;
 
     OrvikCore::AContent* m_only = nullptr; ///< Not owned; the only content it takes, null for any.
     bool m_saves = true;

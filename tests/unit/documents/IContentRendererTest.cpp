@@ -2,6 +2,7 @@
 
 #include "FakeContent.h"
 #include "FakeRenderer.h"
+#include "MemoryOrder.h"
 #include "VirtualSlot.h"
 
 #include "OrvikCore/Document.h"
@@ -267,4 +268,13 @@ TEST(IContentRenderer, VirtualOperationsKeepTheirOrder)
     EXPECT_EQ(VirtualSlot(&IContentRenderer::GetToolTip), 11);
     EXPECT_EQ(VirtualSlot(&IContentRenderer::GetBodyList), 12);
     EXPECT_EQ(VirtualSlot(&ExposedSlots::discard), 13);
+}
+
+TEST(IContentRenderer, FieldsKeepTheirOrder)
+{
+    const Fake3DRenderer renderer;
+
+    EXPECT_TRUE(LieInThisOrder(&renderer.boxLo, &renderer.boxHi, &renderer.geometryCenter,
+                               &renderer.geometryRadius, &renderer.useProgressCallback,
+                               &renderer.content));
 }

@@ -12,6 +12,7 @@
 #include "OrvikCore/ViewObjectManager.h"
 
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -39,7 +40,11 @@ public:
         }
     }
     void SetStandardPosition(float*, float*, float*) override {}
-    void Top() override { m_calls.push_back("Top"); }
+    void Top() override
+    {
+        m_calls.push_back("Top");
+        m_callers.push_back(std::this_thread::get_id());
+    }
     void Bottom() override { m_calls.push_back("Bottom"); }
     void Front() override { m_calls.push_back("Front"); }
     void Back() override { m_calls.push_back("Back"); }
@@ -53,6 +58,7 @@ public:
     }
 
     std::vector<std::string> m_calls;
+    std::vector<std::thread::id> m_callers; ///< Who called Top().
     std::vector<float> m_box;
     float m_triple[9] = {1.0f, 2.0f, 3.0f, 4.0f, 5.0f, 6.0f, 7.0f, 8.0f, 9.0f};
 

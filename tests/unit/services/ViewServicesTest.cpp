@@ -9,13 +9,16 @@
 #include "OrvikCore/Document.h"
 #include "OrvikCore/TambViewServicesPellux.h"
 
+#include <TambCommandsInfra/CallGate.h>
 #include <TambVizCore/Settings.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 using OrvikCore::AppController;
@@ -354,6 +357,53 @@ TEST_F(ViewServices, IncrementalRenderingIsOffWithoutSettings)
 
     EXPECT_NO_THROW(m_services.SetUseIncrementalRendering(true));
     EXPECT_FALSE(m_services.GetUseIncrementalRendering());
+}
+
+TEST_F(ViewServices, ACallOfTheWorkerRunsOnTheMainThread)
+{
+    FakeCameraView view;
+    useView(view);
+    TambCommandsInfra::CallGate gate;
+    std::atomic<bool> finished{false};
+    std::vector<double> triple;
+
+    std::thread worker([&] {
+        m_services.Top();
+        triple = readCamera(m_services);
+        finished = true;
+    });
+    while (!finished) {
+        gate.Drain();
+        std::this_thread::yield();
+    }
+    worker.join();
+
+    EXPECT_THAT(view.m_camera.m_calls, ElementsAre("Top"));
+    EXPECT_EQ(view.m_camera.m_callers, std::vector<std::thread::id>{std::this_thread::get_id()});
+    EXPECT_THAT(triple, ElementsAre(1, 2, 3, 4, 5, 6, 7, 8, 9));
+}
+
+TEST_F(ViewServices, AnExceptionReachesTheWorker)
+{
+    TambCommandsInfra::CallGate gate;
+    std::atomic<bool> finished{false};
+    std::string text;
+
+    std::thread worker([&] {
+        try {
+            readCamera(m_services);
+        } catch (const std::logic_error& error) {
+            text = error.what();
+        }
+        finished = true;
+    });
+    while (!finished) {
+        gate.Drain();
+        std::this_thread::yield();
+    }
+    worker.join();
+
+    EXPECT_EQ(text, "Camera is missing");
 }
 
 TEST(ViewServicesWithoutSession, NothingHappensAndQueriesAreFalse)

@@ -1,5 +1,6 @@
 #include "OrvikCore/AViewObject.h"
 
+#include "MemoryOrder.h"
 #include "RecordingViewObject.h"
 #include "VirtualSlot.h"
 
@@ -270,4 +271,12 @@ TEST(TextItem3D, IsCopyableAndMovable)
 {
     EXPECT_TRUE(std::is_copy_assignable_v<TextItem3D>);
     EXPECT_TRUE(std::is_move_constructible_v<TextItem3D>);
+}
+
+TEST(AViewObject, FieldsKeepTheirOrder)
+{
+    CallLog log;
+    const RecordingViewObject object("object", log);
+
+    EXPECT_TRUE(LieInThisOrder(&object.id, &object.name, &object.visible, &object.rendered));
 }

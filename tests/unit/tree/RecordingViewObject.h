@@ -22,6 +22,11 @@ public:
     }
     ~RecordingViewObject() override { note("deleted"); }
 
+    using AViewObject::id;
+    using AViewObject::name;
+    using AViewObject::rendered;
+    using AViewObject::visible;
+
     bool IsRendered() const { return rendered; }
 
     bool m_renders = true; ///< Whether doRender() has something to build.
