@@ -1,5 +1,5 @@
 #include "FakeSession.h"
-#include "ServiceFakes.h"
+#include "RecordingOutputListener.h"
 
 #include "OrvikCore/IApplication.h"
 #include "OrvikCore/IAutoComplete.h"
@@ -108,7 +108,7 @@ TEST_F(ApplicationCoreServicesWithSession, PrintsWithTheTypeOfTheMessage)
     m_services.PrintWarningMessage(L"warning");
     m_services.PrintErrorMessage(L"error");
 
-    EXPECT_THAT(m_listener.m_messages,
+    EXPECT_THAT(m_listener.Messages(),
                 ElementsAre(Pair(L"plain", 0), Pair(L"warning", 1), Pair(L"error", 2)));
 }
 
@@ -116,7 +116,7 @@ TEST_F(ApplicationCoreServicesWithSession, PrintsOnlyTexts)
 {
     m_services.PrintMessage(L"");
 
-    EXPECT_THAT(m_listener.m_messages, IsEmpty());
+    EXPECT_THAT(m_listener.Messages(), IsEmpty());
 }
 
 TEST_F(ApplicationCoreServicesWithSession, ShowsToolTips)

@@ -5,22 +5,19 @@
 
 #include "OrvikCore/ACamera.h"
 #include "OrvikCore/ICameraProvider.h"
-#include "OrvikCore/IOutputListener.h"
 #include "OrvikCore/IViewObjectProvider.h"
-#include "OrvikCore/MessageType.h"
 #include "OrvikCore/TextItem3D.h"
 #include "OrvikCore/ViewObjectManager.h"
 
 #include <string>
 #include <thread>
-#include <utility>
 #include <vector>
 
 /// A camera that remembers its calls.
-class RecordingCamera : public OrvikCore::ACamera
+class StandardViewCamera : public OrvikCore::ACamera
 {
 public:
-    RecordingCamera() : ACamera(nullptr) {}
+    StandardViewCamera() : ACamera(nullptr) {}
 
     char* GetName() override { return m_name; }
     void GetCamera(float* eye, float* target, float* up) override
@@ -67,7 +64,7 @@ protected:
     void setFront(float* const, float* const, float* const, bool) override {}
 
 private:
-    char m_name[16] = "RecordingCamera";
+    char m_name[32] = "StandardViewCamera";
 };
 
 /// A view with a camera that can be taken away.
@@ -76,7 +73,7 @@ class FakeCameraView : public FakeView3D, public OrvikCore::ICameraProvider
 public:
     OrvikCore::ACamera* GetCamera() override { return m_hasCamera ? &m_camera : nullptr; }
 
-    RecordingCamera m_camera;
+    StandardViewCamera m_camera;
     bool m_hasCamera = true;
 };
 
@@ -102,21 +99,6 @@ public:
 
     bool m_hasManager = true;
     OrvikCore::ViewObjectManager m_manager{m_root};
-};
-
-/// A listener that remembers what it got.
-class RecordingOutputListener : public OrvikCore::IOutputListener
-{
-public:
-    void PrintMessage(const std::wstring& text, const OrvikCore::MessageType& type) override
-    {
-        m_messages.emplace_back(text, static_cast<int>(type));
-    }
-    void ClearOutput() override {}
-    void ShowToolTip(const std::wstring& text) override { m_toolTips.push_back(text); }
-
-    std::vector<std::pair<std::wstring, int>> m_messages;
-    std::vector<std::wstring> m_toolTips;
 };
 
 #endif
