@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 using TambCommandsInfra::Command;
 using TambCommandsInfra::CommandEffect;
@@ -88,7 +89,25 @@ TEST(CommandDocs, DefaultsAreWrittenAsAScriptWritesThem)
     EXPECT_EQ(defaultText(0.25), "0.25");
     EXPECT_EQ(defaultText(L"a\"b\\"), "\"a\\\"b\\\\\"");
     EXPECT_EQ(defaultText(Value::List{1, 2.5, Value::List{}}), "(1 2.5 ())");
+    EXPECT_EQ(defaultText(Value::List{Value()}), "(nothing)");
     EXPECT_EQ(defaultText(MakeEntity(3)), "entity 3");
+}
+
+TEST(CommandDocs, TypesHaveNamesForPeople)
+{
+    const std::vector<ValueType> types{ValueType::Nothing, ValueType::Bool,   ValueType::Integer,
+                                       ValueType::Real,    ValueType::String, ValueType::Path,
+                                       ValueType::Vector,  ValueType::Point,  ValueType::List,
+                                       ValueType::Entity,  ValueType::Any};
+    std::vector<std::string> names;
+
+    for (const ValueType type : types) {
+        names.push_back(TambCommandsInfra::ValueTypeName(type));
+    }
+
+    EXPECT_EQ(names,
+              (std::vector<std::string>{"nothing", "boolean", "integer", "number", "string", "path",
+                                        "vector", "point", "list", "entity", "value"}));
 }
 
 TEST(CommandDocs, EmptyTableGivesTheHeadOnly)
