@@ -1,8 +1,7 @@
-#include <TambCommandsInfra/CallGate.h>
-#include <TambCommandsInfra/CommandTable.h>
-
 #include <OrvikOs/Event.h>
 #include <OrvikOs/MsgWait.h>
+#include <TambCommandsInfra/CallGate.h>
+#include <TambCommandsInfra/CommandTable.h>
 
 #include <benchmark/benchmark.h>
 

@@ -300,8 +300,12 @@ void Shell::NotifyJobStatus(JobTicket* ticket)
     }
 }
 
-bool Shell::runScriptWT(const std::wstring& script, const std::wstring&, bool flag)
+bool Shell::runScriptWT(const std::wstring& script, const std::wstring& source, bool flag)
 {
+    // The dispatcher hands the text on without its source, so the engine is told here.
+    if (!source.empty()) {
+        GetScriptEngine()->SetNextSource(source, /*line=*/1, /*column=*/1);
+    }
     // On the heap: a wait that ends early leaves the worker with the text.
     const auto text = std::make_shared<const std::wstring>(script);
     JobTicket ticket(JID_EXECUTE_SCRIPT, this, true, Address(GetScriptEngine()),

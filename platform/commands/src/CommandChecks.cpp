@@ -71,6 +71,7 @@ bool convertVector(Value& value)
     return true;
 }
 
+/// Leaves @p value untouched when it does not fit.
 bool convertType(ValueType type, Value& value)
 {
     switch (type) {
@@ -227,11 +228,11 @@ std::string FormatLimits(const Parameter& parameter)
 
 bool ConvertValue(const Parameter& parameter, Value& value)
 {
-    Value converted = value;
-    if (!convertType(parameter.type, converted)) {
-        return false;
+    if (!isNumber(value)) {
+        return convertType(parameter.type, value);
     }
-    if (isNumber(converted) && !isWithin(parameter, converted.AsReal())) {
+    Value converted = value;
+    if (!convertType(parameter.type, converted) || !isWithin(parameter, converted.AsReal())) {
         return false;
     }
     value = std::move(converted);

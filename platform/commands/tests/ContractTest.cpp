@@ -25,14 +25,26 @@ void throwIt(const char* condition, const char*)
     throw std::logic_error(condition);
 }
 
+/// Puts the handler and the flag back after each test.
+class Contract : public testing::Test
+{
+protected:
+    Contract() { g_seen.clear(); }
+    ~Contract() override
+    {
+        SetContractHandler(nullptr);
+        TambContractChecksOn = true;
+    }
+};
+
 } // namespace
 
-TEST(Contract, ChecksAreOnAtTheStart)
+TEST_F(Contract, ChecksAreOnAtTheStart)
 {
     EXPECT_TRUE(TambContractChecksOn);
 }
 
-TEST(Contract, FirstHandlerWritesToTheDebugOutput)
+TEST_F(Contract, FirstHandlerWritesToTheDebugOutput)
 {
     const CapturedDebugOutput debug;
 
@@ -41,7 +53,7 @@ TEST(Contract, FirstHandlerWritesToTheDebugOutput)
     EXPECT_EQ(debug.Text(), "Contract violated: a camera is there (View)\n");
 }
 
-TEST(Contract, HandlerGetsTheLiteralTexts)
+TEST_F(Contract, HandlerGetsTheLiteralTexts)
 {
     SetContractHandler(&record);
 
@@ -50,7 +62,7 @@ TEST(Contract, HandlerGetsTheLiteralTexts)
     EXPECT_EQ(g_seen, "count > 0|Counter;");
 }
 
-TEST(Contract, ContractThatHoldsCallsNobody)
+TEST_F(Contract, ContractThatHoldsCallsNobody)
 {
     SetContractHandler(&record);
 
@@ -59,7 +71,7 @@ TEST(Contract, ContractThatHoldsCallsNobody)
     EXPECT_EQ(g_seen, "");
 }
 
-TEST(Contract, NothingIsCheckedWhileChecksAreOff)
+TEST_F(Contract, NothingIsCheckedWhileChecksAreOff)
 {
     SetContractHandler(&record);
     TambContractChecksOn = false;
@@ -69,7 +81,7 @@ TEST(Contract, NothingIsCheckedWhileChecksAreOff)
     EXPECT_EQ(g_seen, "");
 }
 
-TEST(Contract, RaisingDoesNotAskWhetherChecksAreOn)
+TEST_F(Contract, RaisingDoesNotAskWhetherChecksAreOn)
 {
     SetContractHandler(&record);
     TambContractChecksOn = false;
@@ -79,7 +91,7 @@ TEST(Contract, RaisingDoesNotAskWhetherChecksAreOn)
     EXPECT_EQ(g_seen, "count > 0|Counter;");
 }
 
-TEST(Contract, NullTextsCountAsEmpty)
+TEST_F(Contract, NullTextsCountAsEmpty)
 {
     SetContractHandler(&record);
 
@@ -88,14 +100,14 @@ TEST(Contract, NullTextsCountAsEmpty)
     EXPECT_EQ(g_seen, "|;");
 }
 
-TEST(Contract, WhatTheHandlerThrowsLeavesTheAssertion)
+TEST_F(Contract, WhatTheHandlerThrowsLeavesTheAssertion)
 {
     SetContractHandler(&throwIt);
 
     EXPECT_EQ(ErrorOf([] { AssertContract(false, "thrown", ""); }), "thrown");
 }
 
-TEST(Contract, NullPutsTheFirstHandlerBack)
+TEST_F(Contract, NullPutsTheFirstHandlerBack)
 {
     const auto first = SetContractHandler(&record);
     EXPECT_NE(first, nullptr);
