@@ -110,21 +110,6 @@ TEST_F(JobDispatcher, TriesAgainOnceTheEventNameIsFree)
     EXPECT_EQ(outcomeOf([] { return true; }).first, JOB_COMPLETED);
 }
 
-TEST_F(JobDispatcher, EventThatCannotBeMadeIsAnErrorWithTheName)
-{
-    std::vector<std::FILE*> files; // Until the process has no descriptor left for an event.
-    while (std::FILE* file = std::fopen("/dev/null", "r")) {
-        files.push_back(file);
-    }
-    const std::string error = startError();
-    for (std::FILE* file : files) {
-        std::fclose(file);
-    }
-
-    EXPECT_EQ(error, "JobDispatcher cannot create event " + eventName());
-    EXPECT_EQ(startError(), "started");
-}
-
 TEST_F(JobDispatcher, TracesTheThreadsAtItsStart)
 {
     std::uint32_t workerId = 0;

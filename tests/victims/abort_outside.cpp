@@ -1,0 +1,13 @@
+// Calls abort() after a context has ended.
+
+#include "OrvikCore/SignalHandlingContext.h"
+
+#include <cstdlib>
+
+int main()
+{
+    {
+        const OrvikCore::SignalHandlingContext context;
+    }
+    std::abort();
+}
