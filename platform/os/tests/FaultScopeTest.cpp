@@ -445,6 +445,14 @@ TEST(FaultScopeDeathTest, FaultInTheTranslatorEndsTheProgram)
         EndedBy(SIGSEGV), "");
 }
 
+TEST(FaultScopeDeathTest, FaultInsideTheMemoryAllocatorEndsTheProgram)
+{
+    if (HasAddressSanitizer() || HasThreadSanitizer()) {
+        GTEST_SKIP() << "the sanitizers bring an allocator of their own";
+    }
+    EXPECT_EXIT(RunInScope(&Subjects::CorruptHeap), EndedBy(SIGSEGV), "");
+}
+
 TEST(FaultScopeDeathTest, FaultThatNobodyCatchesEndsTheProgramOnce)
 {
     EXPECT_EXIT(

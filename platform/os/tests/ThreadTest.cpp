@@ -133,12 +133,13 @@ TEST(Thread, ParkStopsABusyThreadForGood)
 
 TEST(Thread, ParkStopsASleepingThread)
 {
-    OrvikOs::Event never;
+    static auto& never =
+        *new OrvikOs::Event(); // Outlives the parked thread, which still refers to it.
+    static auto& started = *new OrvikOs::Event();
     never.Create();
-    OrvikOs::Event started;
     started.Create();
     OrvikOs::Thread thread;
-    thread.Start([&] {
+    thread.Start([] {
         started.Set();
         never.Wait(-1);
     });

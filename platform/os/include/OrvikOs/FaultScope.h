@@ -55,17 +55,23 @@ private:
 /// While one is alive on a thread, machine faults, abort(), pure virtual calls and bad parameters
 /// on that thread become exceptions.
 ///
-/// Scopes nest and count. The process's signal handlers are installed with the first scope and
-/// stay; a fault on a thread without a scope goes to whoever handled it before, in general the
-/// system, which ends the program. So do signals sent from outside (kill, raise), a fault inside
-/// the memory allocator or the dynamic loader, whose locks would stay held, and a fault while
-/// another is being turned into an exception.
+/// Scopes nest and count. The process's signal handlers are installed while at least one thread is
+/// in a scope; afterwards what was there before is back. A fault on a thread without a scope goes
+/// to whoever handled it before, in general the system, which ends the program. So do signals sent
+/// from outside (kill, raise), a fault inside the memory allocator or the dynamic loader, whose
+/// locks would stay held, a fault inside the stack unwinder, and a fault while another is being
+/// turned into an exception.
 ///
-/// The exception leaves from the faulting instruction: destructors of all callers run. Frames whose
-/// exception table would end the program, noexcept ones included, are skipped; their own
-/// destructors do not run. A lock guard in code built without -fnon-call-exceptions may stay
-/// locked. The code that catches must stand in another function than the one that faults, reached
-/// through a virtual call or a function pointer.
+/// The exception leaves from the faulting instruction: destructors of all callers run. Where a
+/// frame on the way would end the program (a noexcept function, or code whose exception table does
+/// not expect the fault), the exception leaves from that frame's caller instead: the destructors of
+/// that frame and of those that it called do not run, and a lock guard there stays locked. With
+/// -fnon-call-exceptions only noexcept functions are affected. The code that catches must stand in
+/// another function than the one that faults, reached through a virtual call or a function pointer.
+///
+/// An exception that nobody catches and std::terminate() go to the terminate handler. It should
+/// call RestoreDefaultAbort() before it aborts: its abort() would else become an exception where
+/// code further out on the stack catches one.
 ///
 /// On a Thread (see Thread.h) a stack overflow becomes an exception too. It is thrown on the opened
 /// guard pages; call RearmStackGuard() where it is caught. On other threads an overflow ends the

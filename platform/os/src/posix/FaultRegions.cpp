@@ -116,7 +116,8 @@ void LearnFaultRegions()
     g_regions.libc = regionAround(dlsym(RTLD_DEFAULT, "__libc_malloc"));
     g_regions.loader = regionAround(reinterpret_cast<const void*>(_r_debug.r_ldbase));
     const Region ownCode = regionAround(reinterpret_cast<const void*>(&LearnFaultRegions));
-    const Region unwinder = regionAround(reinterpret_cast<const void*>(&_Unwind_RaiseException));
+    // Not one of the functions that sanitizers put their own in the place of.
+    const Region unwinder = regionAround(reinterpret_cast<const void*>(&_Unwind_GetCFA));
     if (unwinder.begin !=
         ownCode.begin) { // An unwinder linked into this library cannot be told apart.
         g_regions.unwinder = unwinder;
