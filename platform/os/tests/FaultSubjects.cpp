@@ -342,11 +342,11 @@ void Overflow()
 
 void CorruptHeap()
 {
-    char* const first = static_cast<char*>(std::malloc(3000));
+    auto* volatile links = static_cast<std::uintptr_t*>(std::malloc(3000));
     void* const between = std::malloc(3000);
-    std::free(first);
-    auto* volatile links = reinterpret_cast<std::uintptr_t*>(first);
-    links[0] = links[1] = 0x10;
+    std::free(links);
+    links[0] = 0x10;
+    links[1] = 0x10;
     void* const larger = std::malloc(5000); // Sorts the broken chunk.
     std::free(larger);
     std::free(between);
