@@ -1,0 +1,3 @@
+;; Short names for what is typed most often.
+
+(define (fit) (view:zoom-all))
