@@ -1,3 +1,3 @@
 ;; Short names for what is typed most often.
 
-(define (fit) (view:zoom-all))
+(define fit view:zoom-all)
