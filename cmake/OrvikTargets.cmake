@@ -1,8 +1,12 @@
 # The functions through which every target of the project is made.
 
-# orvik_add_folders(FOLDER...): adds each folder that has a CMakeLists.txt.
+# orvik_add_folders(FOLDER...): adds each folder that has a CMakeLists.txt; folders named "tests"
+# only where tests are built.
 function(orvik_add_folders)
     foreach(folder IN LISTS ARGN)
+        if(folder STREQUAL "tests" AND NOT ORVIK_BUILD_TESTS)
+            continue()
+        endif()
         if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/CMakeLists.txt)
             add_subdirectory(${folder})
         endif()

@@ -10,7 +10,7 @@
 (app:print "size:    " (extent 0) " x " (extent 1) " x " (extent 2))
 
 ;; A ray from above, down onto the rim: what does it hit?
-(define ent (app:pick-entity 0 -38 100 0 0 -1 0.5))
+(define ent (app:pick-entity 0 -31 100 0 0 -1 0.5))
 (app:print "a ray down onto the rim hits: " (if ent (entity:type ent) "nothing"))
 
 (view:iso)
