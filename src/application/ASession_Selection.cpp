@@ -179,7 +179,7 @@ void ASession::Highlight(const RenderId& id)
         std::vector<RenderId> ids3d;
         if (m_view != nullptr && convertToView3DId(id, ids3d)) {
             // Deliberate: a highlight that comes from the tree selects in the view.
-            // Held by ASession.HighlightOfATreeIdSelectsInTheView.
+            // Held by ASessionSelection.HighlightOfATreeIdSelectsInTheView.
             SelectAllInView(m_view, ids3d);
         }
     } else {
@@ -206,7 +206,7 @@ void ASession::Select(const EntityId& id)
         Select(id3d);
     } else {
         // Deliberate: printed, where Highlight throws.
-        // Held by ASession.SelectOfAnUnknownEntityPrintsAndNeverThrows.
+        // Held by ASessionSelection.SelectOfAnUnknownEntityPrintsAndNeverThrows.
         PrintMessage(kNotConvertedInSelect, MessageType::Output);
     }
 }
@@ -219,7 +219,7 @@ void ASession::Select(const RenderId& id)
         RenderId treeId;
         if (m_viewTree != nullptr && convertToViewTreeId(id, treeId)) {
             // Deliberate: the tree shows a selection as a highlight.
-            // Held by ASession.SelectOfAViewIdHighlightsInTheTree.
+            // Held by ASessionSelection.SelectOfAViewIdHighlightsInTheTree.
             HighlightInTree(*m_viewTree, treeId);
             isConverted = true;
         }
@@ -257,7 +257,7 @@ bool ASession::ZoomTo(const EntityId& id)
 bool ASession::ZoomTo(const RenderId& id)
 {
     if (id.Origin() == RenderId::kOriginView3D) {
-        // Deliberate: nothing. Held by ASession.ZoomToAViewIdLeavesTheCameraAlone.
+        // Deliberate: nothing. Held by ASessionSelection.ZoomToAViewIdLeavesTheCameraAlone.
         return false;
     }
     if (id.Origin() != RenderId::kOriginTree) {

@@ -60,7 +60,7 @@ bool APluginFactory::initializePrerequisites(void** const context, bool preLoad)
             continue;
         }
         // Deliberate: the index counts all records, the list leaves out those without a factory.
-        // Held by APluginFactory.PrerequisiteBehindARecordWithoutFactoryIsMistaken.
+        // Held by APluginFactoryInManager.PrerequisiteBehindARecordWithoutFactoryIsMistaken.
         const std::vector<APluginFactory*> factories = manager.GetPlugins();
         const auto position = static_cast<std::size_t>(index);
         if (position < factories.size() && !factories[position]->IsInitialized()) {

@@ -74,7 +74,7 @@ void PluginRecord::DestroyInstance()
 {
     if (module != nullptr) {
         // Deliberate: the library stays loaded for the life of the process.
-        // Held by PluginRecord.DestroyingTheInstanceKeepsTheLibrary.
+        // Held by PluginRecordTest.DestroyingTheInstanceKeepsTheLibrary.
         module->Detach();
         delete module;
         module = nullptr;

@@ -64,7 +64,7 @@ void ScriptPluginRecord::DestroyInstance()
 {
     if (module != nullptr) {
         // Deliberate: the library stays loaded for the life of the process.
-        // Held by ScriptPluginRecord.DestroyingTheInstanceKeepsTheLibrary.
+        // Held by ScriptPluginRecordTest.DestroyingTheInstanceKeepsTheLibrary.
         module->Detach();
         delete module;
         module = nullptr;
