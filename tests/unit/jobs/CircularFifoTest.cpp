@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <thread>
 #include <type_traits>
 
@@ -47,6 +48,23 @@ TEST(CircularFifo, RefusedElementLeavesTheRingUnchanged)
     EXPECT_FALSE(fifo.Pop(third));
     EXPECT_EQ(first, 1);
     EXPECT_EQ(second, 2);
+}
+
+TEST(CircularFifo, FieldsLieInTheirOrder)
+{
+    using Fifo = CircularFifo<std::uint32_t, 2>;
+    Fifo fifo;
+    fifo.Push(10);
+    fifo.Push(20);
+    std::uint32_t taken = 0;
+    fifo.Pop(taken);
+
+    std::uint32_t fields[5];
+    std::memcpy(fields, reinterpret_cast<const char*>(&fifo) + sizeof(void*), sizeof fields);
+    EXPECT_EQ(fields[0], 2u); // Write index.
+    EXPECT_EQ(fields[1], 10u);
+    EXPECT_EQ(fields[2], 20u);
+    EXPECT_EQ(fields[4], 1u); // Read index, behind three slots.
 }
 
 TEST(CircularFifo, KeepsTheOrderWhileItsIndexesTurnOver)

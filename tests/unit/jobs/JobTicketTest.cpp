@@ -1,9 +1,13 @@
 #include "OrvikCore/JobTicket.h"
 
+#include "VirtualSlot.h"
+
+#include "OrvikCore/IJob.h"
 #include "OrvikCore/IJobStatusObserver.h"
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <type_traits>
 
 using OrvikCore::JID_EXECUTE_JOB;
@@ -30,6 +34,14 @@ class SilentObserver : public OrvikCore::IJobStatusObserver
 public:
     void NotifyJobStatus(JobTicket*) override {}
 };
+
+/// @return the field that lies at an offset of an object, in bytes.
+template <typename Field> Field fieldAt(const JobTicket& ticket, std::size_t offset)
+{
+    Field field;
+    std::memcpy(&field, reinterpret_cast<const char*>(&ticket) + offset, sizeof field);
+    return field;
+}
 
 JobTicket withStatus(JobStatus status)
 {
@@ -113,6 +125,30 @@ TEST(JobTicket, CopyHasAMessageOfItsOwn)
     source.SetMessageText(L"second");
 
     EXPECT_EQ(copy.GetMessageText(), L"first");
+}
+
+TEST(JobTicket, FieldsLieInTheirOrder)
+{
+    SilentObserver observer;
+    JobTicket ticket(JID_EXECUTE_SCRIPT, &observer, true, 11, 22, 33);
+    ticket.SetStatus(JOB_FAILED);
+
+    EXPECT_EQ(fieldAt<std::uint32_t>(ticket, 0), 2u);
+    EXPECT_EQ(fieldAt<OrvikCore::IJobStatusObserver*>(ticket, 8), &observer);
+    EXPECT_TRUE(fieldAt<bool>(ticket, 16));
+    EXPECT_EQ(fieldAt<long long>(ticket, 24), 11);
+    EXPECT_EQ(fieldAt<long long>(ticket, 32), 22);
+    EXPECT_EQ(fieldAt<long long>(ticket, 40), 33);
+    EXPECT_EQ(fieldAt<std::uint32_t>(ticket, 48), 3u);
+    EXPECT_EQ(reinterpret_cast<const char*>(&ticket.GetMessageText()) -
+                  reinterpret_cast<const char*>(&ticket),
+              56);
+}
+
+TEST(JobInterfaces, FirstVirtualOperationsAreTheirOwn)
+{
+    EXPECT_EQ(VirtualSlot(&OrvikCore::IJob::Execute), 0);
+    EXPECT_EQ(VirtualSlot(&OrvikCore::IJobStatusObserver::NotifyJobStatus), 0);
 }
 
 TEST(JobTicketText, NamesAJobThatIsWaitedFor)
