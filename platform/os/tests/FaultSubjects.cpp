@@ -342,12 +342,12 @@ void Overflow()
 
 void CorruptHeap()
 {
-    auto* volatile links = static_cast<std::uintptr_t*>(std::malloc(3000));
-    void* const between = std::malloc(3000);
-    std::free(links);
+    volatile std::uintptr_t* volatile links = static_cast<std::uintptr_t*>(std::malloc(3000));
+    void* volatile between = std::malloc(3000);
+    std::free(const_cast<std::uintptr_t*>(links));
     links[0] = 0x10;
     links[1] = 0x10;
-    void* const larger = std::malloc(5000); // Sorts the broken chunk.
+    void* volatile larger = std::malloc(5000); // Sorts the broken chunk.
     std::free(larger);
     std::free(between);
 }
