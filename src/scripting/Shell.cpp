@@ -208,7 +208,7 @@ bool Shell::LoadScript(const std::wstring& file, std::wstring& output, bool flag
     }
     const std::wstring extension = engine->GetScriptExtension();
     // Deliberate: only the file's side is lower-cased.
-    // Held by Shell.OnlyTheExtensionOfTheFileIsLowerCased.
+    // Held by ShellFiles.OnlyTheExtensionOfTheFileIsLowerCased.
     if (Utils::ToLowerAscii(Utils::GetFileExtension(file)) != extension) {
         output = kWrongExtension + extension + kExtension;
         return false;
@@ -255,7 +255,7 @@ void Shell::LoadStartupScripts()
         std::wstring text;
         if (!LoadScript(file, text, /*flag=*/true)) {
             // Deliberate: the engine's output, also where the file itself was the failure.
-            // Held by Shell.StartupLogHoldsTheOutputOfTheEngineAfterAFailure.
+            // Held by StartupScripts.LogHoldsTheOutputOfTheEngineAfterAFailure.
             const std::wstring output = getOutput() + L"\n";
             log += output;
             errors += output;
