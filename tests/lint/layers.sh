@@ -20,7 +20,7 @@ forbid() {
     printf '%s\n' "$hits" | sed "s|\$|    <- $rule|"
 }
 
-system_headers='unistd\.h|sys/|windows\.h|dlfcn\.h|pthread\.h|fcntl\.h|poll\.h|signal\.h|csignal|sched\.h|dirent\.h|ucontext\.h|unwind\.h|execinfo\.h|process\.h|io\.h|termios\.h'
+system_headers='unistd\.h|sys/|windows\.h|dlfcn\.h|pthread\.h|fcntl\.h|poll\.h|signal\.h|sched\.h|dirent\.h|ucontext\.h|unwind\.h|execinfo\.h|process\.h|io\.h|termios\.h'
 outside_os="platform/vizcore platform/commands include src plugins apps"
 graphics='epoxy/|EGL/|GL/|GLES'
 
