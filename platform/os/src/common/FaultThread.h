@@ -1,6 +1,8 @@
 #ifndef ORVIKOS_COMMON_FAULTTHREAD_H
 #define ORVIKOS_COMMON_FAULTTHREAD_H
 
+#include "HandlerTls.h"
+
 #include <OrvikOs/FaultHook.h>
 #include <OrvikOs/FaultScope.h>
 
@@ -24,13 +26,6 @@ struct FaultThread
     std::uintptr_t stackLow = 0; ///< First byte of the stack, just above the guard.
     bool guardOpen = false; ///< The guard was opened for an overflow and is not armed again yet.
 };
-
-#if defined(__ELF__)
-/// The variable must be reachable without allocation in a signal handler.
-#define ORVIKOS_HANDLER_TLS __attribute__((tls_model("initial-exec")))
-#else
-#define ORVIKOS_HANDLER_TLS
-#endif
 
 extern thread_local constinit FaultThread t_faultThread ORVIKOS_HANDLER_TLS;
 
