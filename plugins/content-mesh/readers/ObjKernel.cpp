@@ -218,8 +218,10 @@ LineStop readFace(ObjScan& scan, const char* line, std::size_t keyword)
             break;
         if (atContinuation(at, scan.end))
             return LineStop::Continued;
-        if (last == scan.cornerRoom)
+        if (last == scan.cornerRoom) {
+            scan.areCornersFull = true;
             return LineStop::Full;
+        }
         const char* next = readCorner(scan, at, scan.corners[last]);
         if (!next || !(atLineEnd(next, scan.end) || IsBlank(*next) || *next == '\\')) {
             note(scan.junkLines, line);

@@ -58,6 +58,7 @@ struct ObjScan
     ObjCorner* corners = nullptr;
     std::uint32_t cornerCount = 0;
     std::uint32_t cornerRoom = 0;
+    bool areCornersFull = false; ///< Set when a face did not fit: `corners` must grow.
     ObjFace* faces = nullptr;
     std::uint32_t faceCount = 0;
     std::uint32_t faceRoom = 0;

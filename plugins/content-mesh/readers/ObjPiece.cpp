@@ -156,9 +156,10 @@ void ObjPiece::makeRoom()
     m_scan.vertexRoom = grown(m_positions, m_scan.vertexCount, m_scan.vertexRoom, 3);
     m_scan.normalRoom = grown(m_normals, m_scan.normalCount, m_scan.normalRoom, 3);
     m_scan.faceRoom = grown(m_faces, m_scan.faceCount, m_scan.faceRoom, 1);
-    // A face that does not fit leaves the count as it was: three quarters full counts as full.
-    const bool cornersFull = m_scan.cornerCount >= m_scan.cornerRoom / 4 * 3;
-    m_scan.cornerRoom = grown(m_corners, cornersFull ? m_scan.cornerRoom : 0, m_scan.cornerRoom, 1);
+    // A face that does not fit is read again: the count does not show that there is no room.
+    const bool mustGrow = m_scan.areCornersFull || m_scan.cornerRoom == 0;
+    m_scan.cornerRoom = grown(m_corners, mustGrow ? m_scan.cornerRoom : 0, m_scan.cornerRoom, 1);
+    m_scan.areCornersFull = false;
     if (m_scan.colors && colorRoom < m_scan.vertexRoom)
         m_colors.Resize(std::size_t{m_scan.vertexRoom} * 4);
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <stdexcept>
 
 namespace OrvikMesh {
 
@@ -16,6 +17,8 @@ namespace {
 
 /// Bytes that are read between two questions whether to stop: about ten milliseconds.
 constexpr std::size_t kPieceBytes = 4u << 20;
+/// What a piece with one long line may have at most, so that 32 bits count what it holds.
+constexpr std::size_t kMaxPieceBytes = 1u << 30;
 /// Where the line ends are looked for.
 constexpr std::size_t kProbeBytes = 1u << 16;
 
@@ -40,8 +43,11 @@ bool ReadObjContent(const std::wstring& path, std::string_view content, const Re
     const std::string_view text = withLineFeeds(ToUtf8Text(content, storage), storage);
 
     std::deque<ObjPiece> pieces;
-    for (const std::string_view lines : CutObjText(text, kPieceBytes))
+    for (const std::string_view lines : CutObjText(text, kPieceBytes)) {
+        if (lines.size() > kMaxPieceBytes)
+            throw std::length_error("a line is too long");
         pieces.emplace_back(lines);
+    }
     OrvikOs::ParallelFor(pieces.size(), 1, [&](std::size_t begin, std::size_t end) {
         for (std::size_t i = begin; i < end; ++i) {
             PollCancel(options);
