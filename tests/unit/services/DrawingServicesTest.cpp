@@ -1,49 +1,19 @@
 #include "FakeSession.h"
 #include "FakeViews.h"
+#include "FilledConfig.h"
 #include "PluginFolder.h"
 
-#include "OrvikCore/Config.h"
-#include "OrvikCore/IConfigInitializer.h"
 #include "OrvikCore/TambViewServicesPellux.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
 #include <vector>
 
 using testing::ElementsAre;
 
 namespace {
-
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
-// Names the plugin of the view that every session makes for itself.
-class ViewConfig final : public OrvikCore::IConfigInitializer
-{
-public:
-    explicit ViewConfig(std::wstring view) : m_view(std::move(view)) {}
-
-    std::wstring GetSourceName() const override { return {}; }
-    std::wstring GetErrorText() const override { return {}; }
-    void ListSections(std::vector<std::wstring>& names, int, int) override
-    {
-        names.push_back(L"View3D");
-    }
-    void FillSection(const std::wstring&,
-                     std::vector<std::pair<std::wstring, std::wstring>>* pairs) override
-    {
-        pairs->emplace_back(L"File", L"FakeView.Plugin.dll");
-        pairs->emplace_back(L"Name", m_view);
-    }
-
-private:
-    std::wstring m_view;
-};
-
-#pragma GCC diagnostic pop
 
 // A session whose own view comes from a plugin.
 struct DrawingServices : testing::Test
@@ -51,8 +21,7 @@ struct DrawingServices : testing::Test
     FakeSession& makeSession(const std::wstring& view)
     {
         m_folder.Add("FakeView.Plugin.dll");
-        ViewConfig config(view);
-        OrvikCore::Config::Instance().Initialize(config);
+        FillConfig({{L"View3D", {{L"File", L"FakeView.Plugin.dll"}, {L"Name", view}}}});
         FakeSession& session = MakeCurrentFakeSession();
         session.m_fakeView = session.ASession::View3D();
         return session;
