@@ -88,7 +88,7 @@ public:
     /// @return true when the worker has finished this very ticket, so that the block's results may
     ///         be read; false when it has not, or never will.
     /// @thread As ExecuteJob.
-    bool ExecuteParked(JobTicket& ticket, std::shared_ptr<const void> block);
+    bool ExecuteParked(JobTicket& ticket, const std::shared_ptr<const void>& block);
 
     /// Runs a job synchronously as ExecuteJob(IJob&) does and keeps it alive until the worker has
     /// finished it.

@@ -18,8 +18,9 @@ inline constexpr char kInvalidParameterNoDetails[] =
     "Invalid parameter detected, but the details are not available";
 
 inline constexpr char kCrashFilePath[] = "/Pellux.crash";
-inline constexpr char kCrashFrame[] = "!!!!!!!!!!!!!!!!!!!!!!!!!!!!";
-inline constexpr char kCrashLine[] = "!!! terminate handler called";
+inline constexpr char kCrashMarker[] = "!!!!!!!!!!!!!!!!!!!!!!!!!!!!\n"
+                                       "!!! terminate handler called\n"
+                                       "!!!!!!!!!!!!!!!!!!!!!!!!!!!!\n";
 inline constexpr char kCrashFileNotOpened[] = "Unable to open file";
 
 inline constexpr char kOriginalControlWord[] = "Original  _controlfp_s value: 0x%.4x\n";

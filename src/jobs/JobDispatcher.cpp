@@ -221,7 +221,7 @@ void JobDispatcher::ExecuteJob(IJob& job)
     submit(ticket, nullptr);
 }
 
-bool JobDispatcher::ExecuteParked(JobTicket& ticket, std::shared_ptr<const void> block)
+bool JobDispatcher::ExecuteParked(JobTicket& ticket, const std::shared_ptr<const void>& block)
 {
     return submit(ticket, block);
 }
@@ -268,7 +268,7 @@ bool JobDispatcher::submit(JobTicket& ticket, const std::shared_ptr<const void>&
     }
 
     // 6. Deliberate: an asynchronous caller also receives the ticket that finished last.
-    // Held by JobDispatcher.AsyncCallerReceivesLastFinishedTicket.
+    // Held by JobDispatcherQueue.AsyncCallerReceivesLastFinishedTicket.
     ticket = m_lastTicket.Get()->ticket;
     if (submission == Submission::RanHere) {
         return true;
@@ -333,6 +333,8 @@ void JobDispatcher::waitForNotification(JobTicket ticket, int timeout)
     for (;;) {
         const unsigned result = OrvikOs::MsgWait(m_event, timeout, kWakeMask);
         if (result == OrvikOs::kWaitSignalled) {
+            // Deliberate: this may be the event of an earlier job that nobody has waited for.
+            // Held by JobDispatcherWait.StaleEventEndsTheNextWaitAtOnce.
             return;
         }
         if (result == OrvikOs::kWaitInput) {
@@ -347,7 +349,9 @@ void JobDispatcher::waitForNotification(JobTicket ticket, int timeout)
         if (result == OrvikOs::kWaitFailed || result == OrvikOs::kWaitAbandoned) {
             return;
         }
-        // A script, and a job that the worker has not taken, are waited for again.
+        // Deliberate: a script, and a job that the worker has not taken, are waited for again.
+        // Held by JobDispatcherWait.ScriptIsWaitedForOneTimeOutAfterAnother and
+        // JobDispatcherWait.JobStillInTheRingIsWaitedForAgain.
         const bool taken = ticket.GetJobId() == JID_EXECUTE_JOB && m_queue.IsEmpty();
         if (taken || m_terminating.load(std::memory_order_acquire)) {
             return;

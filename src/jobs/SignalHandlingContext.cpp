@@ -5,11 +5,11 @@
 #include "OrvikCore/StructuredException.h"
 
 #include <OrvikOs/DebugOutput.h>
+#include <OrvikOs/FileWriting.h>
 #include <OrvikOs/FpControl.h>
 #include <OrvikOs/Utf8.h>
 
 #include <atomic>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
@@ -74,26 +74,23 @@ std::string narrowOrEmpty(const wchar_t* text)
     throw std::invalid_argument(OrvikOs::WideToUtf8(wide));
 }
 
-/// Writes the three lines of the crash marker, each flushed.
-void writeMarker(std::FILE* file)
+/// Writes the marker line by line, flushing what the stream has kept back before it too.
+void writeMarker(std::FILE* stream)
 {
-    for (const char* line : {kCrashFrame, kCrashLine, kCrashFrame}) {
-        std::fputs(line, file);
-        std::fputc('\n', file);
-        std::fflush(file);
+    for (const char* character = kCrashMarker; *character != '\0'; ++character) {
+        std::fputc(*character, stream);
+        if (*character == '\n') {
+            std::fflush(stream);
+        }
     }
 }
 
 [[noreturn]] void onTerminate()
 {
     // The abort below must end the process, not become one more exception.
-    std::signal(SIGABRT, SIG_DFL);
-    if (std::FILE* file = std::fopen(s_crashFilePath.load(std::memory_order_acquire), "w")) {
-        writeMarker(file);
-        std::fclose(file);
-    } else {
+    OrvikOs::RestoreDefaultAbort();
+    if (!OrvikOs::WriteMarkerFile(s_crashFilePath.load(std::memory_order_acquire), kCrashMarker)) {
         std::fputs(kCrashFileNotOpened, stdout);
-        std::fflush(stdout);
     }
     writeMarker(stdout);
     writeMarker(stderr);
