@@ -1,0 +1,108 @@
+#include "common/Platform.h"
+
+#include <OrvikOs/Directory.h>
+#include <OrvikOs/ExecutablePath.h>
+#include <OrvikOs/Library.h>
+#include <OrvikOs/SystemError.h>
+
+#include <windows.h>
+
+#include <utility>
+
+namespace OrvikOs {
+
+namespace {
+
+/// Gives what to hand to the loader: a bare name becomes a path when the executable's folder has
+/// such a file.
+std::wstring locate(const std::wstring& fileName)
+{
+    if (FindLastSeparator(fileName) == std::wstring::npos) {
+        const std::wstring beside = ExecutableFolder() + kPathSeparator + fileName;
+        if (IsFile(beside)) {
+            return beside;
+        }
+    }
+    return fileName;
+}
+
+HMODULE toModule(void* handle)
+{
+    return static_cast<HMODULE>(handle);
+}
+
+} // namespace
+
+Library::Library() = default;
+
+Library::~Library()
+{
+    Close();
+}
+
+Library::Library(Library&& other) noexcept
+    : m_handle(std::exchange(other.m_handle, nullptr)),
+      m_errorCode(std::exchange(other.m_errorCode, 0u)),
+      m_errorText(std::exchange(other.m_errorText, {}))
+{
+}
+
+Library& Library::operator=(Library&& other) noexcept
+{
+    if (this != &other) {
+        Close();
+        m_handle = std::exchange(other.m_handle, nullptr);
+        m_errorCode = std::exchange(other.m_errorCode, 0u);
+        m_errorText = std::exchange(other.m_errorText, {});
+    }
+    return *this;
+}
+
+bool Library::Load(const std::wstring& fileName)
+{
+    Close();
+    m_errorCode = 0;
+    m_errorText.clear();
+    m_handle = LoadLibraryW(locate(fileName).c_str());
+    if (m_handle == nullptr) {
+        m_errorCode = GetLastError();
+        m_errorText = SystemErrorText(m_errorCode);
+        return false;
+    }
+    return true;
+}
+
+bool Library::IsLoaded() const
+{
+    return m_handle != nullptr;
+}
+
+void* Library::Symbol(const char* name) const
+{
+    return m_handle != nullptr ? reinterpret_cast<void*>(GetProcAddress(toModule(m_handle), name))
+                               : nullptr;
+}
+
+unsigned Library::ErrorCode() const
+{
+    return m_errorCode;
+}
+
+const std::wstring& Library::ErrorText() const
+{
+    return m_errorText;
+}
+
+void Library::Detach()
+{
+    m_handle = nullptr;
+}
+
+void Library::Close()
+{
+    if (m_handle != nullptr) {
+        FreeLibrary(toModule(std::exchange(m_handle, nullptr)));
+    }
+}
+
+} // namespace OrvikOs
