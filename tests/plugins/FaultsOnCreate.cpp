@@ -1,10 +1,10 @@
-// A plugin whose CreatePlugin writes through a null pointer.
+// A plugin whose CreatePlugin writes to an address without memory.
 #include "LoggingFactory.h"
 
 namespace {
 
-/// An address that the compiler knows nothing about.
-int* volatile g_nowhere = nullptr;
+/// An address at which there is nothing, and of which the compiler knows nothing.
+int* volatile g_nowhere = reinterpret_cast<int*>(16);
 
 } // namespace
 
