@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <csignal>
 #include <functional>
 #include <stdexcept>
 #include <string>

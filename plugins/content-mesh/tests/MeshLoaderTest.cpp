@@ -1,0 +1,144 @@
+#include "content/MeshLoader.h"
+
+#include "Models.h"
+#include "content/MeshContent.h"
+
+#include "OrvikCore/Document.h"
+
+#include <TambCommandsInfra/CancelToken.h>
+#include <TambCommandsInfra/Progress.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using OrvikCore::Document;
+using OrvikMesh::MeshContent;
+using OrvikMesh::MeshLoader;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::IsEmpty;
+
+namespace {
+
+class MeshLoaderTest : public testing::Test
+{
+protected:
+    const MeshContent& contentAt(std::size_t i) const
+    {
+        return dynamic_cast<const MeshContent&>(*m_document.GetContentList().at(i));
+    }
+
+    TempFolder m_folder;
+    Document m_document{nullptr};
+    MeshLoader m_loader{MeshLoader::Mode::Load};
+};
+
+} // namespace
+
+TEST_F(MeshLoaderTest, NamesItsTypeAndExtensions)
+{
+    EXPECT_EQ(m_loader.TypeName(), "OrvikMesh::MeshLoader");
+    EXPECT_FALSE(m_loader.IsImporter());
+    EXPECT_TRUE(m_loader.CanLoad(L"STL"));
+    EXPECT_TRUE(m_loader.CanLoad(L"OBJ"));
+    EXPECT_FALSE(m_loader.CanLoad(L"STP"));
+}
+
+TEST_F(MeshLoaderTest, ImporterIsOneAndReadsTheSame)
+{
+    const MeshLoader importer(MeshLoader::Mode::Import);
+
+    EXPECT_EQ(importer.TypeName(), "OrvikMesh::MeshImporter");
+    EXPECT_TRUE(importer.IsImporter());
+    EXPECT_TRUE(importer.CanLoad(L"STL"));
+}
+
+TEST_F(MeshLoaderTest, AddsAContentForTheFile)
+{
+    m_loader.Load(m_folder.Write("cube.stl", BinaryStl(Cube())), m_document);
+
+    ASSERT_EQ(m_document.GetContentList().size(), 1u);
+    EXPECT_EQ(contentAt(0).Model()->bodies[0]->Name(), L"cube");
+    EXPECT_EQ(contentAt(0).Model()->bodies[0]->TriangleCount(), 12u);
+    EXPECT_EQ(m_loader.GetErrorMessage(), L"");
+    EXPECT_THAT(m_loader.GetWarningMessages(), IsEmpty());
+}
+
+TEST_F(MeshLoaderTest, ReadsAnyCaseOfTheExtension)
+{
+    m_loader.Load(m_folder.Write("CUBE.Stl", BinaryStl(Cube())), m_document);
+
+    EXPECT_EQ(m_document.GetContentList().size(), 1u);
+}
+
+TEST_F(MeshLoaderTest, SmallModelsHaveTheirEdgesFromTheStart)
+{
+    m_loader.Load(m_folder.Write("cube.stl", BinaryStl(Cube())), m_document);
+
+    EXPECT_EQ(contentAt(0).Model()->bodies[0]->Present()->SegmentCount(), 12u);
+}
+
+TEST_F(MeshLoaderTest, LargeModelsGetTheirEdgesOnFirstUse)
+{
+    m_loader.Load(m_folder.Write("torus.stl", BinaryStl(Torus(60000))), m_document);
+
+    EXPECT_TRUE(contentAt(0).Model()->bodies[0]->Present()->Parts().empty());
+}
+
+TEST_F(MeshLoaderTest, EachContentOfADocumentHasItsOwnNumber)
+{
+    const std::wstring path = m_folder.Write("cube.stl", BinaryStl(Cube()));
+
+    m_loader.Load(path, m_document);
+    m_loader.Load(path, m_document);
+
+    EXPECT_EQ(contentAt(0).Model()->number, 1u);
+    EXPECT_EQ(contentAt(1).Model()->number, 2u);
+}
+
+TEST_F(MeshLoaderTest, FileThatCannotBeReadLeavesAnErrorAndTheDocumentAsItWas)
+{
+    m_loader.Load(m_folder.Write("cube.stl", BinaryStl(Cube())), m_document);
+
+    m_loader.Load(m_folder.Write("empty.stl", ""), m_document);
+
+    EXPECT_THAT(m_loader.GetErrorMessage(), EndsWith(L"empty.stl: the file is empty"));
+    EXPECT_EQ(m_document.GetContentList().size(), 1u);
+}
+
+TEST_F(MeshLoaderTest, WarningsAreHandedOn)
+{
+    const std::wstring path = m_folder.Write("cube.stl", BinaryStl(Cube(), 10));
+
+    m_loader.Load(path, m_document);
+
+    EXPECT_THAT(m_loader.GetWarningMessages(),
+                ElementsAre(path + L": byte 80: the header announces 10 triangles; bytes after "
+                                   L"them, left out: 100"));
+}
+
+TEST_F(MeshLoaderTest, RunningJobCanBeCancelled)
+{
+    TambCommandsInfra::CancelToken& token = TambCommandsInfra::CancelToken::Instance();
+    const TambCommandsInfra::CancelScope job(token, token.NextJobNumber());
+    token.CancelCurrent();
+
+    m_loader.Load(m_folder.Write("cube.stl", BinaryStl(Cube())), m_document);
+
+    EXPECT_THAT(m_loader.GetErrorMessage(), EndsWith(L"cube.stl: reading was cancelled"));
+    EXPECT_TRUE(m_document.GetContentList().empty());
+}
+
+TEST_F(MeshLoaderTest, ProgressNamesTheFileAndEnds)
+{
+    std::vector<TambCommandsInfra::ProgressReport> reports;
+    TambCommandsInfra::Progress::Instance().SetObserver(
+        [&](const TambCommandsInfra::ProgressReport& report) { reports.push_back(report); });
+
+    m_loader.Load(m_folder.Write("cube.stl", BinaryStl(Cube())), m_document);
+    TambCommandsInfra::Progress::Instance().SetObserver(nullptr);
+
+    ASSERT_GE(reports.size(), 2u);
+    EXPECT_EQ(reports.front().phase, L"Reading cube.stl");
+    EXPECT_TRUE(reports.back().isFinished);
+}
