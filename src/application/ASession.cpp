@@ -173,7 +173,9 @@ void ASession::PrintMessage(const std::wstring& text, const MessageType& type)
     if (text.empty()) {
         return;
     }
-    for (IOutputListener* listener : *m_outputListeners.Get()) {
+    // Kept for the whole loop: the list may be replaced meanwhile.
+    const auto listeners = m_outputListeners.Get();
+    for (IOutputListener* listener : *listeners) {
         listener->PrintMessage(text, type);
     }
     m_lastMessage.Set(text);
@@ -186,14 +188,18 @@ void ASession::GetLastMessage(std::wstring& text) const
 
 void ASession::ClearOutput()
 {
-    for (IOutputListener* listener : *m_outputListeners.Get()) {
+    // Kept for the whole loop: the list may be replaced meanwhile.
+    const auto listeners = m_outputListeners.Get();
+    for (IOutputListener* listener : *listeners) {
         listener->ClearOutput();
     }
 }
 
 void ASession::ShowToolTip(const std::wstring& text)
 {
-    for (IOutputListener* listener : *m_outputListeners.Get()) {
+    // Kept for the whole loop: the list may be replaced meanwhile.
+    const auto listeners = m_outputListeners.Get();
+    for (IOutputListener* listener : *listeners) {
         listener->ShowToolTip(text);
     }
 }
