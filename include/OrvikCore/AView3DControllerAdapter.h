@@ -59,7 +59,7 @@ protected:
     /// Shows, moves or hides the rubber band.
     ///
     /// Deliberate: but for the end of a drag nothing happens unless the job dispatcher is busy.
-    /// Held by AView3DControllerAdapter.DragDoesNothingWhileTheDispatcherIsIdle.
+    /// Held by AView3DControllerAdapterDrag.DoesNothingWhileTheDispatcherIsIdle.
     virtual void drag(ViewOpDrag* op);
 
     /// @return the camera of the session's view; not owned.

@@ -119,7 +119,7 @@ void Controller::EnableAllEvents()
 void Controller::DisableAllEvents()
 {
     // Deliberate: without looking at what is disabled already, so that a type may be there twice.
-    // Held by Controller.OneEnablingUndoesRepeatedDisabling.
+    // Held by ControllerTest.OneEnablingUndoesRepeatedDisabling.
     m_disabledEvents.insert(m_disabledEvents.end(),
                             {EventArgsType::MouseEventArgs, EventArgsType::MouseButtonEventArgs,
                              EventArgsType::MouseClickEventArgs, EventArgsType::MouseWheelEventArgs,
@@ -155,7 +155,7 @@ bool Controller::HandleWindowEvent(MouseWheelEventArgs* event)
     }
     convert(event);
     // Deliberate: true whatever the strategy answered.
-    // Held by Controller.WheelEventGivesTrueWithoutAnOperation.
+    // Held by ControllerTest.WheelEventGivesTrueWithoutAnOperation.
     return true;
 }
 
@@ -290,7 +290,7 @@ template <typename Event> bool Controller::convert(Event* event)
 template <typename Event> bool Controller::handleMouseEvent(Event* event)
 {
     // Deliberate: positions are tracked while the event is disabled.
-    // Held by Controller.DisabledMouseEventsStillShiftThePositions.
+    // Held by ControllerTest.DisabledMouseEventsStillShiftThePositions.
     setPositions(event);
     if (!isEventEnabled(event) || !isValidRequest(event)) {
         return false;

@@ -105,7 +105,7 @@ void ACamera::SetCamera(float* eye, float* target, float* up)
         return;
     }
     // Deliberate: an up vector that leans forward, however far, is kept as it is.
-    // Held by ACamera.UpLeaningForwardIsKept and ACamera.UpLeaningBackIsStraightened.
+    // Held by ACameraTest.UpLeaningForwardIsKept and ACameraTest.UpLeaningBackIsStraightened.
     if (dotProduct < kLeansBack) {
         float side[3];
         TambVizCore::CrossProduct(direction, up, side);

@@ -110,7 +110,7 @@ void ACamera::animateCamera(float* newEye, float* newTarget, float* newUp)
     TambVizCore::Subtract(newTarget, newEye, newDir);
     const float curDist = TambVizCore::Length(curDir);
     // Deliberate: a twentieth, also when the move is made in two halves of ten steps.
-    // Held by ACamera.HalvesOfAReversalCoverHalfTheDistance.
+    // Held by ACameraOpposedTurns.CoverHalfTheDistanceInEachHalf.
     const float distStep = (TambVizCore::Length(newDir) - curDist) / static_cast<float>(kSteps);
     TambVizCore::Normalize(curDir);
     TambVizCore::Normalize(newDir);

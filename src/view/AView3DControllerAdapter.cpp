@@ -131,7 +131,7 @@ void AView3DControllerAdapter::hitTestPlain(ASession& session,
         return;
     }
     // Deliberate: selected from the last to the first, beside what is selected already.
-    // Held by AView3DControllerAdapter.HoverOverSeveralItemsSelectsThemFromLastToFirst.
+    // Held by AView3DControllerAdapterHover.OverSeveralItemsSelectsThemFromLastToFirst.
     for (auto id = ids.rbegin(); id != ids.rend(); ++id) {
         session.Select(*id);
     }
@@ -201,7 +201,7 @@ void AView3DControllerAdapter::pickEntity(ViewOpRayPick& op, ASession& session,
     }
     if (echo) {
         // Deliberate: a miss is echoed too.
-        // Held by AView3DControllerAdapter.MissIsEchoedAndForgetsWhatWasPicked.
+        // Held by AView3DControllerAdapterPick.MissIsEchoedAndForgetsWhatWasPicked.
         echoPick(session, entity, ray, message);
     }
     if (!isFound) {
@@ -238,7 +238,7 @@ void AView3DControllerAdapter::drag(ViewOpDrag* op)
     }
     const IViewOpState state = op->State();
     // Deliberate: the band follows the pointer only while the dispatcher is busy.
-    // Held by AView3DControllerAdapter.DragDoesNothingWhileTheDispatcherIsIdle.
+    // Held by AView3DControllerAdapterDrag.DoesNothingWhileTheDispatcherIsIdle.
     if (state != IViewOpState::End && !JobDispatcher::Instance().IsBusy()) {
         return;
     }
@@ -276,7 +276,7 @@ void AView3DControllerAdapter::moveRayRootOutsideModel(TambVizCore::Ray& ray)
     float toCenter[3];
     TambVizCore::Subtract(m_view->GetGeometryCenter(), ray.Origin(), toCenter);
     // Deliberate: from inside, the origin moves back by the diameter and forward by the direction.
-    // Held by AView3DControllerAdapter.PickFromInsideTheModelStartsOutside.
+    // Held by AView3DControllerAdapterPick.FromInsideTheModelStartsOutside.
     float scale = 0.0f;
     if (radius > TambVizCore::Length(toCenter)) {
         scale = 1.0f - 2.0f * radius / TambVizCore::Length(direction);
