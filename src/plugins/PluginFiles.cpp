@@ -21,7 +21,7 @@ std::vector<std::wstring> FindPluginFiles(const wchar_t* foreignWord,
     constexpr std::wstring_view kExtension = L".dll";
     const std::wstring folder = Utils::GetExePath();
     std::vector<OrvikOs::DirectoryEntry> entries;
-    OrvikOs::ListDirectory(folder, entries);
+    OrvikOs::ListDirectory(folder, entries); // Nothing where the folder cannot be read.
     std::vector<std::wstring> files;
     for (const OrvikOs::DirectoryEntry& entry : entries) {
         const std::wstring& name = entry.name;
@@ -29,7 +29,7 @@ std::vector<std::wstring> FindPluginFiles(const wchar_t* foreignWord,
                               name.find(L"Plugin") != std::wstring::npos &&
                               name.find(foreignWord) == std::wstring::npos;
         if (isPlugin && std::find(excluded.begin(), excluded.end(), name) == excluded.end()) {
-            files.push_back(folder + L"/" + name);
+            files.push_back(std::wstring(folder).append(L"/").append(name));
         }
     }
     return files;

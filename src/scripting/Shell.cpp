@@ -127,19 +127,17 @@ void Shell::loadScriptEngine(ShellState& state)
 
 void Shell::init(ShellState& state)
 {
-    /// Initialised also when something passes on to the dispatcher.
-    struct SetInitialized
-    {
-        ~SetInitialized() { flag.store(true, std::memory_order_release); }
-        std::atomic<bool>& flag;
-    };
-    const SetInitialized setInitialized{state.initialized};
     try {
         state.engine.load(std::memory_order_acquire)->Initialize(InitializeScriptPlugins);
     } catch (const std::exception& error) {
         state.startupLoadOk.store(false, std::memory_order_release);
         state.errorText.Set(Utils::Char2Wchar(error.what()));
+    } catch (...) {
+        // The dispatcher reports it; the initialisation has run all the same.
+        state.initialized.store(true, std::memory_order_release);
+        throw;
     }
+    state.initialized.store(true, std::memory_order_release);
 }
 
 void Shell::terminate(ShellState& state)

@@ -1,10 +1,10 @@
-// An engine that writes through a null pointer while it is destroyed.
+// An engine that writes to an address without memory while it is destroyed.
 #include "FakeScriptEngine.h"
 
 namespace {
 
-/// An address that the compiler knows nothing about.
-int* volatile g_nowhere = nullptr;
+/// An address at which there is nothing, and of which the compiler knows nothing.
+int* volatile g_nowhere = reinterpret_cast<int*>(16);
 
 class EngineThatFaults : public FakeScriptEngine
 {

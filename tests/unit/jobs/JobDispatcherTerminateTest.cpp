@@ -4,6 +4,9 @@
 
 #include <OrvikOs/Thread.h>
 
+#include <signal.h>
+
+#include <atomic>
 #include <cstdio>
 #include <thread>
 
@@ -151,6 +154,29 @@ TEST_F(JobDispatcherTerminate, EventIsSetInTheSecondPass)
     EXPECT_EQ(textAtPause[1].substr(0, head.size()), head);
     EXPECT_TRUE(textAtPause[1].ends_with("]\n"));
     EXPECT_EQ(textAtPause[9], textAtPause[1]);
+}
+
+TEST_F(JobDispatcherTerminate, WorkerThatDoesNotAnswerIsGivenUp)
+{
+    auto& started = *new std::atomic<bool>{false};
+    auto& endless = *new FunctionJob([&started] { // Neither is deleted: the worker uses them.
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_BLOCK, &all, nullptr);
+        started = true;
+        while (started) {
+            OrvikOs::YieldThread();
+        }
+        return true;
+    });
+    submit(endless);
+    waitUntil([&started] { return started.load(); });
+    sleeper().DoNotWaitForWorker();
+
+    dispatcher().Terminate();
+
+    const std::string text = debugOutput().Text();
+    EXPECT_TRUE(text.ends_with("    Terminating worker thread...\n... FAILED\n")) << text;
 }
 
 TEST_F(JobDispatcherTerminate, CallFromAnotherThreadIsAssertedAndDoesNotPause)

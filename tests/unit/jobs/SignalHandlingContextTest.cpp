@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
+#include <cstdlib>
 #include <functional>
 #include <stdexcept>
 #include <string>

@@ -1,4 +1,6 @@
 // Recording single libraries.
+#include <TambCommandsInfra/ProtectSignalHandlingContext.h>
+
 #include "PluginsFixture.h"
 
 #include "OrvikCore/APluginFactory.h"
@@ -222,6 +224,25 @@ TEST_F(PluginManager, OddExceptionOfCreatePluginIsUnexpected)
     EXPECT_EQ(load(file), nullptr);
 
     EXPECT_EQ(m_errorText, L"Cannot load " + file + L" plugin : unexpected error");
+}
+
+TEST_F(PluginManager, MachineFaultOfCreatePluginIsAnErrorInsideAProtectionScope)
+{
+    listen();
+    m_folder.Add("FaultsOnCreate.Plugin.dll");
+    m_folder.Add("Good.Plugin.dll");
+
+    {
+        const TambCommandsInfra::ProtectSignalHandlingContext protection;
+        manager().LoadPlugins(L"Plugins");
+    }
+
+    ASSERT_EQ(errors().size(), 1u);
+    EXPECT_EQ(errors()[0].rfind(L"Cannot load " + m_folder.FileName("FaultsOnCreate.Plugin.dll") +
+                                    L" plugin : Unhandled Exception",
+                                0),
+              0u);
+    EXPECT_GE(manager().FindPluginByName(L"Good"), 0);
 }
 
 TEST_F(PluginManager, ExceptionOfGetPluginTypeLeavesNoRecord)

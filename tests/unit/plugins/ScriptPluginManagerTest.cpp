@@ -330,6 +330,21 @@ TEST_F(ScriptPluginManager, InitializeReportsAnOddException)
               (Texts{L"Unrecognized Exception in Initialize() in " + lower(file) + L"\n"}));
 }
 
+TEST_F(ScriptPluginManager, InitializeReportsALibraryWhoseFactoryCannotBeMade)
+{
+    const std::wstring file = m_folder.Add("ScriptThrowsOnRegister.Plugin.dll");
+    loadScript(file);
+    loadScript(m_folder.Add("ScriptGood.Plugin.dll"));
+    listen();
+
+    EXPECT_TRUE(scriptManager().Initialize(nullptr));
+
+    EXPECT_EQ(errors(), (Texts{L"initializing : " + lower(file) +
+                               L"... failed :\nno licence\nContinuing..."}));
+    ASSERT_EQ(factories().size(), 1u);
+    EXPECT_TRUE(factories()[0]->IsInitialized());
+}
+
 TEST_F(ScriptPluginManager, InitializeForgetsTheErrorsOfTheTimeBefore)
 {
     loadScript(m_folder.Add("ScriptThrowsOnDescribe.Plugin.dll"));
