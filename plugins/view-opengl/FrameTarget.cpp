@@ -17,6 +17,16 @@ GlRenderbuffer makeStorage(GLenum format, int samples, int width, int height)
     return GlRenderbuffer(name);
 }
 
+/// @return true when there was none.
+bool dropErrors()
+{
+    bool none = true;
+    // A lost context may report without end.
+    for (int i = 0; i < 8 && glGetError() != GL_NO_ERROR; ++i)
+        none = false;
+    return none;
+}
+
 } // namespace
 
 bool FrameTarget::Bind(int width, int height, int samples)
@@ -41,6 +51,7 @@ bool FrameTarget::Bind(int width, int height, int samples)
 
 bool FrameTarget::make(Surface& surface, int samples)
 {
+    dropErrors();
     surface.color = makeStorage(GL_RGBA8, samples, m_width, m_height);
     surface.depth = makeStorage(GL_DEPTH_COMPONENT24, samples, m_width, m_height);
     GLuint name = 0;
@@ -51,8 +62,8 @@ bool FrameTarget::make(Surface& surface, int samples)
                               surface.color.Get());
     glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER,
                               surface.depth.Get());
-    return glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE &&
-           glGetError() == GL_NO_ERROR;
+    const bool complete = glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE;
+    return dropErrors() && complete;
 }
 
 void FrameTarget::Read(TambVizCore::Image& image)

@@ -1,5 +1,8 @@
 #include "GlContext.h"
 
+#include <OrvikOs/Library.h>
+#include <TambVizCore/Utils.h>
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -18,6 +21,7 @@ struct GlContext::Handles
 
 struct GlContext::Current::Previous
 {
+    EGLenum api = EGL_OPENGL_API;
     EGLDisplay display = EGL_NO_DISPLAY;
     EGLContext context = EGL_NO_CONTEXT;
     EGLSurface draw = EGL_NO_SURFACE;
@@ -87,6 +91,18 @@ EGLContext createContext(EGLDisplay display)
     return EGL_NO_CONTEXT;
 }
 
+/// epoxy ends the process when it misses a library, so it is looked for before its first call.
+bool hasLibrary(const wchar_t* name, std::string& errorText)
+{
+    OrvikOs::Library library;
+    if (!library.Load(name)) {
+        errorText = TambVizCore::Utils::WstringToString(library.ErrorText());
+        return false;
+    }
+    library.Detach(); // stays loaded for the life of the process
+    return true;
+}
+
 std::string glText(GLenum name)
 {
     const auto* const text = reinterpret_cast<const char*>(glGetString(name));
@@ -97,6 +113,8 @@ std::string glText(GLenum name)
 
 std::unique_ptr<GlContext> GlContext::Create(std::string& errorText)
 {
+    if (!hasLibrary(L"libEGL.so.1", errorText) || !hasLibrary(L"libGL.so.1", errorText))
+        return nullptr;
     for (const bool hardware : {true, false}) {
         std::unique_ptr<GlContext> context(new GlContext);
         if (context->open(hardware, errorText))
@@ -161,25 +179,27 @@ void GlContext::describe()
 
 GlContext::Current::Current(GlContext& context) : m_previous(std::make_unique<Previous>())
 {
+    // What is current is kept for each API; ours is OpenGL.
+    m_previous->api = eglQueryAPI();
     m_previous->display = eglGetCurrentDisplay();
     m_previous->context = eglGetCurrentContext();
     m_previous->draw = eglGetCurrentSurface(EGL_DRAW);
     m_previous->read = eglGetCurrentSurface(EGL_READ);
     const Handles& own = *context.m_handles;
     m_isCurrent =
+        eglBindAPI(EGL_OPENGL_API) == EGL_TRUE &&
         eglMakeCurrent(own.display, EGL_NO_SURFACE, EGL_NO_SURFACE, own.context) == EGL_TRUE;
 }
 
 GlContext::Current::~Current()
 {
-    if (m_previous->context != EGL_NO_CONTEXT) {
+    EGLDisplay own = eglGetCurrentDisplay();
+    if (m_isCurrent && own != EGL_NO_DISPLAY)
+        eglMakeCurrent(own, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+    eglBindAPI(m_previous->api);
+    if (m_previous->context != EGL_NO_CONTEXT)
         eglMakeCurrent(m_previous->display, m_previous->draw, m_previous->read,
                        m_previous->context);
-        return;
-    }
-    EGLDisplay own = eglGetCurrentDisplay();
-    if (own != EGL_NO_DISPLAY)
-        eglMakeCurrent(own, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
 }
 
 } // namespace ViewOpenGl

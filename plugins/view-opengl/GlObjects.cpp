@@ -43,6 +43,13 @@ GlBuffer MakeBuffer(GLenum target, const void* data, std::size_t bytes)
     return GlBuffer(name);
 }
 
+void WriteBuffer(GLenum target, const GlBuffer& buffer, std::size_t offset, const void* data,
+                 std::size_t bytes)
+{
+    glBindBuffer(target, buffer.Get());
+    glBufferSubData(target, static_cast<GLintptr>(offset), static_cast<GLsizeiptr>(bytes), data);
+}
+
 GlVertexArray MakeVertexArray()
 {
     GLuint name = 0;

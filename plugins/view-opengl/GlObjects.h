@@ -53,6 +53,11 @@ using GlProgram = GlName<&DeleteProgram>;
 
 /// Makes a buffer that never changes; no name for no bytes.
 GlBuffer MakeBuffer(GLenum target, const void* data, std::size_t bytes);
+
+/// Writes a part of a buffer anew.
+void WriteBuffer(GLenum target, const GlBuffer& buffer, std::size_t offset, const void* data,
+                 std::size_t bytes);
+
 GlVertexArray MakeVertexArray();
 
 /// Makes a texture over a buffer, so that a shader reads it by index.

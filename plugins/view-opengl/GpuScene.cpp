@@ -7,6 +7,7 @@
 #include <TambVizCore/PartState.h>
 
 #include <algorithm>
+#include <span>
 #include <vector>
 
 namespace ViewOpenGl {
@@ -39,6 +40,15 @@ GpuPrimitives uploadPrimitives(const TambVizCore::SharedArray<std::uint32_t>& in
     return primitives;
 }
 
+bool hasTransparency(const TambVizCore::SharedArray<std::uint8_t>& colors)
+{
+    for (std::size_t i = 3; i < colors.Size(); i += 4) {
+        if (colors[i] != 255)
+            return true;
+    }
+    return false;
+}
+
 void uploadGeometry(const TambVizCore::Geometry& geometry, GpuGeometry& gpu)
 {
     gpu.vertexArray = MakeVertexArray();
@@ -48,6 +58,7 @@ void uploadGeometry(const TambVizCore::Geometry& geometry, GpuGeometry& gpu)
     gpu.normals = upload(GL_ARRAY_BUFFER, geometry.Normals());
     attach(gpu.normals, kNormalLocation, 3, GL_FLOAT, GL_FALSE);
     gpu.colors = upload(GL_ARRAY_BUFFER, geometry.Colors());
+    gpu.hasTransparentColors = hasTransparency(geometry.Colors());
     attach(gpu.colors, kColorLocation, 4, GL_UNSIGNED_BYTE, GL_TRUE);
     gpu.primitives[PrimitiveSlot(PartKind::Face)] = uploadPrimitives(geometry.Triangles());
     gpu.primitives[PrimitiveSlot(PartKind::Edge)] = uploadPrimitives(geometry.Segments());
@@ -70,9 +81,20 @@ std::vector<std::uint32_t> partIndices(const TambVizCore::Geometry& geometry, Pa
     return indices;
 }
 
-bool isPlain(const PartState& state)
+/// Looks at all states; a hundred thousand take some ten microseconds.
+void summarize(std::span<const PartState> states, GpuNode& gpu)
 {
-    return state.flags == PartState::kShown;
+    std::uint32_t all = PartState::kShown;
+    std::uint32_t any = 0;
+    bool transparent = false;
+    for (const PartState& state : states) {
+        all &= state.flags;
+        any |= state.flags;
+        transparent |= state.Has(PartState::kColored) && state.color.a != 255;
+    }
+    gpu.hasHiddenParts = (all & PartState::kShown) == 0;
+    gpu.hasTransparentParts = transparent;
+    gpu.needsParts = gpu.hasHiddenParts || (any & ~PartState::kShown) != 0;
 }
 
 } // namespace
@@ -105,17 +127,27 @@ GpuGeometry& GpuScene::Geometry(const GeoNode& node)
     return gpu;
 }
 
-GpuNode& GpuScene::Node(const GeoNode& node)
+GpuNode& GpuScene::Node(GeoNode& node)
 {
     GpuNode& gpu = m_nodes[&node];
     gpu.frame = m_frame;
-    if (gpu.partsStamp == node.Stamps().parts && gpu.geometry == node.GetGeometry().get())
+    const TambVizCore::NodeStamps& stamps = node.Stamps();
+    const bool isNew = gpu.structureStamp != stamps.structure;
+    if (!isNew && gpu.partsStamp == stamps.parts)
         return gpu;
-    gpu.partsStamp = node.Stamps().parts;
-    gpu.geometry = node.GetGeometry().get();
-    const auto states = node.PartStates();
-    gpu.needsParts = !std::all_of(states.begin(), states.end(), isPlain);
-    if (gpu.needsParts) {
+    gpu.structureStamp = stamps.structure;
+    gpu.partsStamp = stamps.parts;
+    const TambVizCore::PartRange changed = node.TakeChangedParts();
+    const std::span<const PartState> states = node.PartStates();
+    summarize(states, gpu);
+    if (isNew) {
+        gpu.texture = GlTexture();
+        gpu.states = GlBuffer();
+    }
+    if (gpu.states) {
+        WriteBuffer(GL_TEXTURE_BUFFER, gpu.states, changed.first * sizeof(PartState),
+                    states.data() + changed.first, changed.count * sizeof(PartState));
+    } else if (gpu.needsParts) {
         gpu.states = MakeBuffer(GL_TEXTURE_BUFFER, states.data(), states.size_bytes());
         gpu.texture = MakeBufferTexture(gpu.states, GL_RG32UI);
     }

@@ -7,8 +7,8 @@
 
 #include <array>
 #include <cstdint>
-#include <map>
 #include <memory>
+#include <unordered_map>
 
 namespace TambVizCore {
 class GeoNode;
@@ -32,18 +32,21 @@ struct GpuGeometry
     std::weak_ptr<const TambVizCore::Geometry> source;
     GlVertexArray vertexArray;
     GlBuffer positions, normals, colors;
+    bool hasTransparentColors = false;       ///< Some vertex has a colour that is not opaque.
     std::array<GpuPrimitives, 3> primitives; ///< Triangles, segments, points.
 };
 
 /// The part states of one node in graphics memory.
 struct GpuNode
 {
-    std::uint64_t partsStamp = ~std::uint64_t{0};    ///< Stamp of what was uploaded.
-    const TambVizCore::Geometry* geometry = nullptr; ///< Not owned; only compared.
-    bool needsParts = false;                         ///< Some part is not plain and shown.
-    GlBuffer states;
-    GlTexture texture;
-    std::uint64_t frame = 0; ///< Last frame that drew it.
+    std::uint64_t partsStamp = ~std::uint64_t{0}; ///< Stamps of what was uploaded.
+    std::uint64_t structureStamp = ~std::uint64_t{0};
+    bool needsParts = false;          ///< Some part is not plain and shown.
+    bool hasHiddenParts = false;      ///< Whoever looks through the gap sees backs.
+    bool hasTransparentParts = false; ///< Some part has a colour that is not opaque.
+    GlBuffer states;                  ///< One record per part; made when first needed.
+    GlTexture texture;                ///< Over states.
+    std::uint64_t frame = 0;          ///< Last frame that drew it.
 };
 
 /// What the view keeps in graphics memory: uploaded once, dropped when the scene lets go of it. The
@@ -57,21 +60,29 @@ public:
     /// Forgets geometries that nobody holds any more and nodes that this frame did not draw.
     void EndFrame();
 
-    /// @return the geometry of a node in graphics memory, uploaded where needed.
+    /// @return the geometry of a node in graphics memory, uploaded where needed; valid until
+    ///         EndFrame.
     GpuGeometry& Geometry(const TambVizCore::GeoNode& node);
 
-    /// @return the part states of a node, brought up to date.
-    GpuNode& Node(const TambVizCore::GeoNode& node);
+    /// @return the part states of a node, brought up to date: only what changed is written. Valid
+    ///         until EndFrame.
+    GpuNode& Node(TambVizCore::GeoNode& node);
 
-    /// @return the texture that tells the part of each primitive of a kind.
+    /// @return the texture that tells the part of each primitive of a kind, made when first asked
+    ///         for.
     const GlTexture& PartOfPrimitive(const TambVizCore::GeoNode& node, TambVizCore::PartKind kind);
 
     /// Forgets everything.
     void Clear();
 
+    /// @return how many geometries and nodes are kept.
+    std::size_t GeometryCount() const { return m_geometries.size(); }
+    std::size_t NodeCount() const { return m_nodes.size(); }
+
 private:
-    std::map<const TambVizCore::Geometry*, GpuGeometry> m_geometries;
-    std::map<const TambVizCore::GeoNode*, GpuNode> m_nodes;
+    std::unordered_map<const TambVizCore::Geometry*, GpuGeometry> m_geometries;
+    /// A new node at the place of a deleted one is told apart by its stamps.
+    std::unordered_map<const TambVizCore::GeoNode*, GpuNode> m_nodes;
     std::uint64_t m_frame = 0;
 };
 

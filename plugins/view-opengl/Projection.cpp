@@ -13,6 +13,9 @@ namespace {
 /// 24 bits useful.
 constexpr double kNearestShare = 1e-3;
 
+/// Keeps the matrix finite where the eye is on the target or the opening angle is 0.
+constexpr double kLeastHeight = 1e-30;
+
 double dot(const double* a, const double* b)
 {
     return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
@@ -69,10 +72,24 @@ void writePerspective(double tangent, double aspect, double nearest, double fart
     m[14] = static_cast<float>(-2.0 * farthest * nearest / (farthest - nearest));
 }
 
+/// The share of the depths by which they are widened, so that rounding cuts nothing off, and the
+/// pixels that lines and points may come forward.
+constexpr double kDepthMargin = 0.01;
+constexpr double kDepthMarginPixels = 4.0;
+
+double nearestOf(const TambVizCore::VizBox& box)
+{
+    return -box.Hi()[2];
+}
+
+double farthestOf(const TambVizCore::VizBox& box)
+{
+    return -box.Lo()[2];
+}
+
 } // namespace
 
-Projection MakeProjection(OrvikCore::ACamera& camera, int width, int height,
-                          const TambVizCore::VizBox& scene)
+Projection MakeProjection(OrvikCore::ACamera& camera, int width, int height)
 {
     Projection result;
     result.orthographic = camera.IsOrthographic();
@@ -80,11 +97,12 @@ Projection MakeProjection(OrvikCore::ACamera& camera, int width, int height,
     float targetF[3];
     float upF[3];
     camera.GetCamera(eyeF, targetF, upF);
+    double eye[3];
     double forward[3];
     double up[3];
     for (int i = 0; i < 3; ++i) {
-        result.eye[i] = eyeF[i];
-        forward[i] = static_cast<double>(targetF[i]) - static_cast<double>(eyeF[i]);
+        eye[i] = eyeF[i];
+        forward[i] = static_cast<double>(targetF[i]) - eye[i];
         up[i] = upF[i];
     }
     const double distance = std::sqrt(dot(forward, forward));
@@ -93,27 +111,49 @@ Projection MakeProjection(OrvikCore::ACamera& camera, int width, int height,
     cross(forward, up, right);
     normalize(right);
     cross(right, forward, up);
-    writeView(right, up, forward, result.eye, result.view);
-
-    float centerF[3];
-    scene.GetCenter(centerF);
-    const double toCenter[3] = {centerF[0] - result.eye[0], centerF[1] - result.eye[1],
-                                centerF[2] - result.eye[2]};
-    const double radius = std::max(scene.Radius() * 1.01, distance * 1e-6);
-    double nearest = dot(toCenter, forward) - radius;
-    double farthest = dot(toCenter, forward) + radius;
+    writeView(right, up, forward, eye, result.view);
     const double tangent = std::tan(static_cast<double>(camera.GetFieldOfViewRadians()) / 2.0);
-    const double aspect = static_cast<double>(width) / static_cast<double>(height);
-    if (result.orthographic) {
-        const double halfHeight = std::max(distance * tangent, 1e-30);
-        writeOrthographic(halfHeight * aspect, halfHeight, nearest, farthest, result.projection);
-    } else {
-        farthest = std::max(farthest, distance * 1e-3);
-        nearest = std::max(nearest, farthest * kNearestShare);
-        farthest = std::max(farthest, nearest * 1.001);
-        writePerspective(tangent, aspect, nearest, farthest, result.projection);
-    }
+    result.halfHeight = std::max(result.orthographic ? distance * tangent : tangent, kLeastHeight);
+    result.aspect = static_cast<double>(width) / static_cast<double>(height);
+    result.pixelSize = 2.0 * result.halfHeight / static_cast<double>(height);
     return result;
+}
+
+bool IsInSight(const Projection& projection, const TambVizCore::VizBox& box)
+{
+    if (box.IsEmpty() || (!projection.orthographic && farthestOf(box) <= 0.0))
+        return false;
+    // What is seen grows with the depth in perspective; the far side of the box sees most.
+    const double up = projection.halfHeight * (projection.orthographic ? 1.0 : farthestOf(box));
+    const double side = up * projection.aspect;
+    return box.Lo()[0] <= side && box.Hi()[0] >= -side && box.Lo()[1] <= up && box.Hi()[1] >= -up;
+}
+
+void FitDepth(Projection& projection, const TambVizCore::VizBox& box)
+{
+    double nearest = nearestOf(box);
+    double farthest = farthestOf(box);
+    const double pixel =
+        projection.pixelSize * (projection.orthographic ? 1.0 : std::max(farthest, 0.0));
+    const double margin =
+        kDepthMargin * std::max(farthest - nearest, std::abs(farthest) * kNearestShare) +
+        kDepthMarginPixels * pixel;
+    nearest -= margin;
+    farthest += margin;
+    if (projection.orthographic) {
+        if (!(farthest > nearest))
+            farthest = nearest + 1.0;
+        writeOrthographic(projection.halfHeight * projection.aspect, projection.halfHeight, nearest,
+                          farthest, projection.projection);
+    } else {
+        if (!(farthest > 0.0))
+            farthest = 1.0;
+        nearest = std::max(nearest, farthest * kNearestShare);
+        writePerspective(projection.halfHeight, projection.aspect, nearest, farthest,
+                         projection.projection);
+    }
+    projection.nearest = nearest;
+    projection.farthest = farthest;
 }
 
 } // namespace ViewOpenGl

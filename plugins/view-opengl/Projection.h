@@ -10,23 +10,36 @@ class VizBox;
 
 namespace ViewOpenGl {
 
-/// How world units become pixels: two column-major matrices.
+/// How world units become pixels: two column-major matrices and what they were made from.
 struct Projection
 {
     double view[16] = {};      ///< World to eye: x right, y up, looking along -z.
-    float projection[16] = {}; ///< Eye to clip space.
+    float projection[16] = {}; ///< Eye to clip space; written by FitDepth.
     bool orthographic = true;
-    double eye[3] = {}; ///< World units.
+    double halfHeight = 0.0; ///< Half of what is seen vertically: world units in parallel
+                             ///< projection, per unit of depth in perspective.
+    double aspect = 1.0;     ///< Width through height.
+    double pixelSize = 0.0;  ///< Size of a pixel, in the units of halfHeight.
+    double nearest = 0.0;    ///< Depths (-z in eye space) that are kept apart; world units.
+    double farthest = 0.0;
 };
 
-/// Makes the matrices of a camera for a picture of a size; near and far enclose the scene.
+/// Places the eye of a camera for a picture of a size; FitDepth makes it complete.
 ///
 /// The vertical opening angle gives the height of what is seen at the target, in both kinds of
 /// projection, as ACamera::Make3DRay has it.
+Projection MakeProjection(OrvikCore::ACamera& camera, int width, int height);
+
+/// @param box  in eye space. @return false when nothing in it can be seen, whatever its depth in
+///             parallel projection.
+bool IsInSight(const Projection& projection, const TambVizCore::VizBox& box);
+
+/// Writes the projection matrix for what lies in a box; an empty one gives any good matrix.
 ///
-/// @param scene  Box around what is shown, world units; may be empty.
-Projection MakeProjection(OrvikCore::ACamera& camera, int width, int height,
-                          const TambVizCore::VizBox& scene);
+/// In perspective the nearest depth stays above a thousandth of the farthest.
+///
+/// @param box  around all that is drawn, in eye space.
+void FitDepth(Projection& projection, const TambVizCore::VizBox& box);
 
 } // namespace ViewOpenGl
 

@@ -15,6 +15,7 @@ namespace TambVizCore {
 class GeoNode;
 class Node;
 class RenderingOptions;
+class VizBox;
 } // namespace TambVizCore
 
 namespace ViewOpenGl {
@@ -26,20 +27,26 @@ struct Background
     TambVizCore::RGBAColor bottom;
 };
 
-/// Draws a scene into the framebuffer that is bound. The context is current in every call. @thread
-/// Main thread.
+/// Draws a scene into the framebuffer that is bound. The context is current in every call.
+///
+/// A frame collects the bodies in sight, then draws opaque faces, lines, points, and last what is
+/// transparent, from back to front. Each body is one draw call a kind: the states of its parts are
+/// looked up by the shader. @thread Main thread.
 class SceneRenderer
 {
 public:
-    /// Compiles what every picture needs and draws one invisible triangle with it, so that the
-    /// first picture does not wait for the compiler of the driver.
-    void Prepare();
+    /// Draws a small body that nobody sees, so that the first picture does not wait for the
+    /// compiler of the driver.
+    void Prepare(const TambVizCore::RenderingOptions& options);
 
-    void Draw(const TambVizCore::Node& root, const TambVizCore::RenderingOptions& options,
-              const Projection& projection, const Background& background);
+    /// @param projection  Its depths are fitted to what is drawn.
+    void Draw(TambVizCore::Node& root, const TambVizCore::RenderingOptions& options,
+              Projection projection, const Background& background);
 
     /// Forgets everything in graphics memory.
     void Clear();
+
+    const GpuScene& Gpu() const { return m_gpu; }
 
 private:
     /// What a node takes over from the nodes above it.
@@ -48,18 +55,27 @@ private:
         double world[16];
         TambVizCore::RGBAColor color;
         bool hasColor = false;
+        bool auxiliary = false;
         std::uint32_t flags = 0;
     };
 
-    /// One body to draw.
+    /// One body to draw; pointers are not owned and valid during the frame.
     struct Item
     {
-        const TambVizCore::GeoNode* node = nullptr; ///< Not owned; valid during the frame.
+        TambVizCore::GeoNode* node = nullptr;
+        GpuGeometry* geometry = nullptr;
+        const GpuNode* states = nullptr;
         float modelView[16];
+        float normalMatrix[9];
         TambVizCore::RGBAColor color;
         bool hasColor = false;
+        bool isOwnColored = false;    ///< Lines and points take the colour of the node.
+        bool hasTransparency = false; ///< Some places are not opaque.
+        bool hasOpacity = true;       ///< Some places may be opaque.
+        bool culled = false;          ///< Backs are not drawn.
+        bool mirrored = false;
         std::uint32_t flags = 0;
-        double depth = 0.0; ///< Of the middle of its box, along the view.
+        double depth = 0.0; ///< Of the middle of its box.
     };
 
     /// How the primitives of one kind are drawn.
@@ -69,25 +85,42 @@ private:
         TambVizCore::RGBAColor color;
         bool useVertexColors = false;
         bool lit = false;
+        bool mixed = false;
+        Layer layer = Layer::Opaque;
+        float towardEyePixels = 0.0f;
     };
 
-    void collect(const TambVizCore::Node& node, const Inherited& above,
-                 const Projection& projection, const TambVizCore::RenderingOptions& options);
-    void addItem(const TambVizCore::GeoNode& node, const Inherited& state,
-                 const Projection& projection, const TambVizCore::RenderingOptions& options);
+    /// What holds for all bodies of a frame.
+    struct Frame
+    {
+        const TambVizCore::RenderingOptions* options = nullptr; ///< Not owned.
+        Projection projection;
+        float clipPlanes[kMaxClipPlanes][4] = {}; ///< In eye space; unused ones keep everything.
+        int clipPlaneCount = 0;
+        std::uint64_t number = 0;
+    };
+
+    void beginFrame(const TambVizCore::RenderingOptions& options, const Projection& projection);
+    void collect(TambVizCore::Node& node, const Inherited& above, TambVizCore::VizBox& drawn);
+    void addItem(TambVizCore::GeoNode& node, const Inherited& state, TambVizCore::VizBox& drawn);
+    bool mayCull(const Item& item, const TambVizCore::VizBox& box) const;
     void drawBackground(const Background& background);
-    void drawFaces(const TambVizCore::RenderingOptions& options, const Projection& projection);
-    void drawLines(const Item& item, const TambVizCore::RenderingOptions& options,
-                   const Projection& projection);
-    void drawKind(const Item& item, const Style& style,
-                  const TambVizCore::RenderingOptions& options, const Projection& projection);
-    void setUniforms(const Shader& shader, const Item& item, const Style& style,
-                     const TambVizCore::RenderingOptions& options, const Projection& projection);
+    void drawOpaqueFaces();
+    void drawTransparentFaces();
+    void drawFaces(const Item& item, Layer layer);
+    void drawTessellation();
+    void drawEdges();
+    void drawVertices();
+    void drawKind(const Item& item, const Style& style);
+    void setFrameUniforms(Shader& shader);
+    void setUniforms(Shader& shader, const Item& item, const Style& style);
 
     GpuScene m_gpu;
     Shaders m_shaders;
     GlVertexArray m_emptyArray; ///< For the background, which has no vertex data.
-    std::vector<Item> m_items;  ///< Of the frame being drawn; kept for its memory.
+    Frame m_frame;
+    std::vector<Item> m_items;              ///< Of the frame being drawn; kept for its memory.
+    std::vector<const Item*> m_transparent; ///< The same.
 };
 
 } // namespace ViewOpenGl

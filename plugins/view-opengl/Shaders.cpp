@@ -5,15 +5,24 @@
 namespace ViewOpenGl {
 namespace {
 
+// What has to win against the surface that it lies on comes toward the eye without moving in the
+// picture: by world units in parallel projection, by a share of its distance in perspective.
 const char kVertexText[] = R"glsl(
 layout(location = 0) in vec3 position;
 layout(location = 1) in vec3 normal;
 layout(location = 2) in vec4 color;
 uniform mat4 modelView;
+uniform mat3 normalMatrix;
 uniform mat4 projection;
-uniform float depthBias;
+uniform bool orthographic;
+uniform float towardEye;
 uniform float pointSize;
+#ifdef CLIP
+uniform vec4 clipPlanes[6];
+#endif
+#ifdef LIT
 out vec3 viewPosition;
+#endif
 #ifdef NORMALS
 out vec3 viewNormal;
 #endif
@@ -22,23 +31,31 @@ out vec4 vertexColor;
 #endif
 void main()
 {
-    vec4 p = modelView * vec4(position, 1.0);
-    viewPosition = p.xyz;
+    vec3 p = (modelView * vec4(position, 1.0)).xyz;
+#ifdef LIT
+    viewPosition = p;
+#endif
 #ifdef NORMALS
-    viewNormal = mat3(modelView) * normal;
+    viewNormal = normalMatrix * normal;
 #endif
 #ifdef COLORS
     vertexColor = color;
 #endif
-    gl_Position = projection * p;
-    gl_Position.z -= depthBias * gl_Position.w;
+#ifdef CLIP
+    for (int i = 0; i < 6; ++i)
+        gl_ClipDistance[i] = dot(clipPlanes[i], vec4(p, 1.0));
+#endif
+    vec3 drawn = orthographic ? p + vec3(0.0, 0.0, towardEye) : p * (1.0 - towardEye);
+    gl_Position = projection * vec4(drawn, 1.0);
     gl_PointSize = pointSize;
 }
 )glsl";
 
 // Flags as in TambVizCore::PartState: 1 shown, 2 highlighted, 4 selected, 8 coloured.
 const char kFragmentText[] = R"glsl(
+#ifdef LIT
 in vec3 viewPosition;
+#endif
 #ifdef NORMALS
 in vec3 viewNormal;
 #endif
@@ -46,16 +63,27 @@ in vec3 viewNormal;
 in vec4 vertexColor;
 #endif
 uniform vec4 baseColor;
-uniform vec3 highlightColor;
+uniform vec4 highlightColor;
 uniform uint nodeFlags;
 uniform bool orthographic;
-uniform bool useVertexColors;
+uniform bool transparentLayer;
 #ifdef PARTS
 uniform usamplerBuffer partOfPrimitive;
 uniform usamplerBuffer partStates;
 #endif
 out vec4 outColor;
 
+#ifdef PARTS
+vec4 unpackColor(uint c)
+{
+    return vec4(float(c & 255u), float((c >> 8) & 255u), float((c >> 16) & 255u),
+                float(c >> 24)) / 255.0;
+}
+#endif
+
+#ifdef LIT
+// Light from above left and from the eye, a sky brighter than the ground, and a soft gloss. Both
+// sides of a surface are lit.
 vec3 shade(vec3 surface)
 {
 #ifdef NORMALS
@@ -64,20 +92,28 @@ vec3 shade(vec3 surface)
     vec3 n = normalize(cross(dFdx(viewPosition), dFdy(viewPosition)));
 #endif
     vec3 toEye = orthographic ? vec3(0.0, 0.0, 1.0) : normalize(-viewPosition);
-    if (dot(n, toEye) < 0.0)
+    float head = dot(n, toEye);
+    if (head < 0.0) {
         n = -n;
-    float key = max(dot(n, normalize(vec3(-0.35, 0.55, 0.75))), 0.0);
-    float head = max(dot(n, toEye), 0.0);
-    return surface * (0.18 + 0.42 * key + 0.42 * head);
+        head = -head;
+    }
+    const vec3 toKey = vec3(-0.3980, 0.5970, 0.6965);
+    float key = max(dot(n, toKey), 0.0);
+    float gloss = max(dot(n, normalize(toKey + toEye)), 0.0);
+    gloss *= gloss;
+    gloss *= gloss;
+    gloss *= gloss;
+    gloss *= gloss;
+    return surface * (0.40 + 0.08 * n.y + 0.38 * key + 0.26 * head) + vec3(0.10 * gloss);
 }
+#endif
 
 void main()
 {
     vec4 color = baseColor;
     uint flags = nodeFlags;
 #ifdef COLORS
-    if (useVertexColors)
-        color = vertexColor;
+    color = vertexColor;
 #endif
 #ifdef PARTS
     uint part = texelFetch(partOfPrimitive, gl_PrimitiveID).r;
@@ -90,23 +126,19 @@ void main()
             color = unpackColor(state.r);
     }
 #endif
+#ifdef MIXED
+    if ((color.a < 1.0) != transparentLayer)
+        discard;
+#endif
     vec3 rgb = color.rgb;
     if ((flags & 2u) != 0u)
-        rgb = mix(rgb, highlightColor, 0.75);
+        rgb = mix(rgb, highlightColor.rgb, 0.85);
     else if ((flags & 4u) != 0u)
-        rgb = mix(rgb, highlightColor, 0.5);
+        rgb = mix(rgb, highlightColor.rgb, 0.5);
 #ifdef LIT
     rgb = shade(rgb);
 #endif
     outColor = vec4(rgb, color.a);
-}
-)glsl";
-
-const char kUnpackText[] = R"glsl(
-vec4 unpackColor(uint c)
-{
-    return vec4(float(c & 255u), float((c >> 8) & 255u), float((c >> 16) & 255u),
-                float(c >> 24)) / 255.0;
 }
 )glsl";
 
@@ -123,72 +155,87 @@ void main()
 const char kBackgroundFragmentText[] = R"glsl(
 in float height;
 uniform vec4 baseColor;      // At the bottom.
-uniform vec3 highlightColor; // At the top.
+uniform vec4 highlightColor; // At the top.
 out vec4 outColor;
 void main()
 {
-    outColor = vec4(mix(baseColor.rgb, highlightColor, clamp(height, 0.0, 1.0)), baseColor.a);
+    outColor = mix(baseColor, highlightColor, clamp(height, 0.0, 1.0));
 }
 )glsl";
 
+const char kVersionText[] = "#version 330 core\n";
+
 std::string header(const ShaderFeatures& features)
 {
-    std::string text = "#version 330 core\n";
+    std::string text = kVersionText;
     text += features.lit ? "#define LIT\n" : "";
-    text += features.normals ? "#define NORMALS\n" : "";
+    text += features.lit && features.normals ? "#define NORMALS\n" : "";
     text += features.colors ? "#define COLORS\n" : "";
     text += features.parts ? "#define PARTS\n" : "";
+    text += features.mixed ? "#define MIXED\n" : "";
+    text += features.clip ? "#define CLIP\n" : "";
     return text;
 }
 
 std::size_t indexOf(const ShaderFeatures& features)
 {
-    return (features.lit ? 1u : 0u) | (features.normals ? 2u : 0u) | (features.colors ? 4u : 0u) |
-           (features.parts ? 8u : 0u);
+    std::size_t index = 0;
+    for (const bool bit : {features.lit, features.normals, features.colors, features.parts,
+                           features.mixed, features.clip})
+        index = index * 2 + (bit ? 1 : 0);
+    return index;
+}
+
+void findUniforms(Shader& shader)
+{
+    const GLuint program = shader.program.Get();
+    const auto place = [program](const char* name) { return glGetUniformLocation(program, name); };
+    shader.modelView = place("modelView");
+    shader.normalMatrix = place("normalMatrix");
+    shader.projection = place("projection");
+    shader.baseColor = place("baseColor");
+    shader.highlightColor = place("highlightColor");
+    shader.nodeFlags = place("nodeFlags");
+    shader.orthographic = place("orthographic");
+    shader.towardEye = place("towardEye");
+    shader.pointSize = place("pointSize");
+    shader.transparentLayer = place("transparentLayer");
+    shader.clipPlanes = place("clipPlanes");
+    glUseProgram(program);
+    glUniform1i(place("partOfPrimitive"), kPartOfPrimitiveUnit);
+    glUniform1i(place("partStates"), kPartStateUnit);
 }
 
 } // namespace
 
-const Shader* Shaders::Get(const ShaderFeatures& features)
+Shader* Shaders::Get(const ShaderFeatures& features)
 {
-    return make(m_shaders[indexOf(features)], header(features) + kVertexText,
-                header(features) + kUnpackText + kFragmentText);
+    std::optional<Shader>& slot = m_shaders[indexOf(features)];
+    if (slot)
+        return slot->program ? &*slot : nullptr;
+    return make(slot, header(features) + kVertexText, header(features) + kFragmentText);
 }
 
-const Shader* Shaders::Background()
+Shader* Shaders::Background()
 {
-    const std::string version = "#version 330 core\n";
-    return make(m_background, version + kBackgroundVertexText, version + kBackgroundFragmentText);
+    if (m_background)
+        return m_background->program ? &*m_background : nullptr;
+    return make(m_background, std::string(kVersionText) + kBackgroundVertexText,
+                std::string(kVersionText) + kBackgroundFragmentText);
 }
 
-const Shader* Shaders::make(std::optional<Shader>& slot, const std::string& vertexText,
-                            const std::string& fragmentText)
+Shader* Shaders::make(std::optional<Shader>& slot, const std::string& vertexText,
+                      const std::string& fragmentText)
 {
-    if (!slot) {
-        slot.emplace();
-        std::string errorText;
-        slot->program = MakeProgram(vertexText, fragmentText, errorText);
-        if (!slot->program)
-            OrvikCore::dbg << "-- view: a shader does not compile: " << errorText << std::endl;
-        const auto place = [&](const char* name) {
-            return slot->program ? glGetUniformLocation(slot->program.Get(), name) : -1;
-        };
-        slot->modelView = place("modelView");
-        slot->projection = place("projection");
-        slot->baseColor = place("baseColor");
-        slot->highlightColor = place("highlightColor");
-        slot->nodeFlags = place("nodeFlags");
-        slot->orthographic = place("orthographic");
-        slot->depthBias = place("depthBias");
-        slot->pointSize = place("pointSize");
-        slot->useVertexColors = place("useVertexColors");
-        if (place("partStates") >= 0) {
-            glUseProgram(slot->program.Get());
-            glUniform1i(place("partOfPrimitive"), kPartOfPrimitiveUnit);
-            glUniform1i(place("partStates"), kPartStateUnit);
-        }
+    slot.emplace();
+    std::string errorText;
+    slot->program = MakeProgram(vertexText, fragmentText, errorText);
+    if (!slot->program) {
+        OrvikCore::dbg << "-- view: a shader does not compile: " << errorText << std::endl;
+        return nullptr;
     }
-    return slot->program ? &*slot : nullptr;
+    findUniforms(*slot);
+    return &*slot;
 }
 
 } // namespace ViewOpenGl

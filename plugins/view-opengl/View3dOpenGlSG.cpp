@@ -51,6 +51,8 @@ View3dOpenGlSG::~View3dOpenGlSG()
     GetSelectionHolder()->SetSceneRoot(nullptr);
     if (m_context == nullptr)
         return;
+    // Names of OpenGL can only be given back while their context is current; else the context
+    // takes them with it.
     const GlContext::Current current(*m_context);
     m_renderer.Clear();
     m_target.Clear();
@@ -101,7 +103,6 @@ void View3dOpenGlSG::Rerender()
     if (m_context != nullptr) {
         const GlContext::Current current(*m_context);
         m_renderer.Clear();
-        m_renderer.Prepare();
     }
     UpdateDisplay();
 }
@@ -110,17 +111,23 @@ bool View3dOpenGlSG::ReadImage(int width, int height, TambVizCore::Image& image)
 {
     if (width < 1 || height < 1 || !prepare())
         return false;
-    if (width > m_context->MaxSide() || height > m_context->MaxSide())
+    if (width > m_context->MaxSide() || height > m_context->MaxSide()) {
+        OrvikCore::dbg << "-- view: a picture of " << width << " x " << height
+                       << " is larger than the " << m_context->MaxSide()
+                       << " pixels that OpenGL allows here" << std::endl;
         return false;
+    }
     const GlContext::Current current(*m_context);
     const TambVizCore::RenderingOptions& options = *GetRenderingOptions();
-    if (!current.IsCurrent() || !m_target.Bind(width, height, options.GetAntialiasLevel()))
+    if (!current.IsCurrent() || !m_target.Bind(width, height, options.GetAntialiasLevel())) {
+        OrvikCore::dbg << "-- view: OpenGL has no framebuffer of " << width << " x " << height
+                       << " now" << std::endl;
         return false;
+    }
     Background background;
     GetViewportBackground(1, background.top);
     GetViewportBackground(2, background.bottom);
-    m_renderer.Draw(*m_root, options,
-                    MakeProjection(*GetCamera(), width, height, m_root->WorldBounds()), background);
+    m_renderer.Draw(*m_root, options, MakeProjection(*GetCamera(), width, height), background);
     if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
         OrvikCore::dbg << "-- view: OpenGL error " << error << " while drawing" << std::endl;
         return false;
@@ -212,8 +219,9 @@ bool View3dOpenGlSG::prepare()
     }
     OrvikCore::dbg << "-- view: " << m_context->Description() << std::endl;
     const GlContext::Current current(*m_context);
-    if (m_target.Bind(1, 1, 1))
-        m_renderer.Prepare();
+    const TambVizCore::RenderingOptions& options = *GetRenderingOptions();
+    if (current.IsCurrent() && m_target.Bind(1, 1, options.GetAntialiasLevel()))
+        m_renderer.Prepare(options);
     return true;
 }
 
