@@ -9,15 +9,16 @@
 namespace {
 
 volatile int g_sink = 0;
+volatile bool g_really = false; ///< Never set; the compiler cannot know.
 int g_counter = 0;
 
 struct Witness
 {
-    bool* ran;
+    volatile bool* ran;
     ~Witness() { *ran = true; }
 };
 
-bool g_ran = false;
+volatile bool g_ran = false;
 
 __attribute__((noinline)) int readNull()
 {
@@ -56,7 +57,7 @@ PLAIN_EXPORT void PlainGapBefore()
     const volatile int* volatile address = nullptr;
     const Witness witness{&g_ran};
     g_sink = *address;
-    mayThrow(false);
+    mayThrow(g_really);
 }
 
 /// Faults after the last call that can throw.
@@ -64,7 +65,7 @@ PLAIN_EXPORT void PlainGapAfter()
 {
     const volatile int* volatile address = nullptr;
     const Witness witness{&g_ran};
-    mayThrow(false);
+    mayThrow(g_really);
     g_sink = *address;
 }
 
@@ -73,7 +74,7 @@ PLAIN_EXPORT void PlainGapAfter()
 PLAIN_EXPORT void PlainInferredNothrow()
 {
     const Witness witness{&g_ran};
-    mayThrow(false);
+    mayThrow(g_really);
     g_sink = readNull();
 }
 
@@ -81,7 +82,7 @@ PLAIN_EXPORT void PlainNoexcept() noexcept
 {
     const Witness witness{&g_ran};
     g_sink = readNull();
-    mayThrow(false);
+    mayThrow(g_really);
 }
 
 /// Faults inside a try block whose handler the table does not connect with the fault.
@@ -89,7 +90,7 @@ PLAIN_EXPORT void PlainTry()
 {
     try {
         g_sink = readNull();
-        mayThrow(false);
+        mayThrow(g_really);
     } catch (const std::string&) {
         g_sink = 3;
     }

@@ -64,6 +64,28 @@ TEST(StackOverflow, OtherFaultsAreConvertedAfterwards)
     EXPECT_TRUE(caught);
 }
 
+TEST(StackOverflow, NextScopeRearmsTheGuard)
+{
+    int caught = 0;
+    OrvikOs::Thread thread;
+    thread.Start(
+        [&caught] {
+            const OrvikOs::FaultScope outer;
+            for (int i = 0; i < 3; ++i) {
+                const OrvikOs::FaultScope scope;
+                try {
+                    void (*volatile subject)() = &Subjects::Overflow;
+                    subject();
+                } catch (const OrvikOs::MachineFault&) {
+                    ++caught;
+                }
+            }
+        },
+        kStackBytes);
+    thread.Join();
+    EXPECT_EQ(caught, 3);
+}
+
 TEST(StackOverflow, RearmingWithAClosedGuardDoesNothing)
 {
     EXPECT_TRUE(OrvikOs::FaultScope::RearmStackGuard());

@@ -74,8 +74,8 @@ private:
 /// code further out on the stack catches one.
 ///
 /// On a Thread (see Thread.h) a stack overflow becomes an exception too. It is thrown on the opened
-/// guard pages; call RearmStackGuard() where it is caught. On other threads an overflow ends the
-/// program.
+/// guard pages; call RearmStackGuard() where it is caught. Entering or leaving a scope does so too.
+/// On other threads an overflow ends the program.
 ///
 /// Processors other than x86-64 have the scopes but not the conversion: every fault goes to the
 /// system.

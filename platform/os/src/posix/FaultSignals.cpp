@@ -282,11 +282,13 @@ void FaultScope::Enter()
         }
         t_handlerStack.Install();
     }
+    RearmStackGuard();
     ++t_faultThread.depth;
 }
 
 void FaultScope::Leave()
 {
+    RearmStackGuard();
     if (t_faultThread.depth == 0 || --t_faultThread.depth > 0) {
         return;
     }

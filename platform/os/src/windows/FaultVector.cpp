@@ -234,11 +234,13 @@ void FaultScope::Enter()
             g_previousAbort = std::signal(SIGABRT, &handleAbort);
         }
     }
+    RearmStackGuard();
     ++t_faultThread.depth;
 }
 
 void FaultScope::Leave()
 {
+    RearmStackGuard();
     if (t_faultThread.depth == 0 || --t_faultThread.depth > 0) {
         return;
     }
