@@ -1,0 +1,40 @@
+#ifndef VIEWOPENGL_TESTS_SHAPES_H
+#define VIEWOPENGL_TESTS_SHAPES_H
+
+#include <TambVizCore/Geometry.h>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace ViewOpenGl {
+
+/// A rectangle that faces +z.
+struct Rectangle
+{
+    float left = -0.5f;
+    float bottom = -0.5f;
+    float right = 0.5f;
+    float top = 0.5f;
+    float z = 0.0f;
+};
+
+/// A builder with rectangles, each a face of two triangles: part ids MakePartId(Face, 0), ...
+TambVizCore::GeometryBuilder RectangleBuilder(const std::vector<Rectangle>& rectangles);
+
+/// The same, built.
+std::shared_ptr<const TambVizCore::Geometry>
+MakeRectangles(const std::vector<Rectangle>& rectangles);
+
+/// Builds, and fails the test when it cannot.
+std::shared_ptr<const TambVizCore::Geometry> Build(TambVizCore::GeometryBuilder& builder);
+
+/// A line from (-0.5, 0, z) to (0.5, 0, z), edge 0.
+std::shared_ptr<const TambVizCore::Geometry> MakeLine(float z);
+
+/// One point at the origin, vertex 0.
+std::shared_ptr<const TambVizCore::Geometry> MakePoint();
+
+} // namespace ViewOpenGl
+
+#endif
