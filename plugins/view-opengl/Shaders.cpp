@@ -19,6 +19,7 @@ uniform float towardEye;
 uniform float pointSize;
 #ifdef CLIP
 uniform vec4 clipPlanes[6];
+out float gl_ClipDistance[6];
 #endif
 #ifdef LIT
 out vec3 viewPosition;

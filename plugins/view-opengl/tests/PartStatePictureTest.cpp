@@ -11,7 +11,7 @@ using TambVizCore::GeoNode;
 using TambVizCore::PartState;
 using TambVizCore::RGBAColor;
 
-/// A body with a face on the left (part 0) and one on the right (part 1).
+/// A body with two faces: the first on the left, the second on the right.
 class PartStatePicture : public ViewTest
 {
 protected:
