@@ -39,6 +39,7 @@ Command printCommand(const std::string& name, const std::string& kind, Print pri
     command.help = "Strings are printed as they are, numbers in their shortest form.";
     command.example = "(" + name + " \"bodies: \" 3)";
     command.handler = [print](const Arguments& arguments) {
+        const OrvikOs::FpMasked numbersAreData;
         std::wstring text;
         for (const Value& value : arguments.Rest())
             text += DisplayText(value);

@@ -1,6 +1,8 @@
 #include "FormSplitter.h"
 
 #include <cstddef>
+#include <initializer_list>
+#include <string_view>
 
 namespace OrvikScheme {
 namespace {
@@ -119,6 +121,8 @@ private:
 
     bool skipScriptComment()
     {
+        if (skipDirective())
+            return true;
         const std::size_t end = m_text.find(L"!#", m_position + 2);
         if (end == std::wstring::npos) {
             m_position = m_text.size();
@@ -126,6 +130,21 @@ private:
         }
         m_position = end + 2;
         return true;
+    }
+
+    /// Skips a directive to the reader, which has no end mark.
+    bool skipDirective()
+    {
+        for (const std::wstring_view name :
+             {L"r6rs", L"fold-case", L"no-fold-case", L"curly-infix"}) {
+            const std::size_t end = m_position + 2 + name.size();
+            if (m_text.compare(m_position + 2, name.size(), name) == 0 &&
+                (end >= m_text.size() || isDelimiter(m_text[end]))) {
+                m_position = end;
+                return true;
+            }
+        }
+        return false;
     }
 
     void skipPrefixes()
@@ -201,11 +220,21 @@ private:
     /// Skips the hash and what belongs to it, up to the parenthesis of a vector.
     bool skipHashToken()
     {
+        if (at(1) == L'{')
+            return skipBracedSymbol();
         const bool isCharacter = at(1) == L'\\';
         m_position += isCharacter ? 3 : 1;
         while (!AtEnd() && !isDelimiter(at(0)))
             ++m_position;
         return m_position <= m_text.size();
+    }
+
+    /// Skips a symbol of any characters: #{one symbol}#.
+    bool skipBracedSymbol()
+    {
+        const std::size_t end = m_text.find(L"}#", m_position);
+        m_position = end == std::wstring::npos ? m_text.size() : end + 2;
+        return end != std::wstring::npos;
     }
 
     bool skipAtom()

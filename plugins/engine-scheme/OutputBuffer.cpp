@@ -1,6 +1,6 @@
 #include "OutputBuffer.h"
 
-#include <TambVizCore/Utils.h>
+#include "SchemeText.h"
 
 #include <algorithm>
 
@@ -26,7 +26,7 @@ void OutputBuffer::Append(std::string_view text)
 std::wstring OutputBuffer::Text() const
 {
     const OrvikOs::CriticalSection::Guard guard(m_lock);
-    std::wstring text = TambVizCore::Utils::StringToWstring(m_text);
+    std::wstring text = TextFromScheme(m_text);
     if (m_leftOut > 0)
         text += L"\n... " + std::to_wstring(m_leftOut) + L" bytes of output were left out\n";
     return text;

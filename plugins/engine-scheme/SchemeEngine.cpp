@@ -4,6 +4,7 @@
 #include "OutputPort.h"
 #include "SchemePrimitives.h"
 #include "SchemeRuntime.h"
+#include "SchemeText.h"
 #include "ValueConversion.h"
 
 #include <OrvikCore/AScriptEngineFactory.h>
@@ -17,6 +18,7 @@
 
 #include <libguile.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
@@ -137,6 +139,15 @@ void attachThread(void* buffer)
                scm_from_int(OrvikOs::InterpreterSignalNumber()), scm_current_thread());
 }
 
+/// Gives every registered command a number.
+void addNewCommands()
+{
+    std::vector<std::string>& commands = Primitives().commands;
+    for (const std::string& name : CommandTable::Instance().Names())
+        if (std::find(commands.begin(), commands.end(), name) == commands.end())
+            commands.push_back(name);
+}
+
 /// Binds every registered command to a Scheme procedure.
 void bindCommands(void*)
 {
@@ -202,7 +213,7 @@ void SchemeEngine::Initialize(InitializeCallback callback)
         inGuile(&attachThread, &m_output);
         if (callback != nullptr)
             callback(&CommandTable::Instance());
-        Primitives().commands = CommandTable::Instance().Names();
+        addNewCommands();
         inGuile(&bindCommands, nullptr);
     } catch (const std::exception& error) {
         throw std::runtime_error(std::string("The Scheme engine cannot start: ") + error.what());
@@ -266,6 +277,7 @@ void SchemeEngine::runLoadedText()
     try {
         inGuile(&runText, &run);
     } catch (const std::runtime_error& error) {
+        // Not even the report could be written.
         m_output.Append(source + ": " + error.what() + "\n");
         throw;
     }

@@ -51,7 +51,9 @@ public:
                     std::wstring& errorText) const override;
     void SetNextSource(const std::wstring& source, int line, int column) override;
 
-    /// @throws std::runtime_error with the error's first line; the whole report is in GetOutput().
+    /// @throws std::runtime_error "The script failed." when it ended by an error or was cancelled;
+    ///         the report is in GetOutput(): "<source>:<line>:<column>: <message>", then the calls
+    ///         that led there.
     void Execute() override;
 
     void Interrupt() override;

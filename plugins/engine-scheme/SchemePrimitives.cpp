@@ -1,5 +1,6 @@
 #include "SchemePrimitives.h"
 
+#include "SchemeText.h"
 #include "ValueConversion.h"
 
 #include <OrvikOs/FaultHook.h>
@@ -13,6 +14,7 @@
 #include <cstring>
 #include <functional>
 #include <memory>
+#include <new>
 #include <stdexcept>
 
 namespace OrvikScheme {
@@ -48,37 +50,54 @@ struct Outcome
     bool cancelled = false;
 };
 
-/// Runs @p work with faults as C++ exceptions and the job's traps; reports by @p outcome only.
+/// Copies a message, whose bytes may be any, as UTF-8 into memory of malloc; null when memory ends.
+char* messageCopy(const char* message) noexcept
+{
+    try {
+        return strdup(TextForScheme(TambVizCore::Utils::StringToWstring(message)).c_str());
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
+/// Runs @p work with faults as C++ exceptions; reports by @p outcome only.
 /// Stands apart from the caller, so that a fault in @p work is caught in another frame.
 [[gnu::noinline]] void guarded(Outcome& outcome, const std::function<Value()>& work) noexcept
 {
     const OrvikOs::FaultHookScope faultsAreExceptions(nullptr, nullptr);
     try {
-        const TrapsOfJob traps;
         outcome.result = new Value(work());
     } catch (const TambCommandsInfra::JobCancelled&) {
         outcome.cancelled = true;
         outcome.error = strdup("");
     } catch (const std::exception& error) {
-        outcome.error = strdup(error.what());
+        outcome.error = messageCopy(error.what());
     } catch (...) {
         outcome.error = strdup("Unrecognized exception in a command.");
     }
 }
 
+void deleteValue(void* value)
+{
+    delete static_cast<Value*>(value);
+}
+
 /// Ends a primitive: gives the result, or leaves by a Scheme error. Holds no C++ object.
 SCM finish(Outcome outcome)
 {
+    // What the outcome owns is released also when Guile runs out of memory below.
+    scm_dynwind_begin(static_cast<scm_t_dynwind_flags>(0));
+    scm_dynwind_free(outcome.error);
+    scm_dynwind_unwind_handler(&deleteValue, outcome.result, SCM_F_WIND_EXPLICITLY);
     if (outcome.result == nullptr) {
         SCM text =
             scm_from_utf8_string(outcome.error == nullptr ? "Out of memory." : outcome.error);
-        std::free(outcome.error);
         if (outcome.cancelled)
             scm_throw(scm_from_utf8_symbol("pellux-cancelled"), SCM_EOL);
         scm_throw(scm_from_utf8_symbol("pellux-error"), scm_list_1(text));
     }
     SCM value = ToScheme(*outcome.result);
-    delete outcome.result;
+    scm_dynwind_end();
     return value;
 }
 
@@ -96,6 +115,8 @@ Value invokeCommand(std::size_t index, SCM arguments)
                                         error.what());
         }
     }
+    // The arguments are data: only the command itself computes with the traps of the job.
+    const TrapsOfJob traps;
     return CommandTable::Instance().Run(name, std::move(values));
 }
 

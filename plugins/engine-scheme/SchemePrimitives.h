@@ -11,7 +11,8 @@ namespace OrvikScheme {
 /// What the primitives need of the engine; one per process, as Guile itself is.
 struct PrimitiveState
 {
-    /// Names of the bound commands; the index in it is what a bound procedure hands back.
+    /// Names of the bound commands; the index in it is what a bound procedure hands back. Only
+    /// grows: a procedure that a script has kept means the same command for ever.
     std::vector<std::string> commands;
     /// Floating-point traps of the job, put back while a native command computes.
     OrvikOs::FpState jobTraps;

@@ -37,12 +37,21 @@ const char kSchemeRuntime[] = R"scheme(
     ((pellux-cancelled) "Cancelled.")
     ((pellux-stack-overflow)
      (format #f "The recursion is too deep (more than ~a MB of stack)." (car args)))
+    ((stack-overflow) "The recursion is too deep.")
+    ((numerical-overflow) (format #f "In procedure ~a: ~a" (car args) (cadr args)))
+    ((syntax-error) (syntax-error-text args))
     ((quit) "exit was called; a script ends by running to its end.")
     ((unbound-variable) (unbound-text (caaddr args)))
     ((read-error) (strip-read-place (apply format #f (cadr args) (caddr args))))
     (else (string-trim-right
            (call-with-output-string
              (lambda (port) (print-exception port #f key args)))))))
+
+;; The reader and the expander give who, what, where, the form and the part of it.
+(define (syntax-error-text args)
+  (let ((who (car args)) (what (cadr args)) (form (or (list-ref args 4) (list-ref args 3))))
+    (format #f "Syntax error: ~a~a~a" (if who (format #f "~a: " who) "") what
+            (if form (format #f " in ~s" form) ""))))
 
 ;; Names the command that was most likely meant.
 (define (unbound-text name)
@@ -58,8 +67,9 @@ const char kSchemeRuntime[] = R"scheme(
         (substring text (+ match 2))
         text)))
 
+;; A text that ends too early is reported where its last form begins.
 (define (read-error-place key args fallback)
-  (if (eq? key 'read-error)
+  (if (and (eq? key 'read-error) (not (string-contains (cadr args) "unexpected end of input")))
       (let* ((text (cadr args)) (end (string-contains text ": ")))
         (or (and end
                  (let ((fields (string-split (substring text 0 end) #\:)))
@@ -71,10 +81,18 @@ const char kSchemeRuntime[] = R"scheme(
             fallback))
       fallback))
 
+(define (syntax-error-place args fallback)
+  (let ((line (and (list? (caddr args)) (assq-ref (caddr args) 'line))))
+    (if line
+        (list (car fallback) (+ 1 line) (+ 1 (or (assq-ref (caddr args) 'column) 0)))
+        fallback)))
+
 ;; Writes "file:line:column: message" and the calls that led there.
 (define (report key args fallback places)
   (let ((port (current-error-port))
-        (place (if (null? places) (read-error-place key args fallback) (cdar places))))
+        (place (cond ((pair? places) (cdar places))
+                     ((eq? key 'syntax-error) (syntax-error-place args fallback))
+                     (else (read-error-place key args fallback)))))
     (format port "~a: ~a\n" (place->string place) (error-text key args))
     (for-each (lambda (entry)
                 (format port "    in ~a at ~a\n" (or (car entry) "top level")
@@ -151,6 +169,8 @@ const char kSchemeRuntime[] = R"scheme(
     (let ((good (call-with-prompt cancel-tag
                   (lambda ()
                     (set! running? #t)
+                    ;; An interrupt that came before it could be heard.
+                    (end-if-cancelled)
                     (run-guarded run-forms fail stack-megabytes))
                   (lambda (continuation)
                     (fail 'pellux-cancelled '() '())))))
@@ -177,14 +197,14 @@ const char kSchemeRuntime[] = R"scheme(
         (unless (memq key '(pellux-cancelled pellux-stack-overflow read-error))
           (set! places (script-places (make-stack #t) 6)))))))
 
+(define (end-if-cancelled)
+  (when (and running? (%cancel-pending?))
+    (set! running? #f)
+    (abort-to-prompt cancel-tag)))
+
 ;; Bound to the worker: the signal that asks a run to end arrives here, between two instructions.
 (define (install-interrupt signal worker)
-  (sigaction signal
-    (lambda (number)
-      (when (and running? (%cancel-pending?))
-        (set! running? #f)
-        (abort-to-prompt cancel-tag)))
-    SA_RESTART worker))
+  (sigaction signal (lambda (number) (end-if-cancelled)) SA_RESTART worker))
 
 (define (bind-command name index)
   (let ((symbol (string->symbol name)))
@@ -207,6 +227,12 @@ const char kSchemeRuntime[] = R"scheme(
 
 (define (apropos pattern)
   (display (%apropos (name->string pattern))))
+
+;; Ending the process from the worker would leave the application half alive.
+(module-define! user-module 'primitive-exit exit)
+
+;; Symbols in bars are read as one symbol, as the splitter of forms takes them.
+(read-enable 'r7rs-symbols)
 
 (module-define! user-module 'help help)
 (module-define! user-module 'apropos apropos)

@@ -1,14 +1,16 @@
 #include "ValueConversion.h"
 
+#include "SchemeText.h"
+
 #include <OrvikOs/FaultHook.h>
 #include <TambCommandsInfra/ICommandObject.h>
-#include <TambVizCore/Utils.h>
 
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <memory>
+#include <new>
 #include <stdexcept>
 #include <string>
 
@@ -16,15 +18,9 @@ namespace OrvikScheme {
 namespace {
 
 using TambCommandsInfra::Value;
-using TambVizCore::Utils;
 
 /// Deepest nesting of lists that is converted; a circular structure ends here.
 constexpr int kMaxDepth = 1000;
-
-/// Wide units that stand for the bytes 0x80 to 0xFF of a text that is no UTF-8.
-constexpr wchar_t kFirstByte = 0xDC80;
-constexpr wchar_t kLastByte = 0xDCFF;
-constexpr wchar_t kPrivatePlane = 0x100000;
 
 scm_t_bits objectTag = 0;
 
@@ -40,9 +36,8 @@ size_t freeObject(SCM value)
     return 0;
 }
 
-char* copyOf(const char* text)
+char* copyOf(const char* text, std::size_t size)
 {
-    const std::size_t size = std::strlen(text) + 1;
     auto* const copy = static_cast<char*>(std::malloc(size));
     return copy == nullptr ? nullptr : static_cast<char*>(std::memcpy(copy, text, size));
 }
@@ -53,11 +48,12 @@ char* describe(SCM value) noexcept
     const OrvikOs::FaultHookScope noHook(nullptr, nullptr);
     try {
         const Value::Object& object = objectOf(value);
-        const std::string text = std::string("#<") + object->TypeName() + " " +
-                                 Utils::WstringToString(object->Describe()) + ">";
-        return copyOf(text.c_str());
+        const std::string text =
+            std::string("#<") + object->TypeName() + " " + TextForScheme(object->Describe()) + ">";
+        return copyOf(text.c_str(), text.size() + 1);
     } catch (const std::exception&) {
-        return copyOf("#<object that cannot be described>");
+        static const char unknown[] = "#<object that cannot be described>";
+        return copyOf(unknown, sizeof unknown);
     }
 }
 
@@ -70,10 +66,20 @@ int printObject(SCM value, SCM port, scm_print_state*)
     return 1;
 }
 
-SCM equalObjects(SCM left, SCM right)
+/// Objects that cannot be compared differ.
+bool isSame(SCM left, SCM right) noexcept
 {
     const OrvikOs::FaultHookScope noHook(nullptr, nullptr);
-    return scm_from_bool(objectOf(left)->IsSameAs(*objectOf(right)));
+    try {
+        return objectOf(left)->IsSameAs(*objectOf(right));
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+SCM equalObjects(SCM left, SCM right)
+{
+    return scm_from_bool(isSame(left, right));
 }
 
 std::wstring textOf(SCM string)
@@ -82,6 +88,40 @@ std::wstring textOf(SCM string)
     const std::unique_ptr<char, decltype(&std::free)> bytes(scm_to_utf8_stringn(string, &length),
                                                             &std::free);
     return TextFromScheme({bytes.get(), length});
+}
+
+/// The UTF-8 of a text in memory of malloc, so that no C++ object is alive while Guile allocates;
+/// null when memory ends.
+char* utf8Copy(const std::wstring& text, std::size_t& size) noexcept
+{
+    try {
+        const std::string utf8 = TextForScheme(text);
+        size = utf8.size();
+        return copyOf(utf8.c_str(), size + 1);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
+SCM stringOf(const std::wstring& text)
+{
+    std::size_t size = 0;
+    char* const utf8 = utf8Copy(text, size);
+    if (utf8 == nullptr)
+        scm_misc_error("command", "Out of memory.", SCM_EOL);
+    scm_dynwind_begin(static_cast<scm_t_dynwind_flags>(0));
+    scm_dynwind_free(utf8);
+    SCM string = scm_from_utf8_stringn(utf8, size);
+    scm_dynwind_end();
+    return string;
+}
+
+SCM objectFor(const Value::Object& object)
+{
+    auto* const shared = new (std::nothrow) Value::Object(object);
+    if (shared == nullptr)
+        scm_misc_error("command", "Out of memory.", SCM_EOL);
+    return scm_new_smob(objectTag, reinterpret_cast<scm_t_bits>(shared));
 }
 
 Value numberOf(SCM value)
@@ -138,24 +178,6 @@ Value convert(SCM value, int depth)
 
 } // namespace
 
-std::string TextForScheme(std::wstring_view text)
-{
-    std::wstring shifted(text);
-    for (wchar_t& c : shifted)
-        if (c >= kFirstByte && c <= kLastByte)
-            c += kPrivatePlane;
-    return Utils::WstringToString(shifted);
-}
-
-std::wstring TextFromScheme(std::string_view utf8)
-{
-    std::wstring text = Utils::StringToWstring(utf8);
-    for (wchar_t& c : text)
-        if (c >= kFirstByte + kPrivatePlane && c <= kLastByte + kPrivatePlane)
-            c -= kPrivatePlane;
-    return text;
-}
-
 void DefineObjectType()
 {
     objectTag = scm_make_smob_type("application-object", 0);
@@ -180,10 +202,8 @@ SCM ToScheme(const Value& value)
         return scm_from_int64(value.AsInteger());
     case Value::Kind::Real:
         return scm_from_double(value.AsReal());
-    case Value::Kind::String: {
-        const std::string text = TextForScheme(value.AsString());
-        return scm_from_utf8_stringn(text.data(), text.size());
-    }
+    case Value::Kind::String:
+        return stringOf(value.AsString());
     case Value::Kind::List: {
         const Value::List& values = value.AsList();
         SCM list = SCM_EOL;
@@ -192,8 +212,7 @@ SCM ToScheme(const Value& value)
         return list;
     }
     case Value::Kind::Object:
-        return scm_new_smob(objectTag,
-                            reinterpret_cast<scm_t_bits>(new Value::Object(value.AsObject())));
+        return objectFor(value.AsObject());
     }
     return SCM_UNSPECIFIED;
 }
