@@ -150,6 +150,8 @@ bool HostRuntime::startEngine(const StartOptions& options, std::wstring& errorTe
 {
     m_dispatcherUsed = true;
     JobDispatcher::Instance().SetJobTimeout(kJobTimeoutMs);
+    m_jobObserver = options.jobObserver;
+    JobDispatcher::Instance().RegisterJobStatusObserver(m_jobObserver);
     SessionMgr::Instance().SetShell(new Shell);
     Shell& shell = GetShell();
     shell.Init();
@@ -171,8 +173,10 @@ int HostRuntime::Stop()
     m_exitCode = SessionMgr::Instance().Terminate();
     DrainOutput();
     m_gate->Close();
-    if (m_dispatcherUsed)
+    if (m_dispatcherUsed) {
+        JobDispatcher::Instance().UnRegisterJobStatusObserver(m_jobObserver);
         JobDispatcher::Instance().Terminate();
+    }
     ScriptPluginManager::Instance().Terminate();
     PluginManager::Instance().Terminate();
     View3DFactory::Terminate();
@@ -191,8 +195,9 @@ OrvikCore::Shell& HostRuntime::GetShell()
 
 void HostRuntime::DrainOutput()
 {
-    if (m_gate)
-        m_gate->Drain();
+    // What is printed while this shows something waits for the next round.
+    while (m_gate && m_gate->Drain() > 0) {
+    }
 }
 
 } // namespace Pellux

@@ -15,8 +15,9 @@
 #include <vector>
 
 namespace OrvikCore {
+class IJobStatusObserver;
 class Shell;
-}
+} // namespace OrvikCore
 
 namespace Pellux {
 
@@ -33,6 +34,7 @@ struct StartOptions
     bool animate = false;             ///< Whether the camera moves in steps.
     PostedOutput::Show output;        ///< Shows what the session prints. Main thread.
     PostedOutput::Show pluginMessage; ///< Shows what plugins report while they load.
+    OrvikCore::IJobStatusObserver* jobObserver = nullptr; ///< Told of failed jobs; not owned.
 };
 
 /// Why a host cannot start.
@@ -85,6 +87,7 @@ private:
     CompletionStore m_completion;
     OrvikCore::AMenuTemplate m_menuTemplate;
     std::unique_ptr<PostedOutput> m_output;
+    OrvikCore::IJobStatusObserver* m_jobObserver = nullptr; ///< Not owned.
     bool m_started = false;
     bool m_dispatcherUsed = false; ///< Its first use starts the worker.
     int m_exitCode = 0;

@@ -8,6 +8,7 @@
 #include <csetjmp>
 #include <cstdint>
 #include <cstring>
+#include <new>
 
 namespace Pellux {
 namespace {
@@ -25,7 +26,14 @@ struct Encoder
 void appendBytes(png_structp png, png_bytep data, png_size_t length)
 {
     auto* const encoder = static_cast<Encoder*>(png_get_io_ptr(png));
-    encoder->bytes.insert(encoder->bytes.end(), data, data + length);
+    bool kept = true;
+    try {
+        encoder->bytes.insert(encoder->bytes.end(), data, data + length);
+    } catch (const std::bad_alloc&) {
+        kept = false; // No C++ exception crosses the library.
+    }
+    if (!kept)
+        png_error(png, "out of memory");
 }
 
 void keepReason(png_structp png, png_const_charp message)

@@ -32,14 +32,20 @@ void show(const std::wstring& text, MessageType type)
     stream.flush();
 }
 
-/// A string of the script language.
+/// A string of the script language. Typographic quotation marks are refused in a command, so they
+/// are spelled by number.
 std::wstring quoted(const std::wstring& text)
 {
     std::wstring result = L"\"";
     for (const wchar_t c : text) {
-        if (c == L'"' || c == L'\\')
-            result += L'\\';
-        result += c;
+        if (c == L'\u2018' || c == L'\u2019')
+            result += c == L'\u2018' ? L"\\u2018" : L"\\u2019";
+        else if (c == L'\u201C' || c == L'\u201D')
+            result += c == L'\u201C' ? L"\\u201C" : L"\\u201D";
+        else if (c == L'"' || c == L'\\')
+            result += std::wstring(L"\\") + c;
+        else
+            result += c;
     }
     return result + L"\"";
 }
@@ -100,6 +106,7 @@ ExitCode BatchRun::start()
     options.height = m_options.height;
     options.cameraName = m_options.cameraName;
     options.output = show;
+    options.jobObserver = m_interrupts.get();
     options.pluginMessage = [verbose = m_options.verbose](const std::wstring& text,
                                                           MessageType type) {
         if (verbose || type == MessageType::Error)

@@ -39,4 +39,10 @@ void InterruptHandling::Serve()
         m_watch.RequestEvent().Set();
 }
 
+void InterruptHandling::NotifyJobStatus(OrvikCore::JobTicket*)
+{
+    if (WasInterrupted())
+        m_watch.RequestEvent().Set();
+}
+
 } // namespace PelluxBatch

@@ -1,14 +1,17 @@
 #ifndef PELLUXBATCH_INTERRUPTHANDLING_H
 #define PELLUXBATCH_INTERRUPTHANDLING_H
 
+#include <OrvikCore/IJobStatusObserver.h>
 #include <OrvikOs/Interrupt.h>
 #include <OrvikOs/MsgWait.h>
 
 namespace PelluxBatch {
 
-/// Ctrl-C cancels what runs and says so; a second one ends the program at once. @thread Main
-/// thread.
-class InterruptHandling : public OrvikOs::IWakeSource
+/// Ctrl-C cancels what runs and says so; a second one ends the program at once.
+///
+/// After a Ctrl-C every further job is cancelled, too: start-up scripts come one after the other.
+/// @thread Main thread, NotifyJobStatus() on the worker.
+class InterruptHandling : public OrvikOs::IWakeSource, public OrvikCore::IJobStatusObserver
 {
 public:
     InterruptHandling();
@@ -24,6 +27,9 @@ public:
 
     /// Cancels the running job.
     void Serve() override;
+
+    /// After a Ctrl-C, looks for the next job.
+    void NotifyJobStatus(OrvikCore::JobTicket* ticket) override;
 
 private:
     OrvikOs::InterruptWatch m_watch;
