@@ -9,6 +9,8 @@
 #include "OrvikCore/ScriptEngineLoadJob.h"
 #include "OrvikCore/ScriptEngineTerminateJob.h"
 
+#include <OrvikOs/MsgWait.h>
+
 #include <type_traits>
 
 namespace {
@@ -413,6 +415,60 @@ TEST_F(Shell, SessionManagerDeletesTheShellThatIsReplaced)
     manager.SetShell(nullptr);
 
     EXPECT_EQ(manager.GetShell(), nullptr);
+    EXPECT_EQ(m_debug.LinesAfter("[FakeScriptEngine] "), (Calls{"deleted"}));
+}
+
+/// A message queue that holds one quit message at the start of every wait.
+class QuitSource : public OrvikOs::IMessageSource
+{
+public:
+    QuitSource() { OrvikOs::SetMessageSource(this); }
+    ~QuitSource() override { OrvikOs::SetMessageSource(nullptr); }
+
+    bool HasInput(unsigned) override { return true; }
+    bool Peek(OrvikOs::Message& message, bool) override
+    {
+        message = {};
+        message.id = 0x12;
+        return true;
+    }
+    void Translate(const OrvikOs::Message&) override {}
+    void Dispatch(const OrvikOs::Message&) override {}
+    int PollIntervalMs() override { return 1; }
+};
+
+void waitUntilIdle()
+{
+    while (OrvikCore::JobDispatcher::Instance().IsBusy()) {
+        OrvikOs::YieldThread();
+    }
+}
+
+TEST_F(Shell, ScriptTextOutlivesAWaitThatAQuitMessageEnds)
+{
+    makeShell();
+    m_shell->Init();
+    const std::wstring text(1000, L'x');
+
+    {
+        QuitSource quit;
+        m_shell->RunScript(text, m_output);
+    }
+    waitUntilIdle();
+
+    EXPECT_EQ(engine().Texts(), (Texts{text}));
+}
+
+TEST_F(Shell, EngineEndsOnTheWorkerAlsoAfterTheShellWhoseWaitAQuitMessageEnds)
+{
+    makeShell();
+
+    {
+        QuitSource quit;
+        m_shell.reset();
+    }
+    waitUntilIdle();
+
     EXPECT_EQ(m_debug.LinesAfter("[FakeScriptEngine] "), (Calls{"deleted"}));
 }
 
