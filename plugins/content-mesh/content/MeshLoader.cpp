@@ -6,6 +6,8 @@
 #include "readers/StlReader.h"
 
 #include "OrvikCore/Document.h"
+#include "OrvikCore/IApplication.h"
+#include "OrvikCore/SessionMgr.h"
 
 #include <TambCommandsInfra/CallGate.h>
 #include <TambCommandsInfra/CancelToken.h>
@@ -56,14 +58,24 @@ std::wstring stemOf(const std::wstring& fileName)
     return dot == std::wstring::npos || dot == 0 ? name : name.substr(0, dot);
 }
 
+/// Whether somebody may hover over the model as soon as it is shown.
+bool hasWindow()
+{
+    const OrvikCore::IApplication* application = OrvikCore::SessionMgr::Instance().GetApplication();
+    return application && !application->IsBatchMode();
+}
+
 /// Builds what is drawn from what was read.
 void fillModel(MeshData&& mesh, MeshModel& model, ReadMessages& messages)
 {
     const std::size_t triangles = mesh.TriangleCount();
+    const bool isPicked = hasWindow();
     model.bodies = MakeBodies(std::move(mesh), stemOf(model.path), messages);
     for (const auto& body : model.bodies) {
         model.box.Add(body->BoundingBox());
-        if (triangles <= kEagerPartTriangles)
+        if (isPicked)
+            body->WithParts();
+        else if (triangles <= kEagerPartTriangles)
             body->MakeParts();
     }
 }

@@ -16,6 +16,9 @@ namespace OrvikMesh {
 /// running job can cancel it. What goes wrong is told by GetErrorMessage() and
 /// GetWarningMessages(), each with the file and, where there is one, the byte or line.
 ///
+/// With a host that is not in batch mode, faces, edges, vertices and the spatial index of all
+/// bodies are made before the content is added, so that the window's first hover finds them.
+///
 /// @thread  As AContentLoader.
 class MeshLoader final : public OrvikCore::AContentLoader
 {
@@ -37,8 +40,8 @@ private:
 };
 
 /// Triangles up to which faces, edges and vertices are made while loading, so that edges are drawn
-/// from the start: some ten milliseconds. Those of larger files are made when something asks.
-inline constexpr std::uint32_t kEagerPartTriangles = 50000;
+/// from the start: some twenty milliseconds. Those of larger files are made when something asks.
+inline constexpr std::uint32_t kEagerPartTriangles = 200000;
 
 } // namespace OrvikMesh
 

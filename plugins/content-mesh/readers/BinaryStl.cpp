@@ -26,6 +26,8 @@ constexpr std::size_t kPollTriangles = 1u << 16;
 constexpr unsigned kFewestThreads = 3;
 /// Fewest triangles for which a piece of its own pays.
 constexpr std::size_t kPieceTriangles = 200000;
+/// What welding pieces is of the whole work; the rest is joining them.
+constexpr double kWeldingShare = 0.75;
 /// Triangles that are looked at where the count does not fit the file.
 constexpr std::size_t kProbeTriangles = 64;
 
@@ -105,16 +107,18 @@ struct Piece
     MeshArray<std::uint32_t> newIndex; ///< Of each vertex in the joined welder.
 };
 
-void weldPiece(const std::byte* corners, const ReadOptions& options, Piece& piece)
+void weldPiece(const std::byte* corners, const ReadOptions& options, SharedProgress& progress,
+               Piece& piece)
 {
     // Closed meshes have about half as many vertices as triangles.
     piece.welder = std::make_unique<VertexWelder>(piece.count / 2 + piece.count / 32);
     piece.triangles.Reserve(piece.count * 3);
     for (std::size_t done = 0; done < piece.count; done += kPollTriangles) {
         PollCancel(options);
+        const std::size_t step = std::min(kPollTriangles, piece.count - done);
         piece.welder->AddTriangles(corners + (piece.first + done) * kBinaryStlRecord,
-                                   kBinaryStlRecord, std::min(kPollTriangles, piece.count - done),
-                                   piece.triangles);
+                                   kBinaryStlRecord, step, piece.triangles);
+        progress.Add(step);
     }
 }
 
@@ -174,13 +178,13 @@ bool ReadBinaryStl(std::string_view content, const ReadOptions& options, MeshDat
         return false;
 
     std::vector<Piece> pieces = cutIntoPieces(count);
+    SharedProgress progress(options, count, pieces.size() == 1 ? 1.0 : kWeldingShare);
     const auto* corners =
         reinterpret_cast<const std::byte*>(content.data()) + kBinaryStlHeader + kFirstCorner;
     OrvikOs::ParallelFor(pieces.size(), 1, [&](std::size_t begin, std::size_t end) {
         for (std::size_t i = begin; i < end; ++i)
-            weldPiece(corners, options, pieces[i]);
+            weldPiece(corners, options, progress, pieces[i]);
     });
-    ReportProgress(options, 0.8);
     joinPieces(pieces);
 
     Piece& whole = pieces.front();

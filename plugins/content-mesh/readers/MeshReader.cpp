@@ -47,6 +47,17 @@ void ReportProgress(const ReadOptions& options, double share)
         options.progress(share);
 }
 
+SharedProgress::SharedProgress(const ReadOptions& options, std::size_t total, double share)
+    : m_options(options), m_sharePerUnit(total == 0 ? 0.0 : share / static_cast<double>(total))
+{
+}
+
+void SharedProgress::Add(std::size_t done)
+{
+    const std::size_t now = m_done.fetch_add(done, std::memory_order_relaxed) + done;
+    ReportProgress(m_options, static_cast<double>(now) * m_sharePerUnit);
+}
+
 bool ReadGuarded(const std::function<bool()>& work, ReadMessages& messages)
 {
     const OrvikOs::FpMasked masked;

@@ -4,6 +4,8 @@
 #include "readers/MeshData.h"
 #include "readers/ReadMessages.h"
 
+#include <atomic>
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -15,7 +17,8 @@ struct ReadOptions
 {
     /// Asked every few milliseconds, on several threads at a time; true ends the reading.
     std::function<bool()> isCancelled;
-    /// Told the share that is done, from 0 to 1, now and then, on the calling thread.
+    /// Told the share that is done, from 0 to 1, now and then, on several threads at a time; of
+    /// two calls at a time the later may tell less.
     std::function<void(double)> progress;
 };
 
@@ -29,6 +32,23 @@ void PollCancel(const ReadOptions& options);
 
 /// Tells the caller how far reading has come.
 void ReportProgress(const ReadOptions& options, double share);
+
+/// Counts what several threads have done and tells the caller.
+class SharedProgress
+{
+public:
+    /// @param total  What there is to do, in any unit.
+    /// @param share  What it is of the whole reading, from 0 to 1.
+    SharedProgress(const ReadOptions& options, std::size_t total, double share);
+
+    /// Any thread.
+    void Add(std::size_t done);
+
+private:
+    const ReadOptions& m_options;
+    const double m_sharePerUnit;
+    std::atomic<std::size_t> m_done = 0; ///< Written by all; only the count matters.
+};
 
 /// Reads a file of one format from memory.
 ///

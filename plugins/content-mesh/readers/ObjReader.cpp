@@ -17,6 +17,8 @@ namespace {
 
 /// Bytes that are read between two questions whether to stop: about ten milliseconds.
 constexpr std::size_t kPieceBytes = 4u << 20;
+/// What reading the lines is of the whole work; the rest is putting them together.
+constexpr double kScanningShare = 0.75;
 /// What a piece with one long line may have at most, so that 32 bits count what it holds.
 constexpr std::size_t kMaxPieceBytes = 1u << 30;
 /// Where the line ends are looked for.
@@ -48,20 +50,24 @@ bool ReadObjContent(const std::wstring& path, std::string_view content, const Re
             throw std::length_error("a line is too long");
         pieces.emplace_back(lines);
     }
+    SharedProgress scanning(options, pieces.size(), kScanningShare);
     OrvikOs::ParallelFor(pieces.size(), 1, [&](std::size_t begin, std::size_t end) {
         for (std::size_t i = begin; i < end; ++i) {
             PollCancel(options);
             pieces[i].Read();
+            scanning.Add(1);
         }
     });
-    ReportProgress(options, 0.7);
 
     ObjAssembler assembler(text, mesh);
     assembler.TakePoints(pieces);
-    for (ObjPiece& piece : pieces) {
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
         PollCancel(options);
-        assembler.Add(piece);
-        piece.Release();
+        assembler.Add(pieces[i]);
+        pieces[i].Release();
+        ReportProgress(options, kScanningShare + (1.0 - kScanningShare) *
+                                                     static_cast<double>(i + 1) /
+                                                     static_cast<double>(pieces.size()));
     }
     assembler.Finish(messages);
     if (mesh.TriangleCount() == 0) {

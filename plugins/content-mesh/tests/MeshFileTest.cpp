@@ -150,6 +150,18 @@ TEST(MeshFile, ReportsProgressUpToTheEndOfAText)
     EXPECT_EQ(shares.back(), 1.0);
 }
 
+TEST(MeshFile, ReportsProgressOfEveryFormatUpToTheEnd)
+{
+    std::atomic<double> last = 0.0;
+    OrvikMesh::ReadOptions options;
+    options.progress = [&](double share) { last = std::max(last.load(), share); };
+
+    ReadStlBytes(BinaryStl(Torus(100000)), options);
+    EXPECT_DOUBLE_EQ(last.exchange(0.0), 1.0);
+    ReadObjText("v 0 0 0\nf 1 1 1\n", options);
+    EXPECT_DOUBLE_EQ(last.load(), 1.0);
+}
+
 TEST(MeshFile, IsReadWithoutTrapsWhereTheCallerHasThem)
 {
     Triangle odd{Point{0, 0, 0}, Point{1, 0, 0}, Point{0, 1, 0}};

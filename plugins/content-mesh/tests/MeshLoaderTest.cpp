@@ -1,5 +1,6 @@
 #include "content/MeshLoader.h"
 
+#include "FakeSession.h"
 #include "Models.h"
 #include "content/MeshContent.h"
 
@@ -80,9 +81,20 @@ TEST_F(MeshLoaderTest, SmallModelsHaveTheirEdgesFromTheStart)
 
 TEST_F(MeshLoaderTest, LargeModelsGetTheirEdgesOnFirstUse)
 {
-    m_loader.Load(m_folder.Write("torus.stl", BinaryStl(Torus(60000))), m_document);
+    m_loader.Load(m_folder.Write("torus.stl", BinaryStl(Torus(250000))), m_document);
 
     EXPECT_TRUE(contentAt(0).Model()->bodies[0]->Present()->Parts().empty());
+}
+
+TEST_F(MeshLoaderTest, HostWithAWindowGetsTheIndexWithTheContent)
+{
+    FakeSessionHost host;
+    OrvikCore::SessionMgr::Instance().SetApplication(&host);
+
+    m_loader.Load(m_folder.Write("torus.stl", BinaryStl(Torus(250000))), m_document);
+    OrvikCore::SessionMgr::Instance().SetApplication(nullptr);
+
+    EXPECT_NE(contentAt(0).Model()->bodies[0]->Present()->Index(), nullptr);
 }
 
 TEST_F(MeshLoaderTest, EachContentOfADocumentHasItsOwnNumber)
