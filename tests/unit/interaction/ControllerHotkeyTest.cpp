@@ -1,6 +1,6 @@
 #include "ControllerFixture.h"
+#include "FakeConfigInitializer.h"
 #include "FakeSession.h"
-#include "FilledConfig.h"
 
 #include "OrvikCore/Hotkey.h"
 #include "OrvikCore/Shell.h"
@@ -22,7 +22,7 @@ class ControllerHotkeys : public ControllerFixture
 protected:
     ControllerHotkeys()
     {
-        FillConfig(
+        Configure(
             {{L"ScriptEngine", {{L"File", TambVizCore::Utils::Char2Wchar(ORVIK_TEST_ENGINE)}}}});
         MakeCurrentFakeSession();
         OrvikCore::SessionMgr::Instance().SetShell(new OrvikCore::Shell);

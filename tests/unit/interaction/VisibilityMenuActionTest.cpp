@@ -50,7 +50,11 @@ protected:
         m_session.AddRenderer(m_renderer, false);
         m_session.AddRenderer(m_tree, false);
     }
-    ~VisibilityMenuActionTest() override { m_session.DeleteAllRenderers(); }
+    ~VisibilityMenuActionTest() override
+    {
+        m_session.DeleteAllRenderers();
+        OrvikCore::SessionMgr::Instance().Terminate();
+    }
 
     /// Takes one of the renderers away.
     void remove(OrvikCore::IContentRenderer* kept)

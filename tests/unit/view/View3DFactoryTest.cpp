@@ -1,7 +1,7 @@
 #include "OrvikCore/View3DFactory.h"
 
 #include "CapturedDebugOutput.h"
-#include "FilledConfig.h"
+#include "FakeConfigInitializer.h"
 #include "PluginFolder.h"
 
 #include "OrvikCore/ACamera.h"
@@ -19,9 +19,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <map>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 using OrvikCore::View3DFactory;
 using TambVizCore::VizFactories;
@@ -64,12 +65,13 @@ protected:
     PluginFolder m_folder;
 };
 
-/// Configures a view of the plugin "parts.dll", beside other entries.
-void configure(const std::wstring& viewName, std::map<std::wstring, ConfigSection> others = {})
+using Sections = std::vector<std::pair<std::wstring, FakeConfigInitializer::Pairs>>;
+
+/// Configures a view of the plugin "parts.dll", beside other sections.
+void configure(const std::wstring& viewName, Sections sections = {})
 {
-    others[L"View3D"].push_back({L"File", L"parts.dll"});
-    others[L"View3D"].push_back({L"Name", viewName});
-    FillConfig(others);
+    sections.push_back({L"View3D", {{L"File", L"parts.dll"}, {L"Name", viewName}}});
+    Configure(std::move(sections));
 }
 
 } // namespace
@@ -99,11 +101,11 @@ TEST_F(View3DFactoryTest, ConfigurationNamesPluginAndView)
 TEST_F(View3DFactoryTest, FirstValueOfAKeyCounts)
 {
     m_folder.Add("ViewParts.dll", "parts.dll");
-    FillConfig({{L"View3D",
-                 {{L"File", L"parts.dll"},
-                  {L"File", L"missing.dll"},
-                  {L"Name", L"OtherView"},
-                  {L"Name", L"NoSuchView"}}}});
+    Configure({{L"View3D",
+                {{L"File", L"parts.dll"},
+                 {L"File", L"missing.dll"},
+                 {L"Name", L"OtherView"},
+                 {L"Name", L"NoSuchView"}}}});
 
     EXPECT_NE(createView(), nullptr);
 }
@@ -233,8 +235,8 @@ TEST_F(View3DFactoryTest, WithoutConfiguredAdapterNoFactoryIsRegistered)
 TEST_F(View3DFactoryTest, AdapterNeedsFileAndName)
 {
     m_folder.Add("ViewParts.dll", "parts.dll");
-    FillConfig({{L"View3DAdapter", {{L"Name", L"Adapter"}}},
-                {L"SceneBuilder", {{L"File", L"parts.dll"}}}});
+    Configure({{L"View3DAdapter", {{L"Name", L"Adapter"}}},
+               {L"SceneBuilder", {{L"File", L"parts.dll"}}}});
 
     factory().Init();
 
@@ -253,8 +255,8 @@ TEST_F(View3DFactoryTest, WithoutConfigurationTheDefaultSceneBuilderIsRegistered
 TEST_F(View3DFactoryTest, ConfiguredSceneBuilderIsRegistered)
 {
     m_folder.Add("ViewParts.dll", "parts.dll");
-    FillConfig({{L"SceneBuilder",
-                 {{L"File", L"parts.dll"}, {L"Name", L"Builder"}, {L"Factory", L"NeverRead"}}}});
+    Configure({{L"SceneBuilder",
+                {{L"File", L"parts.dll"}, {L"Name", L"Builder"}, {L"Factory", L"NeverRead"}}}});
 
     factory().Init();
 
@@ -265,7 +267,7 @@ TEST_F(View3DFactoryTest, ConfiguredSceneBuilderIsRegistered)
 
 TEST_F(View3DFactoryTest, SceneBuilderThatCannotBeMadeGivesWayToTheDefault)
 {
-    FillConfig({{L"SceneBuilder", {{L"File", L"missing.dll"}, {L"Name", L"Builder"}}}});
+    Configure({{L"SceneBuilder", {{L"File", L"missing.dll"}, {L"Name", L"Builder"}}}});
 
     factory().Init();
 
@@ -320,7 +322,7 @@ TEST_F(View3DFactoryTest, TerminateMakesRoomForAFreshFactory)
 TEST_F(View3DFactoryTest, ControllerAdapterIsMadeFromTheViewsPlugin)
 {
     m_folder.Add("ViewParts.dll", "parts.dll");
-    FillConfig({{L"View3D", {{L"File", L"parts.dll"}, {L"Controller", L"Controls"}}}});
+    Configure({{L"View3D", {{L"File", L"parts.dll"}, {L"Controller", L"Controls"}}}});
     factory().Init();
 
     const std::unique_ptr<OrvikCore::AView3DControllerAdapter> adapter(
@@ -333,7 +335,7 @@ TEST_F(View3DFactoryTest, ControllerAdapterIsMadeFromTheViewsPlugin)
 TEST_F(View3DFactoryTest, ControllerAdapterIsNotMadeBeforeInit)
 {
     m_folder.Add("ViewParts.dll", "parts.dll");
-    FillConfig({{L"View3D", {{L"File", L"parts.dll"}, {L"Controller", L"Controls"}}}});
+    Configure({{L"View3D", {{L"File", L"parts.dll"}, {L"Controller", L"Controls"}}}});
 
     EXPECT_EQ(factory().CreateView3DControllerAdapter(), nullptr);
     EXPECT_TRUE(factory().Init());
@@ -345,10 +347,10 @@ TEST_F(View3DFactoryTest, ControllerAdapterNeedsFileAndController)
     factory().Init();
     EXPECT_EQ(factory().CreateView3DControllerAdapter(), nullptr);
 
-    FillConfig({{L"View3D", {{L"Controller", L"Controls"}}}});
+    Configure({{L"View3D", {{L"Controller", L"Controls"}}}});
     EXPECT_EQ(factory().CreateView3DControllerAdapter(), nullptr);
 
-    FillConfig({{L"View3D", {{L"File", kDefaultFileWide}}}});
+    Configure({{L"View3D", {{L"File", kDefaultFileWide}}}});
     EXPECT_EQ(factory().CreateView3DControllerAdapter(), nullptr);
     EXPECT_THAT(askedFor(), IsEmpty());
 }

@@ -3,10 +3,10 @@
 
 #include "../jobs/DispatcherFixture.h"
 #include "CameraFixture.h"
+#include "FakeConfigInitializer.h"
 #include "FakeContent.h"
 #include "FakeRenderer.h"
 #include "FakeSession.h"
-#include "FilledConfig.h"
 #include "RecordingOutputListener.h"
 #include "TestView.h"
 
@@ -16,6 +16,7 @@
 #include <TambVizCore/Utils.h>
 
 #include <functional>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -88,22 +89,22 @@ private:
     }
 };
 
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
-class HolderSessionFactory final : public OrvikCore::ASessionFactory
+/// A host whose sessions are HolderSessions.
+class HolderSessionHost : public FakeSessionHost
 {
 public:
-    OrvikCore::ASession* CreateSession() override { return new HolderSession(GetNextId()); }
+    OrvikCore::ASession* NewSession() override
+    {
+        return new HolderSession(OrvikCore::ASessionFactory::GetNextId());
+    }
 };
-
-#pragma GCC diagnostic pop
 
 /// Makes the current session of the process a HolderSession, owned by the session manager.
 inline FakeSession& MakeCurrentHolderSession()
 {
+    alignas(HolderSessionHost) static unsigned char storage[sizeof(HolderSessionHost)];
     OrvikCore::SessionMgr& manager = OrvikCore::SessionMgr::Instance();
-    manager.SetSessionFactory(new HolderSessionFactory);
+    manager.SetApplication(new (storage) HolderSessionHost);
     return static_cast<HolderSession&>(manager.CreateSession());
 }
 
@@ -146,7 +147,7 @@ protected:
     /// Gives the application a shell with the engine of @p library.
     void startShell(const char* library)
     {
-        FillConfig({{L"ScriptEngine", {{L"File", TambVizCore::Utils::Char2Wchar(library)}}}});
+        Configure({{L"ScriptEngine", {{L"File", TambVizCore::Utils::Char2Wchar(library)}}}});
         OrvikCore::SessionMgr::Instance().SetShell(new OrvikCore::Shell);
     }
     void startScheme() { startShell(ORVIK_TEST_SCHEME_ENGINE); }
