@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-using namespace std::string_literals;
+using std::string_literals::operator""s;
 using testing::ElementsAre;
 
 TEST(VertexWelder, GrowsFarBeyondWhatWasExpected)
