@@ -145,14 +145,20 @@ void joinPieces(std::vector<Piece>& pieces)
     });
 }
 
-std::vector<Piece> cutIntoPieces(std::size_t count)
+std::size_t usualPieces(std::size_t count)
 {
-    const std::size_t wanted =
-        std::min<std::size_t>(OrvikOs::ParallelWidth(), count / kPieceTriangles);
-    std::vector<Piece> pieces(std::max<std::size_t>(wanted, 1));
-    for (std::size_t i = 0; i < pieces.size(); ++i) {
-        pieces[i].first = count * i / pieces.size();
-        pieces[i].count = count * (i + 1) / pieces.size() - pieces[i].first;
+    const unsigned threads = OrvikOs::ParallelWidth();
+    if (threads < kFewestThreads)
+        return 1;
+    return std::clamp<std::size_t>(count / kPieceTriangles, 1, threads);
+}
+
+std::vector<Piece> cutIntoPieces(std::size_t count, std::size_t number)
+{
+    std::vector<Piece> pieces(number);
+    for (std::size_t i = 0; i < number; ++i) {
+        pieces[i].first = count * i / number;
+        pieces[i].count = count * (i + 1) / number - pieces[i].first;
     }
     return pieces;
 }
@@ -167,7 +173,7 @@ bool HasExactBinaryStlSize(std::string_view content)
 }
 
 bool ReadBinaryStl(std::string_view content, const ReadOptions& options, MeshData& mesh,
-                   ReadMessages& messages)
+                   ReadMessages& messages, std::size_t pieceCount)
 {
     if (content.size() < kBinaryStlHeader) {
         messages.Fail(FillText(kStlTooShort, {std::to_wstring(content.size())}));
@@ -177,7 +183,8 @@ bool ReadBinaryStl(std::string_view content, const ReadOptions& options, MeshDat
     if (count == 0)
         return false;
 
-    std::vector<Piece> pieces = cutIntoPieces(count);
+    std::vector<Piece> pieces =
+        cutIntoPieces(count, pieceCount == 0 ? usualPieces(count) : pieceCount);
     SharedProgress progress(options, count, pieces.size() == 1 ? 1.0 : kWeldingShare);
     const auto* corners =
         reinterpret_cast<const std::byte*>(content.data()) + kBinaryStlHeader + kFirstCorner;

@@ -13,8 +13,10 @@ bool HasExactBinaryStlSize(std::string_view content);
 
 /// Reads the triangles of a binary STL file, in several pieces at a time where there are many. The
 /// result does not depend on the number of pieces.
+///
+/// @param pieces  How many, at least 1; 0 chooses by the number of triangles and threads.
 bool ReadBinaryStl(std::string_view content, const ReadOptions& options, MeshData& mesh,
-                   ReadMessages& messages);
+                   ReadMessages& messages, std::size_t pieces = 0);
 
 } // namespace OrvikMesh
 
