@@ -101,6 +101,7 @@ class ViewOpRayPick;
 class ViewOpRotate;
 class ViewOpTargetCamera;
 class ViewOpZoom;
+class VisibilityMenuAction;
 struct Hotkey;
 
 } // namespace OrvikCore
