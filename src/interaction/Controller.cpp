@@ -20,9 +20,9 @@
 
 namespace OrvikCore {
 
-using Lock = OrvikOs::CriticalSection::Guard;
-
 namespace {
+
+using Lock = OrvikOs::CriticalSection::Guard;
 
 /// Keeps an operation alive while it is delivered.
 class OpPin
