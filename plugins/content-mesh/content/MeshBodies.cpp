@@ -1,5 +1,7 @@
 #include "content/MeshBodies.h"
 
+#include "content/ClosedShells.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -144,6 +146,8 @@ std::unique_ptr<MeshBody> BodyMaker::build(const BodyPlan& plan, MeshData&& arra
     const MeshMaterial* material = coloredMaterial(*plan.ranges.front());
     const bool keepsColors = withMaterialColors || !arrays.colors.IsEmpty();
     GeometryBuilder builder;
+    builder.SetClosed(AreClosedShells(arrays.positions.Data(), arrays.VertexCount(),
+                                      arrays.triangles.Data(), arrays.triangles.Size() / 3));
     builder.SetPositions(share(std::move(arrays.positions)));
     builder.SetNormals(share(std::move(arrays.normals)));
     builder.SetColors(share(std::move(arrays.colors)));

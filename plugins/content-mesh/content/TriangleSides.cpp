@@ -1,5 +1,6 @@
 #include "content/TriangleSides.h"
 
+#include "content/ClosedShells.h"
 #include "readers/VertexWelder.h"
 
 #include <algorithm>
@@ -41,6 +42,7 @@ public:
 private:
     void weldPoints();
     void computeNormals();
+    bool isOutsideOut() const;
     void sortSides();
     void matchSides();
     void matchGroup(std::span<const HalfSide> group);
@@ -87,6 +89,17 @@ void SideFinder::weldPoints()
     const std::uint32_t* vertices = m_geometry.Triangles().Data();
     for (std::size_t i = 0; i < m_corners.Size(); ++i)
         m_corners[i] = pointOf[vertices[i]];
+}
+
+/// Whether no shell is turned inside out; asked of a closed mesh.
+bool SideFinder::isOutsideOut() const
+{
+    MeshArray<std::uint32_t> corners;
+    corners.Resize(m_corners.Size());
+    for (std::size_t i = 0; i < corners.Size(); ++i)
+        corners[i] = m_sides.pointVertex[m_corners[i]];
+    return AreClosedShells(m_geometry.Positions().Data(), m_geometry.VertexCount(), corners.Data(),
+                           triangleCount());
 }
 
 void SideFinder::computeNormals()
@@ -231,6 +244,7 @@ TriangleSides SideFinder::Run()
     computeNormals();
     sortSides();
     matchSides();
+    m_sides.isClosed = m_sides.isClosed && isOutsideOut();
     numberPatches();
     return std::move(m_sides);
 }

@@ -26,7 +26,8 @@ struct TriangleSides
     std::vector<std::uint32_t> patch; ///< Per triangle: its patch, numbered by first triangle.
     std::uint32_t patchCount = 0;
     std::vector<CreaseSide> creases; ///< In the order of triangles and their sides.
-    bool isClosed = false;           ///< Every side has two triangles in opposite directions.
+    /// Every side has two triangles in opposite directions, and no shell is inside out.
+    bool isClosed = false;
 };
 
 /// Finds the sides of a geometry's triangles. Triangles without area join one neighbour and carry
