@@ -457,6 +457,9 @@ TEST_F(Shell, ScriptTextOutlivesAWaitThatAQuitMessageEnds)
     waitUntilIdle();
 
     EXPECT_EQ(engine().Texts(), (Texts{text}));
+    // The event of that script ends the next wait early, so the end of the engine is waited for.
+    m_shell.reset();
+    waitUntilIdle();
 }
 
 TEST_F(Shell, EngineEndsOnTheWorkerAlsoAfterTheShellWhoseWaitAQuitMessageEnds)
