@@ -1,10 +1,10 @@
 // Recording single libraries.
-#include <TambCommandsInfra/ProtectSignalHandlingContext.h>
-
 #include "PluginsFixture.h"
 
 #include "OrvikCore/APluginFactory.h"
 #include "OrvikCore/PluginManager.h"
+
+#include <TambCommandsInfra/ProtectSignalHandlingContext.h>
 
 #include <stdexcept>
 
