@@ -45,18 +45,32 @@ void keepReason(png_structp png, png_const_charp message)
 
 void ignoreWarning(png_structp, png_const_charp) {}
 
-/// Writes header, texts and rows. Leaves by a long jump on errors, so it holds no C++ object.
+bool isOpaque(const TambVizCore::Image& image)
+{
+    for (std::size_t i = 3; i < image.rgba.size(); i += 4) {
+        if (image.rgba[i] != 255)
+            return false;
+    }
+    return true;
+}
+
+/// Writes header, texts and rows; an opaque picture without its alpha, a quarter less to compress.
+/// Leaves by a long jump on errors, so it holds no C++ object.
 void encode(png_structp png, png_infop info, const TambVizCore::Image& image,
             const std::vector<png_text>& texts)
 {
+    const bool opaque = isOpaque(image);
     png_set_compression_level(png, kCompressionLevel);
     png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_SUB);
     png_set_IHDR(png, info, static_cast<png_uint_32>(image.width),
-                 static_cast<png_uint_32>(image.height), 8, PNG_COLOR_TYPE_RGBA, PNG_INTERLACE_NONE,
+                 static_cast<png_uint_32>(image.height), 8,
+                 opaque ? PNG_COLOR_TYPE_RGB : PNG_COLOR_TYPE_RGBA, PNG_INTERLACE_NONE,
                  PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
     if (!texts.empty())
         png_set_text(png, info, texts.data(), static_cast<int>(texts.size()));
     png_write_info(png, info);
+    if (opaque)
+        png_set_filler(png, 0, PNG_FILLER_AFTER);
     const std::size_t stride = static_cast<std::size_t>(image.width) * 4;
     for (int row = 0; row < image.height; ++row)
         png_write_row(png, image.rgba.data() + static_cast<std::size_t>(row) * stride);
