@@ -39,7 +39,7 @@ public:
     ///
     /// Deliberate: a copy shares the contents, and both would delete them. Of the original and its
     /// copies all but one must be emptied of contents by other means before they are destroyed; the
-    /// core makes no copies.
+    /// core makes no copies. Held by DocumentTest.ACopySharesTheThreeFields.
     Document(const Document&) = default;
     Document& operator=(const Document&) = default;
 
@@ -77,6 +77,7 @@ public:
     ///
     /// Deliberate: where replacing is asked for, the old contents are gone before a loader is
     /// looked for, also when there is none.
+    /// Held by DocumentFiles.ReplacingWithoutLoaderEmptiesTheDocument.
     ///
     /// @param fileName   path of the file.
     /// @param errorText  receives the loader's error, or, without a loader, "Cannot find a loader

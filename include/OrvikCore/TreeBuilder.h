@@ -53,6 +53,8 @@ public:
         Captures = 36,
         Capture = 37,
         FTAGeometry = 39,
+        // Deliberate: far from its neighbours.
+        // Held by TreeBuilderPairs.BeginOpensARowInItsStyleAndEndClosesIt.
         PointSet = 74
     };
 

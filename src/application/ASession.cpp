@@ -96,6 +96,8 @@ AViewTree* ASession::ViewTree() const
 
 void ASession::SetViewTree(AViewTree* viewTree)
 {
+    // Deliberate: the tree that is replaced is not deleted.
+    // Held by ASession.SettingATreeDeletesNothing.
     m_viewTree = viewTree;
 }
 

@@ -100,6 +100,8 @@ void SessionMgr::SetSessionFactory(ASessionFactory* factory)
 
 void SessionMgr::SetApplication(IApplication* application)
 {
+    // Deliberate: the application that is replaced is left alone.
+    // Held by SessionMgr.SetApplicationLeavesTheOneBeforeAlone.
     m_application = application;
 }
 

@@ -219,7 +219,8 @@ APluginFactory* PluginManager::createPluginRecord(const wchar_t* fileName, wchar
     }
     if (probe.isDropped) {
         // Deliberate: nobody is told, and the library stays loaded.
-        // Held by PluginManager.LibraryWithoutCreatePluginIsDroppedInSilence.
+        // Held by PluginManager.LibraryWithoutCreatePluginIsDroppedInSilence and
+        // PluginManager.LibraryWithoutCreatePluginStaysLoaded.
         probe.library.Detach();
         return nullptr;
     }
@@ -282,7 +283,8 @@ void PluginManager::reportLoadError(const std::wstring& errors, wchar_t*& errorT
 {
     WriteDebugText(kDebugError + errors + L"\n");
     // Deliberate: thrown only without a callback, a pause only with one.
-    // Held by PluginManager.LoadErrorWithoutACallbackIsThrown and ...PausesAfterTellingAnError.
+    // Held by PluginManager.LoadErrorWithoutACallbackIsThrown and
+    // PluginManager.PausesAfterTellingAnError.
     if (m_notify == nullptr) {
         throw std::runtime_error(Utils::WstringToString(errors));
     }

@@ -148,6 +148,8 @@ AScriptEngine* ScriptPluginManager::LoadScriptEngine(const wchar_t* fileName)
 
     if (engine == nullptr) {
         library.Close();
+        // Deliberate: thrown only without a callback. Held by
+        // ScriptEngineLoading.LibraryThatCannotBeLoadedIsThrownWithoutACallback.
         if (m_notify == nullptr) {
             throw std::runtime_error(Utils::WstringToString(errors));
         }
@@ -204,11 +206,13 @@ bool ScriptPluginManager::createPluginRecord(const wchar_t* fileName)
         if (!library.Load(fileName)) {
             errors = LoadErrorText(fileName, library);
         } else if (library.Symbol("RegisterPlugin") == nullptr) {
-            // 2. What is no script plugin is passed over and stays loaded.
+            // 2. Deliberate: what is no script plugin is passed over and stays loaded.
+            // Held by ScriptPluginManager.LibraryWithoutRegisterPluginStaysLoaded.
             library.Detach();
             isGood = true;
         } else {
-            // 3. A script plugin without a name fails without a word and stays loaded.
+            // 3. Deliberate: a script plugin without a name fails in silence and stays loaded.
+            // Held by ScriptPluginManager.LibraryWithoutANameStaysLoaded.
             auto record = std::make_unique<ScriptPluginRecord>();
             record->SetFileName(fileName);
             void* const nameSymbol = library.Symbol("GetScriptPluginName");
@@ -232,6 +236,9 @@ bool ScriptPluginManager::createPluginRecord(const wchar_t* fileName)
     }
 
     // 5. Release the probe's load (the record has its own) and tell the failure.
+    // Deliberate: nothing is thrown here, and a pause follows only where a host was told.
+    // Held by ScriptPluginManager.PlainFileIsNoExceptionWithoutACallback and
+    // ScriptPluginManager.PlainFileIsToldAndFollowedByAPause.
     library.Close();
     if (!isGood && m_notify != nullptr) {
         m_notify(errors, PMNotificationType::Error);

@@ -274,7 +274,7 @@ void TreeBuilder::AnyTypeBegin(std::uint64_t const& id, std::wstring const& name
                                TreeItemStyles const& kind)
 {
     // Deliberate: asking for a style that is not registered enters null, which AddStyle keeps.
-    // Held by TreeBuilder.UseOfAnUnregisteredStyleKeepsItNullForGood.
+    // Held by TreeBuilderTest.UseOfAnUnregisteredStyleKeepsItNullForGood.
     OpenNode(id, name, styles[kind]);
 }
 

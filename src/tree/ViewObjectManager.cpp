@@ -11,7 +11,8 @@ namespace OrvikCore {
 
 namespace {
 
-/// The id of every manager's own node, and the number before the first view object's.
+/// Deliberate: the id of every manager's own node, and the number before the first view object's.
+/// Held by ViewObjectManagerTest.ObjectIdsAreUniqueAcrossManagers.
 constexpr std::uint64_t kFirstId = 60000;
 
 } // namespace

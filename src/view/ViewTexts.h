@@ -8,7 +8,8 @@ inline constexpr char kNoGraphStructure[] = "No graph structure in AView3D by de
 inline constexpr char kInvalidOperation[] = "Invalid argument in AView3D::Notify";
 inline constexpr char kNoCameraProvider[] = "null ICameraProvider*";
 
-// The wording is fixed: the operation named is the pick.
+// Deliberate: the wording is fixed, though the operation that prints it is the pick.
+// Held by AView3DControllerAdapterPick.ExceptionIsPrintedUnderItsLabel.
 inline constexpr wchar_t kPickException[] = L"Exception thrown in Highlight(): ";
 
 /// The view object that shows a drag.

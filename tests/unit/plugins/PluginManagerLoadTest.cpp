@@ -166,6 +166,25 @@ TEST_F(PluginManager, LibraryWithoutCreatePluginIsDroppedInSilence)
     EXPECT_EQ(manager().GetPluginsCount(), 0);
 }
 
+TEST_F(PluginManager, LibraryWithoutCreatePluginStaysLoaded)
+{
+    const std::wstring file = m_folder.Add("NoCreate.Plugin.dll");
+
+    load(file);
+
+    EXPECT_TRUE(isInProcess(file));
+}
+
+TEST_F(PluginManager, LibraryWithAnErrorIsReleased)
+{
+    listen();
+    const std::wstring file = m_folder.Add("NoName.Plugin.dll");
+
+    load(file);
+
+    EXPECT_FALSE(isInProcess(file));
+}
+
 TEST_F(PluginManager, DroppedLibraryNeitherThrowsWithoutACallback)
 {
     EXPECT_EQ(load(m_folder.Add("NoCreate.Plugin.dll")), nullptr);
@@ -302,6 +321,15 @@ TEST_F(PluginManager, FolderWordPluginsDropsOtherTypesInSilence)
     EXPECT_EQ(m_errorText, L"<null>");
     EXPECT_TRUE(errors().empty());
     EXPECT_EQ(manager().GetPluginsCount(), 0);
+}
+
+TEST_F(PluginManager, LibraryDroppedForItsTypeStaysLoaded)
+{
+    const std::wstring file = m_folder.Add("OtherType.Plugin.dll");
+
+    load(file, L"Plugins");
+
+    EXPECT_TRUE(isInProcess(file));
 }
 
 TEST_F(PluginManager, OtherFolderWordsAdmitEveryTypeAndStoreNone)

@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -75,6 +76,19 @@ protected:
     static std::wstring lower(const std::wstring& text)
     {
         return TambVizCore::Utils::ToLowerAscii(text);
+    }
+
+    /// @return true when the process holds the library of the folder.
+    static bool isInProcess(const std::wstring& file)
+    {
+        const std::string path = TambVizCore::Utils::WstringToString(file);
+        std::ifstream maps("/proc/self/maps");
+        for (std::string line; std::getline(maps, line);) {
+            if (line.ends_with(path)) {
+                return true;
+            }
+        }
+        return false;
     }
 
     /// What a test plugin logged.

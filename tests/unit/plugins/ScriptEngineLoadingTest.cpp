@@ -93,6 +93,25 @@ TEST_F(ScriptEngineLoading, MissingEntryPointIsTold)
                                L" with error : Could not find RegisterScriptEngineFactory"}));
 }
 
+TEST_F(ScriptEngineLoading, LibraryWithoutAnEngineIsReleased)
+{
+    listen();
+    const std::wstring file = m_folder.Add("NoCreate.Plugin.dll");
+
+    loadEngine(file);
+
+    EXPECT_FALSE(isInProcess(file));
+}
+
+TEST_F(ScriptEngineLoading, LibraryOfAMadeEngineStaysLoaded)
+{
+    const std::wstring file = m_folder.Add("FakeEngine.dll");
+
+    loadEngine(file).reset();
+
+    EXPECT_TRUE(isInProcess(file));
+}
+
 TEST_F(ScriptEngineLoading, ExceptionOfTheFactoryIsToldWithItsText)
 {
     listen();

@@ -148,6 +148,24 @@ TEST_F(ScriptPluginManager, MissingNameFailsInSilence)
     EXPECT_EQ(scriptManager().FindPluginByName(L"ScriptNoName"), -1);
 }
 
+TEST_F(ScriptPluginManager, LibraryWithoutRegisterPluginStaysLoaded)
+{
+    const std::wstring file = m_folder.Add("NoCreate.Plugin.dll");
+
+    loadScript(file);
+
+    EXPECT_TRUE(isInProcess(file));
+}
+
+TEST_F(ScriptPluginManager, LibraryWithoutANameStaysLoaded)
+{
+    const std::wstring file = m_folder.Add("ScriptNoName.Plugin.dll");
+
+    loadScript(file);
+
+    EXPECT_TRUE(isInProcess(file));
+}
+
 TEST_F(ScriptPluginManager, NullFactoryIsGoodAndLeavesARecord)
 {
     listen();

@@ -15,7 +15,8 @@
 /// @thread Any thread; there is no state.
 namespace TambVizCore {
 
-/// One unit in the last place below the nearest float to pi; callers compare with it for equality.
+/// Deliberate: one unit in the last place below the nearest float to pi; callers compare with it
+/// for equality. Held by Vector.PiIsOneUnitBelowTheNearestFloat.
 inline constexpr float kPi = 3.1415925f;
 static_assert(std::bit_cast<std::uint32_t>(kPi) == 0x40490FDAu);
 
