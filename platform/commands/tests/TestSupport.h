@@ -91,7 +91,9 @@ private:
 /// stands in another frame.
 [[gnu::noinline]] inline int ReadBadMemory()
 {
-    return *reinterpret_cast<volatile int*>(std::uintptr_t{64});
+    // The address is volatile, so that no compiler foresees the fault.
+    volatile std::uintptr_t address = 64;
+    return *reinterpret_cast<volatile int*>(address);
 }
 
 #endif
