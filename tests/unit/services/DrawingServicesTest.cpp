@@ -1,6 +1,6 @@
+#include "FakeConfigInitializer.h"
 #include "FakeSession.h"
 #include "FakeViews.h"
-#include "FilledConfig.h"
 #include "PluginFolder.h"
 
 #include "OrvikCore/TambViewServicesPellux.h"
@@ -21,7 +21,7 @@ struct DrawingServices : testing::Test
     FakeSession& makeSession(const std::wstring& view)
     {
         m_folder.Add("FakeView.Plugin.dll");
-        FillConfig({{L"View3D", {{L"File", L"FakeView.Plugin.dll"}, {L"Name", view}}}});
+        Configure({{L"View3D", {{L"File", L"FakeView.Plugin.dll"}, {L"Name", view}}}});
         FakeSession& session = MakeCurrentFakeSession();
         session.m_fakeView = session.ASession::View3D();
         return session;
