@@ -1,6 +1,8 @@
-# Reads what "readelf --debug-dump=info" tells about the classes of an object file. Writes, separated
-# by tabs, a line for each class and one for each virtual operation that it declares:
+# Reads what "readelf --debug-dump=info" tells about the classes of an object file. Writes,
+# separated by tabs, a line for each class, one for its fields and one for each virtual operation
+# that it declares:
 #     class <name> <bases in order, with "|" between>
+#     fields <name> <names of the fields in order, with blanks between; no static ones>
 #     slot  <name> <slot, or ? where the compiler does not say> <mangled operation, or ~>
 # A virtual destructor is "~"; it takes two slots. Of a class that occurs twice the first counts.
 
@@ -27,6 +29,8 @@ function finish() {
             }
             offset_at[depth] = offset
         }
+    } else if (tag == "DW_TAG_member" && name !~ /^_vptr/ && !is_static) {
+        fields[offset_at[depth - 1]] = fields[offset_at[depth - 1]] " " name
     } else if (tag == "DW_TAG_typedef") {
         meant[offset] = type
     } else if (tag == "DW_TAG_inheritance") {
@@ -72,7 +76,7 @@ function qualified_name(level,    i, text) {
     sub(/^.*\(/, "", tag)
     sub(/\).*$/, "", tag)
     name = linkage = type = slot = ""
-    is_virtual = declared_only = 0
+    is_virtual = declared_only = is_static = 0
     class_tag[depth] = is_class(tag)
     namespace_tag[depth] = (tag == "DW_TAG_namespace")
     next
@@ -82,6 +86,7 @@ function qualified_name(level,    i, text) {
 /DW_AT_linkage_name/ { linkage = value_after_colon($0) }
 /DW_AT_type / { type = value_after_colon($0); gsub(/[<>]|0x/, "", type) }
 /DW_AT_declaration/ { declared_only = 1 }
+/DW_AT_external/ { is_static = 1 }
 /DW_AT_virtuality/ { is_virtual = 1 }
 /DW_AT_vtable_elem_location/ {
     slot = $0
@@ -101,6 +106,7 @@ END {
             line = line (j > 1 ? "|" : "") base_name(list[j])
         }
         print line
+        print "fields\t" class "\t" substr(fields[at], 2)
         count = split(operations[at], list, " ")
         for (j = 1; j <= count; ++j) {
             equals = index(list[j], "=")

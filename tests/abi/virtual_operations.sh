@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Compares the slots of every virtual operation that a plugin or a host may call with the committed
 # list: a plugin that was built before keeps working only while they stay where they are. New
-# operations go behind the last one of their class, and the list then takes them up.
+# operations go behind the last one of their class, and the list then takes them up. The fields that
+# fields.txt names have to keep their order too; others may stand beside them.
 #
 # usage: virtual_operations.sh COMPILER WORK_FOLDER
 # ORVIK_UPDATE_GOLDEN=1 in the environment rewrites the list instead.
@@ -58,3 +59,38 @@ elif ! diff -u "$list" "$work/order.txt"; then
     echo "ORVIK_UPDATE_GOLDEN=1 and say in the commit whether plugins must be rebuilt."
     exit 1
 fi
+
+# 5. The fields.
+sed 's/UL>/>/' "$work/classes.txt" | awk -F '\t' '
+    NR == FNR {
+        end = index($0, ": ")
+        class = substr($0, 1, end - 1)
+        wanted[class] = substr($0, end + 2)
+        next
+    }
+    $1 == "fields" && $2 in wanted && !($2 in done) {
+        done[$2] = 1
+        count = split($3, present, " ")
+        number = split(wanted[$2], names, " ")
+        at = 1
+        for (i = 1; i <= number; ++i) {
+            while (at <= count && present[at] != names[i]) {
+                ++at
+            }
+            if (at++ > count) {
+                print $2 ": the field " names[i] " is not where it was; now: " $3
+                found = 1
+                break
+            }
+        }
+    }
+    END {
+        for (class in wanted) {
+            if (!(class in done)) {
+                print class ": not seen, though its fields are listed"
+                found = 1
+            }
+        }
+        exit found
+    }
+' "$root/tests/abi/fields.txt" -
