@@ -147,6 +147,9 @@ IViewOp* Input2OpStrategySelect::plainMotionOp(MouseEventArgs& event, const IVie
     const int y = event.Y();
     const int beforeX = controller->PrevX();
     const int beforeY = controller->PrevY();
+    // Deliberate: pans and rotations are in processing from the first motion to the last, and the
+    // first motion after a ray pick resets the rubber band.
+    // Held by the rows BothButtons, SelectionButton and NoButtonAfterARayPick of PointerMotion.
     if (event.GetMouseButtons() == kPanButtons) {
         return MakeOp<ViewOpPan>(x, y, beforeX, beforeY, IViewOpState::Processing);
     }
