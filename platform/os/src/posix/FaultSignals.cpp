@@ -22,7 +22,7 @@ namespace {
 constexpr int kSignals[] = {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP, SIGABRT};
 constexpr std::size_t kSignalCount = sizeof kSignals / sizeof kSignals[0];
 
-constexpr std::size_t kHandlerStackBytes = 64 * 1024;
+constexpr std::size_t kHandlerStackBytes = std::size_t{64} * 1024;
 constexpr std::uint64_t kRedZoneBytes = 128; ///< Below the stack pointer, in use by leaf functions.
 constexpr std::uint64_t kThrowingBytes =
     16384; ///< What the throw itself may need of the opened guard.
@@ -210,8 +210,8 @@ public:
         }
     }
 
-    HandlerStack(const HandlerStack&) = delete;
-    HandlerStack& operator=(const HandlerStack&) = delete;
+    HandlerStack(HandlerStack&&) = delete;
+    HandlerStack& operator=(HandlerStack&&) = delete;
 
     /// Makes the system use this stack. Does nothing when there is no memory: faults are then
     /// handled on the faulting stack, and only overflows cannot be.

@@ -5,20 +5,23 @@
 
 #include <cstring>
 
+// The names are the runtime's.
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 
 /// The C++ personality routine of this process; only its address is used.
 void __gxx_personality_v0();
 
 /// What the unwinder knows about the function around an address.
-struct dwarf_eh_bases
+struct UnwindBases
 {
     void* tbase;
     void* dbase;
     void* func;
 };
-const void* _Unwind_Find_FDE(const void* address, dwarf_eh_bases* bases);
+const void* _Unwind_Find_FDE(const void* address, UnwindBases* bases);
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace OrvikOs {
 
@@ -30,7 +33,7 @@ constexpr unsigned kMostFrames = 1u << 20; ///< Past this the stack is taken for
 /// one ends the program at a place that the table leaves out.
 bool usesCppPersonality(const void* address)
 {
-    dwarf_eh_bases bases = {};
+    UnwindBases bases = {};
     const auto* const fde = static_cast<const unsigned char*>(_Unwind_Find_FDE(address, &bases));
     if (fde == nullptr) {
         return false;
