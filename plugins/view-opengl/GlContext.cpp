@@ -169,6 +169,9 @@ void GlContext::describe()
     m_isSoftware = renderer.find("llvmpipe") != std::string::npos ||
                    renderer.find("softpipe") != std::string::npos ||
                    renderer.find("SWR") != std::string::npos;
+    // A software renderer is done with vertices before a draw call returns, so the memory may go
+    // as soon as the buffer is deleted.
+    m_readsOwnMemory = m_isSoftware && epoxy_has_gl_extension("GL_AMD_pinned_memory");
     m_description = glText(GL_VENDOR) + ", " + renderer + ", OpenGL " + glText(GL_VERSION);
     GLint renderbuffer = 0;
     GLint viewport[2] = {};

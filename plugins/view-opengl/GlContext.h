@@ -42,6 +42,9 @@ public:
     /// @return true on a software renderer, where antialiasing and triangles cost processor time.
     bool IsSoftware() const { return m_isSoftware; }
 
+    /// @return true when the renderer can read vertices and indices where the process has them.
+    bool ReadsOwnMemory() const { return m_readsOwnMemory; }
+
     /// @return vendor, renderer and version in one line, UTF-8.
     const std::string& Description() const { return m_description; }
 
@@ -57,6 +60,7 @@ private:
 
     std::unique_ptr<Handles> m_handles;
     bool m_isSoftware = true;
+    bool m_readsOwnMemory = false;
     int m_maxSide = 0;
     std::string m_description;
 };

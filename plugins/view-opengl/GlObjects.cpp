@@ -43,6 +43,11 @@ GlBuffer MakeBuffer(GLenum target, const void* data, std::size_t bytes)
     return GlBuffer(name);
 }
 
+GlBuffer MakeBufferOver(const void* data, std::size_t bytes)
+{
+    return MakeBuffer(GL_EXTERNAL_VIRTUAL_MEMORY_BUFFER_AMD, data, bytes);
+}
+
 void WriteBuffer(GLenum target, const GlBuffer& buffer, std::size_t offset, const void* data,
                  std::size_t bytes)
 {

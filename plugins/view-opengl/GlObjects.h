@@ -54,6 +54,10 @@ using GlProgram = GlName<&DeleteProgram>;
 /// Makes a buffer that never changes; no name for no bytes.
 GlBuffer MakeBuffer(GLenum target, const void* data, std::size_t bytes);
 
+/// Makes a buffer over memory that stays as it is and lives as long as the buffer, without a copy;
+/// see GlContext::ReadsOwnMemory.
+GlBuffer MakeBufferOver(const void* data, std::size_t bytes);
+
 /// Writes a part of a buffer anew.
 void WriteBuffer(GLenum target, const GlBuffer& buffer, std::size_t offset, const void* data,
                  std::size_t bytes);

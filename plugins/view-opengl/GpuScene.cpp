@@ -17,9 +17,15 @@ using TambVizCore::GeoNode;
 using TambVizCore::PartKind;
 using TambVizCore::PartState;
 
-template <class T> GlBuffer upload(GLenum target, const TambVizCore::SharedArray<T>& values)
+/// @param kept  shares the array where the buffer lies over its memory.
+template <class T>
+GlBuffer upload(GLenum target, const TambVizCore::SharedArray<T>& values, bool readsOwnMemory,
+                TambVizCore::SharedArray<T>& kept)
 {
-    return MakeBuffer(target, values.Data(), values.MemoryBytes());
+    if (!readsOwnMemory)
+        return MakeBuffer(target, values.Data(), values.MemoryBytes());
+    kept = values;
+    return MakeBufferOver(values.Data(), values.MemoryBytes());
 }
 
 /// Binds the buffer @p buffer as the attribute @p location; nothing without a buffer.
@@ -32,14 +38,6 @@ void attach(const GlBuffer& buffer, GLuint location, GLint size, GLenum type, GL
     glVertexAttribPointer(location, size, type, normalized, 0, nullptr);
 }
 
-GpuPrimitives uploadPrimitives(const TambVizCore::SharedArray<std::uint32_t>& indices)
-{
-    GpuPrimitives primitives;
-    primitives.indices = upload(GL_ELEMENT_ARRAY_BUFFER, indices);
-    primitives.count = static_cast<GLsizei>(indices.Size());
-    return primitives;
-}
-
 bool hasTransparency(const TambVizCore::SharedArray<std::uint8_t>& colors)
 {
     for (std::size_t i = 3; i < colors.Size(); i += 4) {
@@ -49,20 +47,28 @@ bool hasTransparency(const TambVizCore::SharedArray<std::uint8_t>& colors)
     return false;
 }
 
-void uploadGeometry(const TambVizCore::Geometry& geometry, GpuGeometry& gpu)
+void uploadGeometry(const TambVizCore::Geometry& geometry, bool readsOwnMemory, GpuGeometry& gpu)
 {
     gpu.vertexArray = MakeVertexArray();
     glBindVertexArray(gpu.vertexArray.Get());
-    gpu.positions = upload(GL_ARRAY_BUFFER, geometry.Positions());
+    gpu.positions =
+        upload(GL_ARRAY_BUFFER, geometry.Positions(), readsOwnMemory, gpu.keptPositions);
     attach(gpu.positions, kPositionLocation, 3, GL_FLOAT, GL_FALSE);
-    gpu.normals = upload(GL_ARRAY_BUFFER, geometry.Normals());
+    gpu.normals = upload(GL_ARRAY_BUFFER, geometry.Normals(), readsOwnMemory, gpu.keptNormals);
     attach(gpu.normals, kNormalLocation, 3, GL_FLOAT, GL_FALSE);
-    gpu.colors = upload(GL_ARRAY_BUFFER, geometry.Colors());
+    gpu.colors = upload(GL_ARRAY_BUFFER, geometry.Colors(), readsOwnMemory, gpu.keptColors);
     gpu.hasTransparentColors = hasTransparency(geometry.Colors());
     attach(gpu.colors, kColorLocation, 4, GL_UNSIGNED_BYTE, GL_TRUE);
-    gpu.primitives[PrimitiveSlot(PartKind::Face)] = uploadPrimitives(geometry.Triangles());
-    gpu.primitives[PrimitiveSlot(PartKind::Edge)] = uploadPrimitives(geometry.Segments());
-    gpu.primitives[PrimitiveSlot(PartKind::Vertex)] = uploadPrimitives(geometry.Points());
+    const auto addPrimitives = [&](PartKind kind,
+                                   const TambVizCore::SharedArray<std::uint32_t>& indices) {
+        const std::size_t slot = PrimitiveSlot(kind);
+        gpu.primitives[slot].indices =
+            upload(GL_ELEMENT_ARRAY_BUFFER, indices, readsOwnMemory, gpu.keptIndices[slot]);
+        gpu.primitives[slot].count = static_cast<GLsizei>(indices.Size());
+    };
+    addPrimitives(PartKind::Face, geometry.Triangles());
+    addPrimitives(PartKind::Edge, geometry.Segments());
+    addPrimitives(PartKind::Vertex, geometry.Points());
     glBindVertexArray(0);
 }
 
@@ -122,7 +128,7 @@ GpuGeometry& GpuScene::Geometry(const GeoNode& node)
     if (gpu.source.expired()) {
         gpu = GpuGeometry();
         gpu.source = source;
-        uploadGeometry(*source, gpu);
+        uploadGeometry(*source, m_readsOwnMemory, gpu);
     }
     return gpu;
 }

@@ -4,6 +4,7 @@
 #include "GlObjects.h"
 
 #include <TambVizCore/PartKind.h>
+#include <TambVizCore/SharedArray.h>
 
 #include <array>
 #include <cstdint>
@@ -31,6 +32,10 @@ struct GpuGeometry
 {
     std::weak_ptr<const TambVizCore::Geometry> source;
     GlVertexArray vertexArray;
+    /// What buffers over the process's own memory keep alive; first, so that they go last.
+    TambVizCore::SharedArray<float> keptPositions, keptNormals;
+    TambVizCore::SharedArray<std::uint8_t> keptColors;
+    std::array<TambVizCore::SharedArray<std::uint32_t>, 3> keptIndices;
     GlBuffer positions, normals, colors;
     bool hasTransparentColors = false;       ///< Some vertex has a colour that is not opaque.
     std::array<GpuPrimitives, 3> primitives; ///< Triangles, segments, points.
@@ -54,6 +59,10 @@ struct GpuNode
 class GpuScene
 {
 public:
+    /// @param reads  whether the renderer can read vertices and indices where the scene has them
+    ///               (GlContext::ReadsOwnMemory); no copies are made then. False at start.
+    void SetReadsOwnMemory(bool reads) { m_readsOwnMemory = reads; }
+
     /// Begins a frame.
     void BeginFrame();
 
@@ -84,6 +93,7 @@ private:
     /// A new node at the place of a deleted one is told apart by its stamps.
     std::unordered_map<const TambVizCore::GeoNode*, GpuNode> m_nodes;
     std::uint64_t m_frame = 0;
+    bool m_readsOwnMemory = false;
 };
 
 /// @return the place of a kind in GpuGeometry::primitives.

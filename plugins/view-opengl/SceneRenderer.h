@@ -46,7 +46,7 @@ public:
     /// Forgets everything in graphics memory.
     void Clear();
 
-    const GpuScene& Gpu() const { return m_gpu; }
+    GpuScene& Gpu() { return m_gpu; }
 
 private:
     /// What a node takes over from the nodes above it.

@@ -219,6 +219,7 @@ bool View3dOpenGlSG::prepare()
     }
     OrvikCore::dbg << "-- view: " << m_context->Description() << std::endl;
     const GlContext::Current current(*m_context);
+    m_renderer.Gpu().SetReadsOwnMemory(m_context->ReadsOwnMemory());
     const TambVizCore::RenderingOptions& options = *GetRenderingOptions();
     if (current.IsCurrent() && m_target.Bind(1, 1, options.GetAntialiasLevel()))
         m_renderer.Prepare(options);

@@ -177,6 +177,14 @@ protected:
         m_target.Clear();
     }
 
+    /// @return the picture drawn last.
+    TambVizCore::Image read()
+    {
+        Image image;
+        m_target.Read(image);
+        return image;
+    }
+
     void draw()
     {
         Projection projection;
@@ -228,6 +236,45 @@ TEST_F(KeptData, InstancesShareOneGeometry)
 
     EXPECT_EQ(m_renderer.Gpu().GeometryCount(), 1u);
     EXPECT_EQ(m_renderer.Gpu().NodeCount(), 10u);
+}
+
+TEST_F(KeptData, PictureIsTheSameWithAndWithoutCopies)
+{
+    GeoNode* const node = m_root.CreateChildGeoNode(1);
+    node->SetGeometry(MakeRectangles({{.right = 0.3f}}));
+    draw();
+    const Image copied = read();
+    m_renderer.Clear();
+
+    m_renderer.Gpu().SetReadsOwnMemory(m_context->ReadsOwnMemory());
+    draw();
+
+    EXPECT_EQ(read().rgba, copied.rgba);
+}
+
+TEST_F(KeptData, MemoryThatIsReadInPlaceLivesUntilTheBodyIsForgotten)
+{
+    if (!m_context->ReadsOwnMemory())
+        GTEST_SKIP() << "the renderer here makes copies: " << m_context->Description();
+    m_renderer.Gpu().SetReadsOwnMemory(true);
+    auto owner =
+        std::make_shared<const std::vector<float>>(std::vector<float>{0, 0, 0, 1, 0, 0, 0, 1, 0});
+    const std::weak_ptr<const std::vector<float>> watch = owner;
+    {
+        TambVizCore::GeometryBuilder builder;
+        builder.SetPositions({std::shared_ptr<const float>(owner, owner->data()), 9})
+            .SetTriangles(
+                TambVizCore::SharedArray<std::uint32_t>(std::vector<std::uint32_t>{0, 1, 2}));
+        m_root.CreateChildGeoNode(1)->SetGeometry(Build(builder));
+    }
+    owner.reset();
+    draw();
+
+    m_root.RemoveAllChildren();
+    EXPECT_FALSE(watch.expired());
+    draw();
+
+    EXPECT_TRUE(watch.expired());
 }
 
 TEST_F(KeptData, BodyOutOfSightIsNotUploaded)
