@@ -84,6 +84,15 @@ Parameter SwitchParameter(std::string name, std::string help)
     return parameter;
 }
 
+TambCommandsInfra::CommandError WrongArgument(const std::string& command,
+                                              const std::string& parameter,
+                                              const std::string& expected, const Value& got)
+{
+    return TambCommandsInfra::CommandError(command + ": parameter \"" + parameter +
+                                           "\": expected " + expected + ", got " +
+                                           TambCommandsInfra::DescribeValue(got) + ".");
+}
+
 std::wstring InFolder(const std::wstring& folder, const std::wstring& path)
 {
     const bool fromRoot = !path.empty() && (path.front() == L'/' || path.front() == L'\\' ||

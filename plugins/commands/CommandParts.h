@@ -2,6 +2,7 @@
 #define PLUGINCOMMANDS_COMMANDPARTS_H
 
 #include <TambCommandsInfra/Command.h>
+#include <TambCommandsInfra/CommandError.h>
 
 #include <string>
 
@@ -30,6 +31,13 @@ TambCommandsInfra::Parameter PathParameter(std::string name, std::string help);
 
 /// An optional switch that is on when left out.
 TambCommandsInfra::Parameter SwitchParameter(std::string name, std::string help);
+
+/// The error of an argument whose form the table cannot check by itself:
+/// "<command>: parameter \"<parameter>\": expected <what>, got <what it is>."
+TambCommandsInfra::CommandError WrongArgument(const std::string& command,
+                                              const std::string& parameter,
+                                              const std::string& expected,
+                                              const TambCommandsInfra::Value& got);
 
 /// Makes a path that does not begin at the root relative to @p folder; "." leaves it alone.
 std::wstring InFolder(const std::wstring& folder, const std::wstring& path);

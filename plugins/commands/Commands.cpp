@@ -6,7 +6,9 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
 {
     RegisterApplicationCommands(table);
     RegisterDocumentCommands(table);
+    RegisterDrawingCommands(table);
     RegisterEntityCommands(table);
+    RegisterSettingsCommands(table);
     RegisterViewCommands(table);
 }
 

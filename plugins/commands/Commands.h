@@ -7,10 +7,12 @@ class CommandTable;
 
 namespace OrvikCommands {
 
-/// Each registers the commands of one family.
+/// Each registers the commands of one topic.
 void RegisterApplicationCommands(TambCommandsInfra::CommandTable& table);
 void RegisterDocumentCommands(TambCommandsInfra::CommandTable& table);
+void RegisterDrawingCommands(TambCommandsInfra::CommandTable& table);
 void RegisterEntityCommands(TambCommandsInfra::CommandTable& table);
+void RegisterSettingsCommands(TambCommandsInfra::CommandTable& table);
 void RegisterViewCommands(TambCommandsInfra::CommandTable& table);
 
 /// Registers every command of the script language.

@@ -1,0 +1,256 @@
+#include "CommandParts.h"
+#include "Commands.h"
+
+#include <TambCommandsInfra/CommandTable.h>
+#include <TambCommandsInfra/ITambViewServices.h>
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+namespace OrvikCommands {
+namespace {
+
+using TambCommandsInfra::Arguments;
+using TambCommandsInfra::Command;
+using TambCommandsInfra::CommandEffect;
+using TambCommandsInfra::CommandTable;
+using TambCommandsInfra::Parameter;
+using TambCommandsInfra::Presence;
+using TambCommandsInfra::Value;
+using TambCommandsInfra::ValueType;
+
+const char kDrawTriangles[] = "view:draw-triangles";
+
+Command drawArrowCommand()
+{
+    Command command;
+    command.name = "view:draw-arrow";
+    command.parameters = {PointParameter("from", "where the arrow begins"),
+                          PointParameter("to", "where its point is")};
+    command.summary = "Draws an arrow over the model.";
+    command.help = "It stays until view:clear-drawings.";
+    command.example = "(view:draw-arrow '(0 0 0) '(0 0 50))";
+    command.effect = CommandEffect::Changes;
+    command.handler = [](const Arguments& arguments) {
+        const std::array<double, 3> from = arguments["from"].AsVector();
+        const std::array<double, 3> to = arguments["to"].AsVector();
+        ViewServices().DrawArrow(from[0], from[1], from[2], to[0], to[1], to[2]);
+        return Value();
+    };
+    return command;
+}
+
+Parameter listParameter(const char* name, const char* help, const char* unit, Presence presence)
+{
+    Parameter parameter;
+    parameter.name = name;
+    parameter.type = ValueType::List;
+    parameter.help = help;
+    parameter.unit = unit;
+    parameter.presence = presence;
+    if (presence == Presence::Optional)
+        parameter.defaultValue = Value(Value::List{});
+    return parameter;
+}
+
+bool isNumber(const Value& value)
+{
+    return value.GetKind() == Value::Kind::Integer || value.GetKind() == Value::Kind::Real;
+}
+
+/// Makes one list of numbers out of a list of lists of three.
+std::vector<float> triples(const char* parameter, const Arguments& arguments)
+{
+    std::vector<float> numbers;
+    for (const Value& triple : arguments[parameter].AsList()) {
+        const bool isTriple = triple.GetKind() == Value::Kind::List &&
+                              triple.AsList().size() == 3 && isNumber(triple.AsList()[0]) &&
+                              isNumber(triple.AsList()[1]) && isNumber(triple.AsList()[2]);
+        if (!isTriple)
+            throw WrongArgument(kDrawTriangles, parameter, "a list of lists of three numbers",
+                                triple);
+        for (const Value& number : triple.AsList())
+            numbers.push_back(static_cast<float>(number.AsReal()));
+    }
+    return numbers;
+}
+
+/// The corners of the triangles, each the number of a point.
+std::vector<int> corners(const Arguments& arguments, std::size_t pointCount)
+{
+    const Value::List& list = arguments["triangles"].AsList();
+    std::vector<int> indices;
+    for (const Value& triangle : list) {
+        const bool isTriple =
+            triangle.GetKind() == Value::Kind::List && triangle.AsList().size() == 3;
+        if (!isTriple)
+            throw WrongArgument(kDrawTriangles, "triangles", "a list of lists of three integers",
+                                triangle);
+        for (const Value& index : triangle.AsList()) {
+            if (index.GetKind() != Value::Kind::Integer || index.AsInteger() < 0 ||
+                index.AsInteger() >= static_cast<std::int64_t>(pointCount))
+                throw WrongArgument(kDrawTriangles, "triangles",
+                                    "numbers of points, counted from 0, below " +
+                                        std::to_string(pointCount),
+                                    index);
+            indices.push_back(static_cast<int>(index.AsInteger()));
+        }
+    }
+    return indices;
+}
+
+Value drawTriangles(const Arguments& arguments)
+{
+    std::vector<float> points = triples("points", arguments);
+    std::vector<int> indices = corners(arguments, points.size() / 3);
+    std::vector<float> normals = triples("normals", arguments);
+    std::vector<float> colors = triples("colors", arguments);
+    for (const char* const parameter : {"normals", "colors"}) {
+        const std::size_t count = arguments[parameter].AsList().size();
+        if (count != 0 && count * 3 != points.size())
+            throw WrongArgument(kDrawTriangles, parameter, "one for each point, or none",
+                                arguments[parameter]);
+    }
+    ViewServices().DrawTessellationData(points, normals, colors, indices);
+    return Value();
+}
+
+Command drawTrianglesCommand()
+{
+    Command command;
+    command.name = kDrawTriangles;
+    command.parameters = {
+        listParameter("points", "lists of x, y and z", "world units", Presence::Required),
+        listParameter("triangles", "lists of the numbers of three points, counted from 0", "",
+                      Presence::Required),
+        listParameter("normals", "one list of x, y and z for each point, or none", "",
+                      Presence::Optional),
+        listParameter("colors",
+                      "one list of red, green and blue from 0 to 1 for each point, or "
+                      "none",
+                      "", Presence::Optional)};
+    command.summary = "Draws triangles over the model.";
+    command.help = "They stay until view:clear-drawings.";
+    command.example = "(view:draw-triangles '((0 0 0) (10 0 0) (0 10 0)) '((0 1 2)))";
+    command.effect = CommandEffect::Changes;
+    command.handler = drawTriangles;
+    return command;
+}
+
+Command clearDrawingsCommand()
+{
+    Command command;
+    command.name = "view:clear-drawings";
+    command.summary = "Removes the arrows and triangles that were drawn over the model.";
+    command.example = "(view:clear-drawings)";
+    command.effect = CommandEffect::Changes;
+    command.handler = [](const Arguments&) {
+        ViewServices().ClearDrawingObjects();
+        return Value();
+    };
+    return command;
+}
+
+Command tessellationCommand()
+{
+    Command command;
+    command.name = "view:tessellation";
+    command.result = ValueType::Any;
+    command.resultHelp = "sag and step in world units and the greatest angle in degrees, as they "
+                         "were set last, or #f when nothing is loaded";
+    command.summary = "Tells how finely curved faces are drawn.";
+    command.example = "(view:tessellation)";
+    command.handler = [](const Arguments&) {
+        double sag = 0;
+        double step = 0;
+        double maxAngle = 0;
+        if (!ViewServices().GetTessellationParameters(sag, step, maxAngle))
+            return Value(false);
+        return Value(Value::List{Value(sag), Value(step), Value(maxAngle)});
+    };
+    return command;
+}
+
+Command setTessellationCommand()
+{
+    Command command;
+    command.name = "view:set-tessellation!";
+    command.parameters = {
+        RealParameter("sag", "greatest distance of a chord from its curve", "world units"),
+        RealParameter("step", "greatest length of a chord", "world units"),
+        RealParameter("max-angle", "greatest angle between neighbouring chords", "degrees")};
+    command.result = ValueType::Bool;
+    command.resultHelp = "#f when nothing is loaded; nothing is set then";
+    command.summary = "Sets how finely curved faces are drawn.";
+    command.help = "0 or less asks for the default. What is loaded already is drawn anew by "
+                   "view:render-again.";
+    command.example = "(view:set-tessellation! 0.1 0 15)";
+    command.effect = CommandEffect::Changes;
+    command.handler = [](const Arguments& a) {
+        return Value(ViewServices().SetTessellationParameters(a["sag"].AsReal(), a["step"].AsReal(),
+                                                              a["max-angle"].AsReal()));
+    };
+    return command;
+}
+
+Command incrementalCommand()
+{
+    Command command;
+    command.name = "view:incremental-rendering?";
+    command.result = ValueType::Bool;
+    command.resultHelp = "#t while large models are brought to the view in slices";
+    command.summary = "Tells whether large models are brought to the view in slices.";
+    command.example = "(view:incremental-rendering?)";
+    command.handler = [](const Arguments&) {
+        return Value(ViewServices().GetUseIncrementalRendering());
+    };
+    return command;
+}
+
+Command setIncrementalCommand()
+{
+    Command command;
+    command.name = "view:set-incremental-rendering!";
+    command.parameters = {SwitchParameter("use", "#t for slices; #t when left out")};
+    command.summary = "Sets whether large models are brought to the view in slices.";
+    command.example = "(view:set-incremental-rendering! #f)";
+    command.effect = CommandEffect::Changes;
+    command.handler = [](const Arguments& arguments) {
+        ViewServices().SetUseIncrementalRendering(arguments["use"].AsBool());
+        return Value();
+    };
+    return command;
+}
+
+Command updateCommand(const char* name, const char* summary, void (ITambViewServices::*update)())
+{
+    Command command;
+    command.name = name;
+    command.summary = summary;
+    command.example = "(" + command.name + ")";
+    command.handler = [update](const Arguments&) {
+        (ViewServices().*update)();
+        return Value();
+    };
+    return command;
+}
+
+} // namespace
+
+void RegisterDrawingCommands(CommandTable& table)
+{
+    table.Register(drawArrowCommand());
+    table.Register(drawTrianglesCommand());
+    table.Register(clearDrawingsCommand());
+    table.Register(tessellationCommand());
+    table.Register(setTessellationCommand());
+    table.Register(incrementalCommand());
+    table.Register(setIncrementalCommand());
+    table.Register(updateCommand("view:update", "Draws the view where something has changed.",
+                                 &ITambViewServices::UpdateDisplay));
+    table.Register(updateCommand("view:render-again", "Draws the whole view anew.",
+                                 &ITambViewServices::Rerender));
+}
+
+} // namespace OrvikCommands
