@@ -1,0 +1,99 @@
+#include "BatchProcess.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string gear = SourceFile("examples/gear.stl");
+
+TEST(Files, NamesMayHoldAnything)
+{
+    BatchProcess process;
+    std::vector<std::string> arguments = {"--no-startup"};
+    for (const char* const name :
+         {"two blanks here.stl",
+          "gr\xC3\xBC\xC3\x9F"
+          "e.stl",
+          "\xF0\x9F\x98\x80.stl", "odd\x80\xFF.stl", "quote\"d.stl", "back\\slash.stl",
+          "single'.stl", "\xE2\x80\x9Ctypographic\xE2\x80\x9D.stl"}) {
+        fs::copy_file(gear, process.Folder() / name);
+        arguments.push_back(name);
+    }
+
+    arguments.insert(arguments.end(), {"--eval", "(app:print (length (doc:contents)))", "--info"});
+    process.ExpectGolden("names", process.Run(arguments));
+}
+
+TEST(Files, APictureMayHaveAnyName)
+{
+    BatchProcess process;
+
+    const Outcome outcome =
+        process.Run({"--no-startup", "--size", "32x32", "--output", "\xC3\xA4 \x80\"\\.png"});
+
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_TRUE(fs::exists(process.Folder() / "\xC3\xA4 \x80\"\\.png"));
+}
+
+TEST(Files, AnErrorSpellsAnOddNameAsItIs)
+{
+    BatchProcess process;
+
+    process.ExpectGolden("odd-missing", process.Run({"--no-startup", "odd\x80.stl"}));
+}
+
+TEST(Files, AFolderIsNoModel)
+{
+    BatchProcess process;
+    fs::create_directory(process.Folder() / "folder.stl");
+
+    process.ExpectGolden("folder", process.Run({"--no-startup", "folder.stl"}));
+}
+
+TEST(Files, AnUnknownExtensionIsAnError)
+{
+    BatchProcess process;
+    process.Write("model.unknown", "solid");
+
+    process.ExpectGolden("unknown-extension", process.Run({"--no-startup", "model.unknown"}));
+}
+
+TEST(Files, AMissingFileIsAnError)
+{
+    BatchProcess process;
+
+    process.ExpectGolden("missing", process.Run({"--no-startup", "absent.stl"}));
+}
+
+TEST(Files, AnEmptyFileIsAnError)
+{
+    BatchProcess process;
+    process.Write("empty.stl", "");
+
+    process.ExpectGolden("empty", process.Run({"--no-startup", "empty.stl"}));
+}
+
+TEST(Files, ATruncatedFileIsNeverDrawnWithoutAWord)
+{
+    BatchProcess process;
+    process.Write("cut.stl", ReadBytes(gear).substr(0, 100000));
+
+    process.ExpectGolden("truncated", process.Run({"--no-startup", "cut.stl", "--info"}));
+}
+
+TEST(Files, AfterAFileThatFailsNothingElseRuns)
+{
+    BatchProcess process;
+
+    process.ExpectGolden("stops-at-file",
+                         process.Run({"--no-startup", "absent.stl", "--eval",
+                                      "(app:print \"more\")", "--output", "picture.png"}));
+
+    EXPECT_FALSE(fs::exists(process.Folder() / "picture.png"));
+}
+
+} // namespace
