@@ -13,9 +13,6 @@ namespace {
 
 using TambVizCore::Utils;
 
-using Pairs = std::vector<std::pair<std::wstring, std::wstring>>;
-using Sections = std::vector<std::pair<std::wstring, Pairs>>;
-
 /// What is wrong with a file, and where.
 class FileError : public std::runtime_error
 {
@@ -55,23 +52,28 @@ std::wstring scalarText(const toml::node& node, std::string_view key)
                                        "' must be a string, a number or true or false");
 }
 
-Pairs readSection(const toml::table& table)
+/// The values of each key of a section; none for an empty array.
+using Values = std::vector<std::pair<std::wstring, std::vector<std::wstring>>>;
+
+Values readSection(const toml::table& table)
 {
-    Pairs pairs;
+    Values values;
     for (const auto& [key, node] : table) {
-        if (const toml::array* const values = node.as_array()) {
-            for (const toml::node& value : *values)
-                pairs.emplace_back(widen(key.str()), scalarText(value, key.str()));
+        std::vector<std::wstring>& texts = values.emplace_back().second;
+        values.back().first = widen(key.str());
+        if (const toml::array* const elements = node.as_array()) {
+            for (const toml::node& element : *elements)
+                texts.push_back(scalarText(element, key.str()));
         } else {
-            pairs.emplace_back(widen(key.str()), scalarText(node, key.str()));
+            texts.push_back(scalarText(node, key.str()));
         }
     }
-    return pairs;
+    return values;
 }
 
-Sections readFile(const std::string& contents)
+std::vector<std::pair<std::wstring, Values>> readFile(const std::string& contents)
 {
-    Sections sections;
+    std::vector<std::pair<std::wstring, Values>> sections;
     const toml::table root = toml::parse(std::string_view(contents));
     for (const auto& [key, node] : root) {
         const toml::table* const table = node.as_table();
@@ -103,7 +105,9 @@ bool ConfigurationFile::AddFile(const std::wstring& path, bool mustExist)
     if (!Utils::GetFileContents(path, text))
         return fail(path + L": cannot be read");
     try {
-        merge(readFile(Utils::WstringToString(text)));
+        for (const auto& [name, values] : readFile(Utils::WstringToString(text)))
+            for (const auto& [key, texts] : values)
+                replace(section(name), key, texts);
     } catch (const FileError& error) {
         return fail(error.Text(path));
     } catch (const toml::parse_error& error) {
@@ -136,16 +140,12 @@ void ConfigurationFile::FillSection(const std::wstring& name,
     pairs->insert(pairs->end(), stored.begin(), stored.end());
 }
 
-void ConfigurationFile::merge(const Sections& sections)
+void ConfigurationFile::replace(Pairs& pairs, const std::wstring& key,
+                                const std::vector<std::wstring>& values)
 {
-    for (const auto& [name, pairs] : sections) {
-        Pairs& target = section(name);
-        std::erase_if(target, [&pairs = pairs](const auto& old) {
-            return std::any_of(pairs.begin(), pairs.end(),
-                               [&old](const auto& added) { return added.first == old.first; });
-        });
-        target.insert(target.end(), pairs.begin(), pairs.end());
-    }
+    std::erase_if(pairs, [&key](const auto& pair) { return pair.first == key; });
+    for (const std::wstring& value : values)
+        pairs.emplace_back(key, value);
 }
 
 ConfigurationFile::Pairs& ConfigurationFile::section(const std::wstring& name)

@@ -45,7 +45,9 @@ private:
     using Pairs = std::vector<std::pair<std::wstring, std::wstring>>;
     using Sections = std::vector<std::pair<std::wstring, Pairs>>;
 
-    void merge(const Sections& sections);
+    /// Gives a key these values and no others.
+    static void replace(Pairs& pairs, const std::wstring& key,
+                        const std::vector<std::wstring>& values);
     Pairs& section(const std::wstring& name);
 
     Sections m_sections; ///< In the order of their first appearance.

@@ -35,14 +35,17 @@ void declare(CLI::App& app, RawOptions& raw, Options& options)
     app.add_option("--script", raw.scripts, "Run a script file")
         ->type_name("F")
         ->expected(1)
+        ->allow_extra_args(false)
         ->take_all();
     app.add_option("--eval", raw.evals, "Run an expression")
         ->type_name("EXPR")
         ->expected(1)
+        ->allow_extra_args(false)
         ->take_all();
     app.add_option("--import", raw.imports, "Add a model to what is loaded")
         ->type_name("F")
         ->expected(1)
+        ->allow_extra_args(false)
         ->take_all();
     app.add_option("--output", raw.output, "Write a picture at the end")->type_name("PNG");
     app.add_option("--size", raw.size, "Size of view and picture in pixels (1920x1080)")

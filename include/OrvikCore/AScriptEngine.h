@@ -76,7 +76,8 @@ public:
     virtual bool SplitForms(const std::wstring& text, std::vector<ScriptForm>& forms,
                             std::wstring& errorText) const = 0;
 
-    /// Says where the next text that LoadScriptText takes without a source comes from, for messages.
+    /// Says where the next text that LoadScriptText takes without a source comes from, for
+    /// messages.
     ///
     /// @param source  Name of a file or a console.
     /// @param line    Of the text's first character, from 1.

@@ -252,8 +252,8 @@ public:
     /// Appends @p listener (not owned, not null) unless it is registered already.
     void RegisterOutputCb(IOutputListener* listener);
 
-    /// Removes @p listener; nothing when it is not registered. A print that is going on on the worker
-    /// may still reach it once.
+    /// Removes @p listener; nothing when it is not registered. A print that is going on on the
+    /// worker may still reach it once.
     void UnRegisterOutputCb(IOutputListener* listener);
 
     /// Hands a text to every listener in order and keeps it as the last message.

@@ -67,6 +67,14 @@ TEST_F(Configuration, AnArrayIsOnePairForEachElement)
     EXPECT_EQ(section(L"A"), (Pairs{{L"k", L"one"}, {L"k", L"2"}, {L"k", L"true"}}));
 }
 
+TEST_F(Configuration, AnEmptyArrayTakesAllValuesAway)
+{
+    EXPECT_TRUE(add("[A]\nk = [1, 2]\nother = 3\n"));
+    EXPECT_TRUE(add("[A]\nk = []\n", "b.toml"));
+
+    EXPECT_EQ(section(L"A"), (Pairs{{L"other", L"3"}}));
+}
+
 TEST_F(Configuration, ALaterFileReplacesAllValuesOfAKeyAndKeepsTheOthers)
 {
     EXPECT_TRUE(add("[A]\nk = [1, 2]\nother = 3\n[ScriptEngine]\nFile = \"Mine.dll\"\n"));

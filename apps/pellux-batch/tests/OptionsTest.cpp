@@ -70,6 +70,24 @@ TEST(Options, TheFirstFileIsLoadedTheOthersAreAdded)
                      {Step::Kind::Import, L"c.stl"}}));
 }
 
+TEST(Options, FilesComeFirstThenStepsInTheirOrder)
+{
+    EXPECT_EQ(stepsOf(parsed({"--eval", "1", "--script", "s.scm", "--import", "i.stl", "--eval",
+                              "2", "a.stl", "--script", "t.scm"})),
+              (Steps{{Step::Kind::Load, L"a.stl"},
+                     {Step::Kind::Eval, L"1"},
+                     {Step::Kind::Script, L"s.scm"},
+                     {Step::Kind::Import, L"i.stl"},
+                     {Step::Kind::Eval, L"2"},
+                     {Step::Kind::Script, L"t.scm"}}));
+}
+
+TEST(Options, AnOptionTakesOneArgumentOnly)
+{
+    EXPECT_EQ(stepsOf(parsed({"--eval", "(a)", "b.stl"})),
+              (Steps{{Step::Kind::Load, L"b.stl"}, {Step::Kind::Eval, L"(a)"}}));
+}
+
 TEST(Options, AValueMayStandBehindAnEqualsSign)
 {
     EXPECT_EQ(stepsOf(parsed({"--eval=(= a 1)"})), (Steps{{Step::Kind::Eval, L"(= a 1)"}}));

@@ -40,7 +40,8 @@ void X87Overflow();
 void X87Denormal();
 void X87StackUnderflow();
 
-/// Breaks the free lists of the memory allocator and allocates, so that the allocator itself faults.
+/// Breaks the free lists of the memory allocator and allocates, so that the allocator itself
+/// faults.
 void CorruptHeap();
 
 /// Recurses until the stack is used up; each level has a destructor that counts.
