@@ -17,9 +17,10 @@ thread_local long g_levelsLeft = 0;
 
 namespace {
 
-volatile int g_sink = 0;
-volatile double g_doubleSink = 0;
-volatile long double g_longSink = 0;
+// Each thread writes its own, so that subjects may run on several at a time.
+thread_local volatile int g_sink = 0;
+thread_local volatile double g_doubleSink = 0;
+thread_local volatile long double g_longSink = 0;
 volatile char g_text[64] = "text";
 
 /// Gives an address that the compiler cannot know.
