@@ -14,7 +14,7 @@ file(REMOVE_RECURSE ${WORK_DIR})
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${WORK_DIR}/first)
 # An installed tree may lie anywhere.
 file(RENAME ${WORK_DIR}/first ${WORK_DIR}/moved)
-run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/minimal-loader -B ${WORK_DIR}/build
+run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/examples/minimal-loader -B ${WORK_DIR}/build -G ${GENERATOR}
     -DCMAKE_PREFIX_PATH=${WORK_DIR}/moved -DCMAKE_CXX_COMPILER=${COMPILER})
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
 run(${CMAKE_COMMAND} --install ${WORK_DIR}/build)
