@@ -53,6 +53,7 @@ class IContentRenderer;
 class IControllerListener;
 class IControllerProvider;
 class ICustomPropertyProvider;
+class IEntityProperties;
 class IJob;
 class IJobStatusObserver;
 class IKindPicker;

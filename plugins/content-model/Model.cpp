@@ -1,0 +1,119 @@
+#include "OrvikModel/Model.h"
+
+#include <TambVizCore/Matrix.h>
+#include <TambVizCore/Utils.h>
+
+#include <algorithm>
+
+namespace OrvikModel {
+
+using TambVizCore::EntityType;
+
+namespace {
+
+/// @return @p number, or the first one after it that stands for nothing else.
+std::uint64_t freeNumber(std::uint64_t number)
+{
+    if (number >= 10001 && number <= 10999)
+        return 11000;
+    if (number == static_cast<std::uint64_t>(EntityType::Container))
+        return number + 1;
+    return number;
+}
+
+/// Walks a model from the top and numbers what it meets.
+struct Numbering
+{
+    std::uint64_t next = 1;
+    std::vector<const ModelNode*> nodes;
+    TambVizCore::VizBox box;
+
+    void visit(ModelNode& node, ModelNode* parent, const double* parentWorld)
+    {
+        node.parent = parent;
+        node.number = freeNumber(next);
+        next = node.number + 1;
+        nodes.push_back(&node);
+        double world[16];
+        if (node.transform)
+            TambVizCore::MultiplyMatrices(parentWorld, node.transform->data(), world);
+        else
+            std::copy_n(parentWorld, 16, world);
+        if (node.shape)
+            box.Add(node.shape->BoundingBox().Transformed(world));
+        for (const auto& child : node.children)
+            visit(*child, &node, world);
+    }
+};
+
+} // namespace
+
+ModelSource::~ModelSource() = default;
+
+void Model::NumberNodes()
+{
+    Numbering numbering;
+    double identity[16];
+    TambVizCore::SetIdentity(identity);
+    for (const auto& node : nodes)
+        numbering.visit(*node, nullptr, identity);
+    m_byPosition = std::move(numbering.nodes);
+    box = numbering.box;
+}
+
+const ModelNode* Model::FindNode(std::uint64_t nodeNumber) const
+{
+    const auto found = std::lower_bound(
+        m_byPosition.begin(), m_byPosition.end(), nodeNumber,
+        [](const ModelNode* node, std::uint64_t wanted) { return node->number < wanted; });
+    return found != m_byPosition.end() && (*found)->number == nodeNumber ? *found : nullptr;
+}
+
+std::wstring Model::FileName() const
+{
+    return TambVizCore::Utils::GetFileNameOnly(path);
+}
+
+EntityType EntityTypeOf(const ModelNode& node)
+{
+    switch (node.kind) {
+    case NodeKind::Assembly:
+        return EntityType::Assembly;
+    case NodeKind::AssemblyReference:
+        return EntityType::AssemblyReference;
+    case NodeKind::Body:
+        return EntityType::Body;
+    case NodeKind::PolyBody:
+    case NodeKind::Mesh:
+        return EntityType::Mesh;
+    case NodeKind::Wire:
+        return EntityType::Wire;
+    case NodeKind::PointSet:
+        return EntityType::PointSet;
+    case NodeKind::PointCloud:
+        return EntityType::PointCloud;
+    case NodeKind::Annotation:
+        return EntityType::Annotation;
+    case NodeKind::View:
+        return EntityType::View;
+    case NodeKind::Capture:
+        return EntityType::Capture;
+    case NodeKind::PmiType:
+        return node.pmiType;
+    case NodeKind::PmiSet:
+    case NodeKind::Views:
+    case NodeKind::Captures:
+        return EntityType::NonGraphical;
+    }
+    return EntityType::Unknown;
+}
+
+void GetWorldTransform(const ModelNode& node, double* matrix)
+{
+    TambVizCore::SetIdentity(matrix);
+    for (const ModelNode* at = &node; at != nullptr; at = at->parent)
+        if (at->transform)
+            TambVizCore::MultiplyMatrices(at->transform->data(), matrix, matrix);
+}
+
+} // namespace OrvikModel

@@ -1,0 +1,7 @@
+#include "OrvikCore/IEntityProperties.h"
+
+namespace OrvikCore {
+
+IEntityProperties::~IEntityProperties() = default;
+
+} // namespace OrvikCore
