@@ -50,10 +50,38 @@ public:
     std::span<const std::uint32_t> Order() const { return m_order; }
     std::size_t MemoryBytes() const;
 
+    /// Calls visit(number) for every primitive in the leaves below boxes that meets(box) accepts,
+    /// in preorder.
+    template <typename Meets, typename Visit>
+    void Walk(const Meets& meets, const Visit& visit) const;
+
 private:
     std::vector<Node> m_nodes;
     std::vector<std::uint32_t> m_order;
 };
+
+template <typename Meets, typename Visit>
+void BoxTree::Walk(const Meets& meets, const Visit& visit) const
+{
+    if (m_nodes.empty())
+        return;
+    std::uint32_t stack[kMaxDepth];
+    std::size_t depth = 0;
+    stack[depth++] = 0;
+    while (depth > 0) {
+        const std::uint32_t at = stack[--depth];
+        const Node& node = m_nodes[at];
+        if (!meets(node.box))
+            continue;
+        if (node.count == 0) {
+            stack[depth++] = node.first;
+            stack[depth++] = at + 1;
+            continue;
+        }
+        for (std::uint32_t i = 0; i < node.count; ++i)
+            visit(m_order[node.first + i]);
+    }
+}
 
 } // namespace OrvikRay
 

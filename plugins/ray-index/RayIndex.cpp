@@ -1,4 +1,6 @@
 #include "BoxTree.h"
+#include "Line.h"
+#include "Vector3.h"
 
 #include <TambVizCore/Geometry.h>
 
@@ -20,117 +22,13 @@ using TambVizCore::PartState;
 
 namespace {
 
-struct Vector
-{
-    double x;
-    double y;
-    double z;
-};
-
-Vector operator+(const Vector& a, const Vector& b)
-{
-    return {a.x + b.x, a.y + b.y, a.z + b.z};
-}
-Vector operator-(const Vector& a, const Vector& b)
-{
-    return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
-Vector operator*(const Vector& a, double s)
-{
-    return {a.x * s, a.y * s, a.z * s};
-}
-double dot(const Vector& a, const Vector& b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-Vector cross(const Vector& a, const Vector& b)
-{
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-double length(const Vector& a)
-{
-    return std::sqrt(dot(a, a));
-}
-Vector toVector(const float* p)
-{
-    return {double{p[0]}, double{p[1]}, double{p[2]}};
-}
-
-void store(const Vector& vector, float* target)
-{
-    target[0] = static_cast<float>(vector.x);
-    target[1] = static_cast<float>(vector.y);
-    target[2] = static_cast<float>(vector.z);
-}
-
-/// The query's line in double precision, with what boxes are tested against.
-struct Line
-{
-    explicit Line(const GeometryQuery& query)
-        : origin(toVector(query.origin)),
-          direction(toVector(query.direction)),
-          squaredLength(dot(direction, direction)),
-          near(query.minDistance),
-          far(query.maxDistance),
-          radius(query.radius),
-          growth(query.radiusGrowth)
-    {
-        const double components[3] = {direction.x, direction.y, direction.z};
-        for (std::size_t i = 0; i < 3; ++i)
-            inverse[i] = components[i] == 0.0 ? std::numeric_limits<double>::infinity()
-                                              : 1.0 / components[i];
-    }
-
-    /// The piece of the line inside a box grown by @p margin. @return false when it misses.
-    bool Clip(const Box& box, double margin, double& enter, double& leave) const
-    {
-        const double from[3] = {origin.x, origin.y, origin.z};
-        for (std::size_t i = 0; i < 3; ++i) {
-            const double low = double{box.lo[i]} - margin - from[i];
-            const double high = double{box.hi[i]} + margin - from[i];
-            if (std::isinf(inverse[i])) {
-                if (low > 0.0 || high < 0.0)
-                    return false;
-                continue;
-            }
-            const double first = low * inverse[i];
-            const double second = high * inverse[i];
-            enter = std::max(enter, std::min(first, second));
-            leave = std::min(leave, std::max(first, second));
-        }
-        // The products round: a box that is only touched must not be lost.
-        return enter <= leave + std::abs(leave) * 1e-12;
-    }
-
-    /// The largest aperture anywhere beside a box.
-    double RadiusAt(const Box& box) const
-    {
-        if (growth == 0.0)
-            return radius;
-        const Vector farthest = {direction.x > 0.0 ? box.hi[0] : box.lo[0],
-                                 direction.y > 0.0 ? box.hi[1] : box.lo[1],
-                                 direction.z > 0.0 ? box.hi[2] : box.lo[2]};
-        const double distance = dot(farthest - origin, direction) / squaredLength;
-        return std::max(0.0, radius + growth * std::max(0.0, distance));
-    }
-
-    Vector origin;
-    Vector direction;
-    double squaredLength;
-    double near;
-    double far;
-    double radius;
-    double growth;
-    double inverse[3];
-};
-
 /// A point of a primitive that lies beside the line, or on it.
 struct Candidate
 {
     std::uint32_t primitive = 0;
     double distance = 0.0;
     double deviation = 0.0;
-    Vector position{};
+    Vector3 position{};
 };
 
 class RayIndex final : public TambVizCore::IGeometryIndex
@@ -149,9 +47,9 @@ private:
                     const Measure& measure, GeometryHit& hit) const;
     bool isSeen(PartKind kind, const GeometryQuery& query, const Candidate& candidate) const;
     void fill(PartKind kind, const Candidate& candidate, GeometryHit& hit) const;
-    Vector vertex(std::uint32_t index) const
+    Vector3 vertex(std::uint32_t index) const
     {
-        return toVector(m_geometry.Positions().Data() + std::size_t{index} * 3);
+        return ToVector3(m_geometry.Positions().Data() + std::size_t{index} * 3);
     }
     bool hitTriangle(const Line& line, std::uint32_t triangle, double far,
                      Candidate& candidate) const;
@@ -192,7 +90,7 @@ bool RayIndex::isSeen(PartKind kind, const GeometryQuery& query, const Candidate
             return false;
     }
     float position[3];
-    store(candidate.position, position);
+    Store(candidate.position, position);
     return std::all_of(query.clipPlanes.begin(), query.clipPlanes.end(),
                        [&](const ClipPlane& plane) { return plane.Keeps(position); });
 }
@@ -204,7 +102,7 @@ void RayIndex::fill(PartKind kind, const Candidate& candidate, GeometryHit& hit)
     hit.primitive = candidate.primitive;
     hit.distance = static_cast<float>(candidate.distance);
     hit.deviation = static_cast<float>(candidate.deviation);
-    store(candidate.position, hit.position);
+    Store(candidate.position, hit.position);
 }
 
 /// Cuts the line with a triangle, from either side.
@@ -212,22 +110,22 @@ bool RayIndex::hitTriangle(const Line& line, std::uint32_t triangle, double far,
                            Candidate& candidate) const
 {
     const std::uint32_t* corners = m_geometry.Triangles().Data() + std::size_t{triangle} * 3;
-    const Vector a = vertex(corners[0]);
-    const Vector toB = vertex(corners[1]) - a;
-    const Vector toC = vertex(corners[2]) - a;
-    const Vector across = cross(line.direction, toC);
-    const double determinant = dot(toB, across);
+    const Vector3 a = vertex(corners[0]);
+    const Vector3 toB = vertex(corners[1]) - a;
+    const Vector3 toC = vertex(corners[2]) - a;
+    const Vector3 across = Cross(line.direction, toC);
+    const double determinant = Dot(toB, across);
     if (determinant == 0.0)
         return false;
-    const Vector fromA = line.origin - a;
-    const double u = dot(fromA, across) / determinant;
+    const Vector3 fromA = line.origin - a;
+    const double u = Dot(fromA, across) / determinant;
     if (!(u >= 0.0 && u <= 1.0))
         return false;
-    const Vector normal = cross(fromA, toB);
-    const double v = dot(line.direction, normal) / determinant;
+    const Vector3 normal = Cross(fromA, toB);
+    const double v = Dot(line.direction, normal) / determinant;
     if (!(v >= 0.0 && u + v <= 1.0))
         return false;
-    const double distance = dot(toC, normal) / determinant;
+    const double distance = Dot(toC, normal) / determinant;
     if (!(distance >= line.near && distance <= far))
         return false;
     candidate = {triangle, distance, 0.0, a + toB * u + toC * v};
@@ -284,11 +182,11 @@ bool RayIndex::FindFace(const GeometryQuery& query, GeometryHit& hit) const
         return false;
     fill(PartKind::Face, best, hit);
     const std::uint32_t* corners = m_geometry.Triangles().Data() + std::size_t{best.primitive} * 3;
-    const Vector a = vertex(corners[0]);
-    const Vector normal = cross(vertex(corners[1]) - a, vertex(corners[2]) - a);
-    const double size = length(normal);
-    const double sign = dot(normal, line.direction) > 0.0 ? -1.0 : 1.0;
-    store(size > 0.0 ? normal * (sign / size) : line.direction * (-1.0 / length(line.direction)),
+    const Vector3 a = vertex(corners[0]);
+    const Vector3 normal = Cross(vertex(corners[1]) - a, vertex(corners[2]) - a);
+    const double size = Length(normal);
+    const double sign = Dot(normal, line.direction) > 0.0 ? -1.0 : 1.0;
+    Store(size > 0.0 ? normal * (sign / size) : line.direction * (-1.0 / Length(line.direction)),
           hit.normal);
     return true;
 }
@@ -302,74 +200,61 @@ bool RayIndex::findBeside(const BoxTree& tree, PartKind kind, const GeometryQuer
                           const Measure& measure, GeometryHit& hit) const
 {
     const Line line(query);
-    const std::span<const BoxTree::Node> nodes = tree.Nodes();
-    if (nodes.empty() || !(line.squaredLength > 0.0))
+    if (!line.HasDirection())
         return false;
     Candidate best;
     bool found = false;
-    std::uint32_t stack[BoxTree::kMaxDepth];
-    std::size_t depth = 0;
-    stack[depth++] = 0;
-    while (depth > 0) {
-        const std::uint32_t at = stack[--depth];
-        const BoxTree::Node& node = nodes[at];
+    const auto meets = [&line](const Box& box) {
         double enter = -std::numeric_limits<double>::infinity();
         double leave = std::numeric_limits<double>::infinity();
-        const double aperture = line.RadiusAt(node.box);
-        if (!line.Clip(node.box, aperture * (1.0 + 1e-9), enter, leave))
-            continue;
-        if (node.count == 0) {
-            stack[depth++] = node.first;
-            stack[depth++] = at + 1;
-            continue;
+        return line.Clip(box, line.RadiusAt(box) * (1.0 + 1e-9), enter, leave);
+    };
+    tree.Walk(meets, [&](std::uint32_t primitive) {
+        Candidate candidate;
+        measure(line, primitive, candidate);
+        const double room = line.radius + line.growth * candidate.distance;
+        if (!(candidate.distance >= line.near && candidate.distance <= line.far) ||
+            !(candidate.deviation <= room))
+            return;
+        const double tie = room * 1e-6;
+        const bool isNearer = candidate.deviation < best.deviation - tie;
+        const bool isEqual = candidate.deviation <= best.deviation + tie;
+        const bool isEarlier =
+            candidate.distance < best.distance ||
+            (candidate.distance == best.distance && candidate.primitive < best.primitive);
+        if ((!found || isNearer || (isEqual && isEarlier)) && isSeen(kind, query, candidate)) {
+            best = candidate;
+            found = true;
         }
-        for (std::uint32_t i = 0; i < node.count; ++i) {
-            Candidate candidate;
-            measure(line, tree.Order()[node.first + i], candidate);
-            const double room = line.radius + line.growth * candidate.distance;
-            if (!(candidate.distance >= line.near && candidate.distance <= line.far) ||
-                !(candidate.deviation <= room))
-                continue;
-            const double tie = room * 1e-6;
-            const bool isNearer = candidate.deviation < best.deviation - tie;
-            const bool isEqual = candidate.deviation <= best.deviation + tie;
-            const bool isEarlier =
-                candidate.distance < best.distance ||
-                (candidate.distance == best.distance && candidate.primitive < best.primitive);
-            if ((!found || isNearer || (isEqual && isEarlier)) && isSeen(kind, query, candidate)) {
-                best = candidate;
-                found = true;
-            }
-        }
-    }
+    });
     if (!found)
         return false;
     fill(kind, best, hit);
-    store(line.direction * (-1.0 / std::sqrt(line.squaredLength)), hit.normal);
+    Store(line.direction * (-1.0 / std::sqrt(line.squaredLength)), hit.normal);
     return true;
 }
 
-void measurePoint(const Line& line, std::uint32_t primitive, const Vector& point,
+void measurePoint(const Line& line, std::uint32_t primitive, const Vector3& point,
                   Candidate& candidate)
 {
-    const double distance = dot(point - line.origin, line.direction) / line.squaredLength;
-    candidate = {primitive, distance, length(point - (line.origin + line.direction * distance)),
+    const double distance = Dot(point - line.origin, line.direction) / line.squaredLength;
+    candidate = {primitive, distance, Length(point - (line.origin + line.direction * distance)),
                  point};
 }
 
 /// The point of a segment that is nearest to the line.
-void measureSegment(const Line& line, std::uint32_t primitive, const Vector& from, const Vector& to,
-                    Candidate& candidate)
+void measureSegment(const Line& line, std::uint32_t primitive, const Vector3& from,
+                    const Vector3& to, Candidate& candidate)
 {
-    const Vector along = to - from;
-    const Vector offset = from - line.origin;
-    const double alongAlong = dot(along, along);
-    const double alongLine = dot(along, line.direction);
+    const Vector3 along = to - from;
+    const Vector3 offset = from - line.origin;
+    const double alongAlong = Dot(along, along);
+    const double alongLine = Dot(along, line.direction);
     const double determinant = alongAlong * line.squaredLength - alongLine * alongLine;
     double position = 0.0;
     if (determinant > alongAlong * line.squaredLength * 1e-14) {
         position =
-            (alongLine * dot(offset, line.direction) - line.squaredLength * dot(offset, along)) /
+            (alongLine * Dot(offset, line.direction) - line.squaredLength * Dot(offset, along)) /
             determinant;
         position = std::clamp(position, 0.0, 1.0);
     } else if (alongLine < 0.0) {
