@@ -5,6 +5,8 @@
 #include "OrvikCore/IContentRenderer.h"
 #include "OrvikCore/TreeBuilder.h"
 
+#include <cstdint>
+
 namespace TambVizCore {
 class Node;
 class RenderId;
@@ -17,6 +19,12 @@ class AViewTree;
 
 /// Draws one content into the model tree by traversing it with the tree view's TreeBuilder.
 ///
+/// A content's rows hang below its container row, whose id is the content's number
+/// (IEntityProperties::GetContentNumber), and that below the scene row. A renderer that is asked to
+/// Render() while the builder has a row open adds its container below that row: so one renderer can
+/// hold those of several contents. With no row open it makes the whole construction, scene row
+/// included.
+///
 /// Render() fills the tree, ConvertToEntityId() and ConvertToRenderId() translate between tree
 /// paths and entities. ConvertToEntityId() must not call TreeBuilder::ExtractEntityId, which calls
 /// it.
@@ -25,6 +33,11 @@ class AViewTree;
 class ORVIKCORE_API ARendererTree : public IContentRenderer
 {
 public:
+    /// The id of the scene row, the top row of the tree, and the owner of the entities of
+    /// containers (EntityType::Container). No content has this number, so scene and containers have
+    /// paths of one and two different ids.
+    static constexpr std::uint64_t kSceneRowId = 40000;
+
     ~ARendererTree() override;
 
     // Virtual operations in slot order, after the inherited ones; append only.
@@ -32,7 +45,8 @@ public:
     /// Keeps the tree view (not owned) to draw into; null to draw nowhere.
     virtual void SetView(AViewTree* view);
 
-    /// Builds the rows below one row that were left out until it is opened.
+    /// Builds the rows below one row that were left out until it is opened, in a construction of
+    /// the view that says incremental; rows that are there already stay.
     /// @return false when @p path is no row of this renderer.
     virtual bool ExpandNode(const TambVizCore::RenderId& path) = 0;
 

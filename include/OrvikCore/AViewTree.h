@@ -27,7 +27,10 @@ public:
     virtual ~AViewTree();
 
     /// Begins a construction; constructions nest.
-    /// @param incremental  false from the tree builder: the rows are new.
+    /// @param incremental  false from the tree builder: the rows are new. True from a tree renderer
+    ///                     that adds rows below one that is there (ARendererTree::ExpandNode): from
+    ///                     the top row down, OpenNode() with the id of a row that the open row has
+    ///                     already opens that row and leaves its name and style alone.
     virtual void ConstructionBegin(bool incremental) = 0;
 
     /// Ends the construction begun last.
