@@ -1,11 +1,13 @@
 #include "HostRuntime.h"
 
 #include "Folders.h"
+#include "HostTree.h"
 #include "Manipulators.h"
 #include "TessellationDefaults.h"
 
 #include <OrvikCore/ACamera.h>
 #include <OrvikCore/ACameraFactory.h>
+#include <OrvikCore/ARendererTree.h>
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/AView3D.h>
 #include <OrvikCore/AppController.h>
@@ -57,6 +59,15 @@ void notifyPluginMessage(const std::wstring& text, const PMNotificationType& typ
         if (pluginMessageShow())
             pluginMessageShow()(text, type == PMNotificationType::Error ? MessageType::Error
                                                                         : MessageType::Output);
+    });
+}
+
+/// @return a tree whose rows the session's tree renderer fills.
+std::unique_ptr<HostTree> makeTree(ASession& session)
+{
+    return std::make_unique<HostTree>([&session](const TambVizCore::RenderId& path) {
+        OrvikCore::ARendererTree* const renderer = session.GetTreeRenderer();
+        return renderer != nullptr && renderer->ExpandNode(path);
     });
 }
 
@@ -133,6 +144,10 @@ bool HostRuntime::createSession(const StartOptions& options, std::wstring& error
     ASession& session = SessionMgr::Instance().CurrentSession();
     m_output = std::make_unique<PostedOutput>(options.output);
     session.RegisterOutputCb(m_output.get());
+    if (options.withTree) {
+        m_tree = makeTree(session);
+        session.SetViewTree(m_tree.get());
+    }
     auto* const view = dynamic_cast<AView3D*>(session.View3D());
     if (view == nullptr) {
         errorText = L"There is no 3D view: its plugin could not be loaded or cannot draw here.";
@@ -171,6 +186,7 @@ int HostRuntime::Stop()
     m_started = false;
     DrainOutput();
     m_exitCode = SessionMgr::Instance().Terminate();
+    m_tree.reset();
     DrainOutput();
     m_gate->Close();
     if (m_dispatcherUsed) {
@@ -191,6 +207,11 @@ int HostRuntime::Stop()
 OrvikCore::Shell& HostRuntime::GetShell()
 {
     return *SessionMgr::Instance().GetShell();
+}
+
+HostTree* HostRuntime::GetTree()
+{
+    return m_tree.get();
 }
 
 void HostRuntime::DrainOutput()

@@ -21,6 +21,8 @@ class Shell;
 
 namespace Pellux {
 
+class HostTree;
+
 /// What a host wants of its start.
 struct StartOptions
 {
@@ -32,6 +34,7 @@ struct StartOptions
     int height = 960;                 ///< Of the view, pixels.
     std::string cameraName;           ///< "CameraYUp" or "CameraZUp"; empty keeps the view's own.
     bool animate = false;             ///< Whether the camera moves in steps.
+    bool withTree = false;            ///< Gives the session a HostTree.
     PostedOutput::Show output;        ///< Shows what the session prints. Main thread.
     PostedOutput::Show pluginMessage; ///< Shows what plugins report while they load.
     OrvikCore::IJobStatusObserver* jobObserver = nullptr; ///< Told of failed jobs; not owned.
@@ -72,6 +75,9 @@ public:
     /// @return the shell; not owned, valid until Stop().
     OrvikCore::Shell& GetShell();
 
+    /// @return the model tree; null without StartOptions::withTree. Not owned, valid until Stop().
+    HostTree* GetTree();
+
     /// Shows what was printed so far. Call before a prompt, a result or the end.
     void DrainOutput();
 
@@ -87,6 +93,8 @@ private:
     CompletionStore m_completion;
     OrvikCore::AMenuTemplate m_menuTemplate;
     std::unique_ptr<PostedOutput> m_output;
+    /// The session manager takes it out of the session before it deletes that.
+    std::unique_ptr<HostTree> m_tree;
     OrvikCore::IJobStatusObserver* m_jobObserver = nullptr; ///< Not owned.
     bool m_started = false;
     bool m_dispatcherUsed = false; ///< Its first use starts the worker.

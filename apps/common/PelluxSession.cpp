@@ -1,11 +1,13 @@
 #include "PelluxSession.h"
 
+#include "SessionTreeRenderer.h"
+
 #include <OrvikCore/ACamera.h>
 #include <OrvikCore/AContent.h>
 #include <OrvikCore/AContentRendererFactory.h>
 #include <OrvikCore/ARendererTree.h>
 #include <OrvikCore/ASessionFactory.h>
-#include <OrvikCore/ATreeRendererFactory.h>
+#include <OrvikCore/AViewTree.h>
 #include <OrvikCore/Document.h>
 #include <OrvikCore/ICameraProvider.h>
 #include <OrvikCore/IContentRenderer.h>
@@ -13,6 +15,8 @@
 #include <TambCommandsInfra/CancelToken.h>
 #include <TambCommandsInfra/Progress.h>
 #include <TambVizCore/IView3D.h>
+
+#include <memory>
 
 namespace Pellux {
 
@@ -96,6 +100,18 @@ void PelluxSession::RefreshTree()
 {
     if (OrvikCore::ARendererTree* const renderer = GetTreeRenderer())
         renderer->Rerender();
+    else
+        EnableTreeRenderer(true);
+}
+
+void PelluxSession::DeleteAllRenderers()
+{
+    ASession::DeleteAllRenderers();
+    if (OrvikCore::AViewTree* const tree = ViewTree()) {
+        // The rows go with the renderer that knows them.
+        tree->ClearHighlight();
+        tree->ClearAll();
+    }
 }
 
 void PelluxSession::ZoomAll()
@@ -135,18 +151,11 @@ IContentRenderer* PelluxSession::CreateContentRenderer(AContent& content)
 
 OrvikCore::ARendererTree* PelluxSession::CreateTreeRenderer()
 {
-    const std::vector<AContent*>& contents = Document().GetContentList();
-    if (ViewTree() == nullptr || contents.empty() || contents.front() == nullptr)
+    if (ViewTree() == nullptr)
         return nullptr;
-    OrvikCore::ATreeRendererFactory* const factory =
-        SessionMgr::Instance().GetTreeRendererFactory(contents.front()->GetTypeName());
-    if (factory == nullptr)
-        return nullptr;
-    OrvikCore::ARendererTree* const renderer = factory->CreateRenderer(
-        contents.front(), ViewTree(), View3D() == nullptr ? nullptr : &View3D()->GetSceneRoot());
-    if (renderer != nullptr)
-        AddRenderer(renderer, /*keep=*/false);
-    return renderer;
+    auto renderer = std::make_unique<SessionTreeRenderer>(*this);
+    AddRenderer(renderer.get(), /*keep=*/false);
+    return renderer.release();
 }
 
 } // namespace Pellux

@@ -15,7 +15,8 @@ namespace Pellux {
 
 /// The session of both hosts: shows every content of the document and remembers what was picked.
 ///
-/// Renderers are made when a content is first shown and deleted with the session. Progress goes to
+/// Renderers are made when a content is first shown and deleted with the session. The tree, where
+/// the host has set one, is filled by one renderer for all contents. Progress goes to
 /// TambCommandsInfra::Progress, cancelling asks TambCommandsInfra::CancelToken. @thread Main
 /// thread, except where ASession says otherwise.
 class PelluxSession : public OrvikCore::ASession
@@ -42,7 +43,11 @@ public:
 
     void UpdateDisplay() override;
     void Rerender() override;
+    /// Fills the tree, where there is one, with what the document holds now.
     void RefreshTree() override;
+
+    /// Also empties the tree.
+    void DeleteAllRenderers() override;
     void ZoomAll() override;
     bool ZoomToPicked() override;
 

@@ -2,6 +2,7 @@
 
 #include "Info.h"
 #include "InterruptHandling.h"
+#include "TreeReport.h"
 
 #include <OrvikCore/AContentLoader.h>
 #include <OrvikCore/SessionMgr.h>
@@ -10,6 +11,7 @@
 #include <TambCommandsInfra/CommandTable.h>
 #include <TambVizCore/Utils.h>
 
+#include <HostTree.h>
 #include <ScriptRunner.h>
 
 #include <iostream>
@@ -105,6 +107,7 @@ ExitCode BatchRun::start()
     options.width = m_options.width;
     options.height = m_options.height;
     options.cameraName = m_options.cameraName;
+    options.withTree = m_options.tree != InfoForm::None;
     options.output = show;
     options.jobObserver = m_interrupts.get();
     options.pluginMessage = [verbose = m_options.verbose](const std::wstring& text,
@@ -184,12 +187,20 @@ bool BatchRun::writeOutput()
                     L"--output");
 }
 
-void BatchRun::report() const
+void BatchRun::report()
 {
     if (m_options.info == InfoForm::Text)
         std::cout << DescribeSessionText() << std::flush;
     else if (m_options.info == InfoForm::Json)
         std::cout << DescribeSessionJson() << std::flush;
+    if (m_options.tree == InfoForm::None)
+        return;
+    Pellux::HostTree& tree = *m_host.GetTree();
+    if (m_options.treeParts)
+        tree.FillAll();
+    std::cout << (m_options.tree == InfoForm::Json ? DescribeTreeJson(tree)
+                                                   : DescribeTreeText(tree))
+              << std::flush;
 }
 
 bool BatchRun::beforeForm(const std::wstring& form)

@@ -43,7 +43,7 @@ private:
     bool runStep(const Step& step);
     bool runForms(const std::wstring& text, const std::wstring& source);
     bool writeOutput();
-    void report() const;
+    void report();
     bool beforeForm(const std::wstring& form);
     bool isInterrupted() const;
     void showTime(const char* what);

@@ -1,5 +1,7 @@
 #include "Info.h"
 
+#include "JsonText.h"
+
 #include <OrvikCore/AContent.h>
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/Document.h>
@@ -22,7 +24,8 @@ using TambVizCore::Utils;
 
 struct ContentInfo
 {
-    std::string name, path, type;
+    std::wstring name, path;
+    std::string type;
     bool hasBox = false;
     TambVizCore::VizBox box;
 };
@@ -60,8 +63,8 @@ std::vector<ContentInfo> describeContents(OrvikCore::ASession& session)
         if (content == nullptr)
             continue;
         ContentInfo info;
-        info.name = Utils::WstringToString(content->GetShortId());
-        info.path = Utils::WstringToString(content->GetLongId());
+        info.name = content->GetShortId();
+        info.path = content->GetLongId();
         info.type = content->GetTypeName();
         info.hasBox = content->GetBoundingBox(info.box);
         contents.push_back(info);
@@ -86,24 +89,6 @@ std::string corners(const TambVizCore::VizBox& box, const char* separator)
     return text;
 }
 
-std::string quoted(const std::string& text)
-{
-    std::string result = "\"";
-    for (const char c : text) {
-        if (c == '"' || c == '\\')
-            result += '\\';
-        if (static_cast<unsigned char>(c) < 0x20) {
-            const char digits[] = "0123456789abcdef";
-            result += "\\u00";
-            result += digits[(c >> 4) & 0xF];
-            result += digits[c & 0xF];
-        } else {
-            result += c;
-        }
-    }
-    return result + "\"";
-}
-
 OrvikCore::ASession& currentSession()
 {
     return OrvikCore::SessionMgr::Instance().CurrentSession();
@@ -116,8 +101,8 @@ std::string DescribeSessionText()
     OrvikCore::ASession& session = currentSession();
     std::string text;
     for (const ContentInfo& content : describeContents(session)) {
-        text += content.name + " (" + content.type + ")\n";
-        text += "  file       " + content.path + "\n";
+        text += Utils::WstringToString(content.name) + " (" + content.type + ")\n";
+        text += "  file       " + Utils::WstringToString(content.path) + "\n";
         if (content.hasBox)
             text += "  box        " + corners(content.box, " ") + "\n";
     }
@@ -135,14 +120,14 @@ std::string DescribeSessionJson()
 {
     OrvikCore::ASession& session = currentSession();
     std::string text =
-        "{\"model\": " + quoted(Utils::WstringToString(session.Document().GetOpenedModelName())) +
-        ", \"contents\": [";
+        "{\"model\": " + JsonQuoted(session.Document().GetOpenedModelName()) + ", \"contents\": [";
     bool first = true;
     for (const ContentInfo& content : describeContents(session)) {
         text += first ? "" : ", ";
         first = false;
-        text += "{\"name\": " + quoted(content.name) + ", \"path\": " + quoted(content.path) +
-                ", \"type\": " + quoted(content.type) +
+        text += "{\"name\": " + JsonQuoted(content.name) +
+                ", \"path\": " + JsonQuoted(content.path) +
+                ", \"type\": " + JsonQuoted(Utils::StringToWstring(content.type)) +
                 ", \"box\": " + (content.hasBox ? "[" + corners(content.box, ", ") + "]" : "null") +
                 "}";
     }

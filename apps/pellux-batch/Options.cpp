@@ -23,7 +23,7 @@ constexpr long long kMaxSide = 16384;
 struct RawOptions
 {
     std::vector<std::string> files, scripts, evals, imports;
-    std::string output, size, up = "y", configurationFile, info;
+    std::string output, size, up = "y", configurationFile, info, tree;
     bool noConfiguration = false, noStartup = false;
 };
 
@@ -58,6 +58,9 @@ void declare(CLI::App& app, RawOptions& raw, Options& options)
                  "Leave out the configuration of system and user");
     app.add_flag("--no-startup", raw.noStartup, "Leave out the start-up scripts");
     app.add_flag("--info{text}", raw.info, "Report what is loaded; --info=json for programs");
+    app.add_flag("--tree{text}", raw.tree, "Print the model tree; --tree=json for programs");
+    app.add_flag("--tree-parts", options.treeParts,
+                 "List faces, edges and vertices in the tree too");
     app.add_flag("--verbose", options.verbose, "Tell what is going on, with times");
     app.add_flag("--list-commands", options.listCommands, "List the script commands and end");
     app.add_flag("--list-formats", options.listFormats, "List the file formats and end");
@@ -121,6 +124,16 @@ ParseResult unknownOption(const CLI::App& app)
                    (nearest.empty() ? "" : "; did you mean " + nearest + "?"));
 }
 
+/// Reads the form of a report: empty, "text" or "json".
+bool parseForm(const std::string& text, InfoForm& form)
+{
+    if (text == "text")
+        form = InfoForm::Text;
+    else if (text == "json")
+        form = InfoForm::Json;
+    return text.empty() || form != InfoForm::None;
+}
+
 ParseResult understand(const CLI::App& app, const RawOptions& raw, Options& options)
 {
     if (!raw.size.empty() && !parseSize(raw.size, options))
@@ -128,12 +141,12 @@ ParseResult understand(const CLI::App& app, const RawOptions& raw, Options& opti
                        raw.size + "'");
     if (raw.up != "y" && raw.up != "z")
         return mistake("--up takes y or z, not '" + raw.up + "'");
-    if (!raw.info.empty() && raw.info != "text" && raw.info != "json")
+    if (!parseForm(raw.info, options.info))
         return mistake("--info takes json or nothing, not '" + raw.info + "'");
-    if (raw.info == "text")
-        options.info = InfoForm::Text;
-    else if (raw.info == "json")
-        options.info = InfoForm::Json;
+    if (!parseForm(raw.tree, options.tree))
+        return mistake("--tree takes json or nothing, not '" + raw.tree + "'");
+    if (options.treeParts && options.tree == InfoForm::None)
+        return mistake("--tree-parts goes with --tree");
     options.cameraName = raw.up == "z" ? "CameraZUp" : "CameraYUp";
     options.output = Utils::StringToWstring(raw.output);
     options.configurationFile = Utils::StringToWstring(raw.configurationFile);

@@ -21,7 +21,7 @@ struct Step
     std::wstring text; ///< A path or an expression.
 };
 
-/// How --info reports.
+/// How --info and --tree report.
 enum class InfoForm
 {
     None,
@@ -41,6 +41,8 @@ struct Options
     bool useConfiguration = true;
     bool runStartupScripts = true;
     InfoForm info = InfoForm::None;
+    InfoForm tree = InfoForm::None;
+    bool treeParts = false; ///< The tree goes down to faces, edges and vertices.
     bool verbose = false;
     bool listCommands = false;
     bool listFormats = false;

@@ -144,6 +144,23 @@ TEST(Options, InfoIsForPeopleOrForPrograms)
               "pellux-batch: --info takes json or nothing, not 'xml'\nTry pellux-batch --help\n");
 }
 
+TEST(Options, TheTreeHasTwoForms)
+{
+    EXPECT_EQ(parsed({}).tree, InfoForm::None);
+    EXPECT_EQ(parsed({"--tree"}).tree, InfoForm::Text);
+    EXPECT_EQ(parsed({"--tree=json"}).tree, InfoForm::Json);
+    EXPECT_EQ(mistake({"--tree=xml"}),
+              "pellux-batch: --tree takes json or nothing, not 'xml'\nTry pellux-batch --help\n");
+}
+
+TEST(Options, PartsGoWithTheTree)
+{
+    EXPECT_FALSE(parsed({"--tree"}).treeParts);
+    EXPECT_TRUE(parsed({"--tree=json", "--tree-parts"}).treeParts);
+    EXPECT_EQ(mistake({"--tree-parts"}),
+              "pellux-batch: --tree-parts goes with --tree\nTry pellux-batch --help\n");
+}
+
 TEST(Options, InfoTakesNoFileForItsForm)
 {
     const Options options = parsed({"--info", "a.stl"});
@@ -199,8 +216,8 @@ TEST(Options, HelpNamesEveryOption)
 
     for (const char* const option :
          {"--script", "--eval", "--import", "--output", "--size", "--up", "--config", "--no-config",
-          "--no-startup", "--info", "--verbose", "--version", "--help", "--list-commands",
-          "--list-formats"})
+          "--no-startup", "--info", "--tree", "--tree-parts", "--verbose", "--version", "--help",
+          "--list-commands", "--list-formats"})
         EXPECT_NE(help.find(option), std::string::npos) << option;
 }
 

@@ -1,0 +1,226 @@
+#include "HostTree.h"
+
+#include <utility>
+
+namespace Pellux {
+
+using OrvikCore::ATreeItemStyle;
+using OrvikCore::TreeBuilder;
+using TambVizCore::RenderId;
+
+HostTree::HostTree(FillRows fillRows)
+    : m_fillRows(std::move(fillRows)),
+      m_plainStyle(/*bold=*/false, /*italic=*/false),
+      m_builder(TreeBuilder::CreateTreeBuilder(this)),
+      m_root(std::make_unique<HostTreeRow>(0, L"", m_plainStyle))
+{
+    // The use of a kind without a style would enter null for good.
+    AddRowStyles(*m_builder);
+}
+
+HostTree::~HostTree() = default;
+
+void HostTree::ConstructionBegin(bool incremental)
+{
+    m_constructions.push_back({m_open.size(), incremental});
+    m_current = nullptr;
+}
+
+void HostTree::ConstructionEnd()
+{
+    if (m_constructions.empty())
+        return;
+    m_open.resize(firstOpen());
+    m_constructions.pop_back();
+    m_current = nullptr;
+    if (!m_constructions.empty())
+        return;
+    markHighlighted();
+    notifyRows();
+}
+
+bool HostTree::CreateNode(std::uint64_t const& id, std::wstring const& name,
+                          ATreeItemStyle const* style)
+{
+    m_current = &enterRow(id, name, style);
+    return true;
+}
+
+bool HostTree::OpenNode(std::uint64_t const& id, std::wstring const& name,
+                        ATreeItemStyle const* style)
+{
+    m_current = &enterRow(id, name, style);
+    m_open.push_back(m_current);
+    return true;
+}
+
+void HostTree::CloseNode()
+{
+    if (m_open.size() > firstOpen())
+        m_open.pop_back();
+    m_current = m_open.size() > firstOpen() ? m_open.back() : nullptr;
+}
+
+void HostTree::ClearAll()
+{
+    m_open.clear();
+    m_constructions.clear();
+    m_current = nullptr;
+    m_highlighted.clear();
+    m_root->removeChildren();
+    notifyRows();
+}
+
+void HostTree::SetCurrentNodeEnabled(bool const& enabled)
+{
+    if (m_current != nullptr)
+        m_current->m_isEnabled = enabled;
+}
+
+void HostTree::HighlightNode(RenderId const& path)
+{
+    HostTreeRow* const row = findHighlightRow(path);
+    if (row == nullptr || !m_wanted.insert(path).second)
+        return;
+    row->m_isHighlighted = true;
+    m_highlighted.push_back(row);
+    if (m_observer != nullptr)
+        m_observer->HighlightChanged();
+}
+
+void HostTree::ClearHighlight()
+{
+    if (m_wanted.empty())
+        return;
+    m_wanted.clear();
+    markHighlighted();
+    if (m_observer != nullptr)
+        m_observer->HighlightChanged();
+}
+
+TreeBuilder* HostTree::GetTreeBuilder()
+{
+    return m_builder.get();
+}
+
+void HostTree::EnsureNodeVisible(RenderId const& path)
+{
+    HostTreeRow* row = m_root.get();
+    for (int i = 0; i < path.Length(); ++i) {
+        if (row->findChild(path[i]) == nullptr && row != m_root.get())
+            fill(*row);
+        row = row->findChild(path[i]);
+        if (row == nullptr)
+            return;
+    }
+    if (row != m_root.get() && m_observer != nullptr)
+        m_observer->ShowRow(*row);
+}
+
+int HostTree::GetChildrenCountForNode(RenderId const& path)
+{
+    const HostTreeRow* const row = find(path);
+    return row == nullptr ? -1 : static_cast<int>(row->ChildCount());
+}
+
+const HostTreeRow* HostTree::Find(const RenderId& path) const
+{
+    return find(path);
+}
+
+void HostTree::Fill(const RenderId& path)
+{
+    if (HostTreeRow* const row = find(path))
+        fill(*row);
+}
+
+void HostTree::FillAll()
+{
+    fillBelow(*m_root);
+}
+
+void HostTree::SetObserver(IHostTreeObserver* observer)
+{
+    m_observer = observer;
+}
+
+/// The root stands for the empty path, though it is no row.
+HostTreeRow* HostTree::find(const RenderId& path) const
+{
+    HostTreeRow* row = m_root.get();
+    for (int i = 0; i < path.Length() && row != nullptr; ++i)
+        row = row->findChild(path[i]);
+    return row;
+}
+
+/// @return the row that shows @p path as highlighted; null when it is unknown.
+HostTreeRow* HostTree::findHighlightRow(const RenderId& path) const
+{
+    HostTreeRow* row = m_root.get();
+    for (int i = 0; i < path.Length(); ++i) {
+        HostTreeRow* const child = row->findChild(path[i]);
+        if (child == nullptr)
+            return row == m_root.get() || row->m_isFilled ? nullptr : row;
+        row = child;
+    }
+    return row == m_root.get() ? nullptr : row;
+}
+
+/// @return how many of the open rows belong to constructions further out.
+std::size_t HostTree::firstOpen() const
+{
+    return m_constructions.empty() ? 0 : m_constructions.back().firstOpen;
+}
+
+HostTreeRow& HostTree::enterRow(std::uint64_t id, const std::wstring& name,
+                                const ATreeItemStyle* style)
+{
+    HostTreeRow& parent = m_open.size() > firstOpen() ? *m_open.back() : *m_root;
+    if (HostTreeRow* const present = parent.findChild(id)) {
+        if (m_constructions.empty() || !m_constructions.back().isIncremental)
+            present->m_text = name;
+        return *present;
+    }
+    return parent.addChild(
+        std::make_unique<HostTreeRow>(id, name, style == nullptr ? m_plainStyle : *style));
+}
+
+void HostTree::fill(HostTreeRow& row)
+{
+    if (row.m_isFilled || &row == m_root.get())
+        return;
+    row.m_isFilled = true;
+    if (m_fillRows && m_fillRows(row.Path()))
+        notifyRows();
+    // What the row stood for has a row of its own now, or none.
+    markHighlighted();
+}
+
+void HostTree::fillBelow(HostTreeRow& row)
+{
+    fill(row);
+    // Filling may add rows beside those that are there.
+    for (std::size_t i = 0; i < row.m_children.size(); ++i)
+        fillBelow(*row.m_children[i]);
+}
+
+void HostTree::markHighlighted()
+{
+    for (HostTreeRow* const row : m_highlighted)
+        row->m_isHighlighted = false;
+    m_highlighted.clear();
+    for (const RenderId& path : m_wanted) {
+        if (HostTreeRow* const row = findHighlightRow(path)) {
+            row->m_isHighlighted = true;
+            m_highlighted.push_back(row);
+        }
+    }
+}
+
+void HostTree::notifyRows() const
+{
+    if (m_observer != nullptr)
+        m_observer->RowsChanged();
+}
+
+} // namespace Pellux
