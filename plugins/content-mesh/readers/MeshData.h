@@ -44,8 +44,12 @@ struct MeshRange
 ///
 /// Every index is in range and every coordinate is finite. Vertices that no triangle uses may be
 /// there. Coordinates are in the units of the file.
+///
+/// A point cloud has no triangles and no ranges: every vertex is one of its points, with its normal
+/// and its colour where there are any.
 struct MeshData
 {
+    bool isPointCloud = false;
     MeshArray<float> positions;         ///< Three per vertex.
     MeshArray<float> normals;           ///< Three per vertex, unit length or zero; or empty.
     MeshArray<std::uint8_t> colors;     ///< Four per vertex: red, green, blue, alpha; or empty.

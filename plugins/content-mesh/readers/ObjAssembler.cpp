@@ -1,17 +1,21 @@
 #include "readers/ObjAssembler.h"
 
+#include "readers/MeshFinish.h"
 #include "readers/ReaderTexts.h"
 
 #include <OrvikOs/Utf8.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <stdexcept>
 
 namespace OrvikMesh {
 
 namespace {
+
+/// Vertices of a point that are looked at for one with the normal wanted; a hostile file may give
+/// one point a million normals.
+constexpr int kMaxVerticesTried = 256;
 
 /// Turns a coded index into one from 0. @return false when it is out of range.
 bool resolve(std::int32_t code, std::uint32_t base, std::uint32_t count, std::uint32_t& index)
@@ -23,21 +27,6 @@ bool resolve(std::int32_t code, std::uint32_t base, std::uint32_t count, std::ui
         return false;
     index = static_cast<std::uint32_t>(value);
     return true;
-}
-
-bool isFinitePoint(const float* point)
-{
-    return std::isfinite(point[0]) && std::isfinite(point[1]) && std::isfinite(point[2]);
-}
-
-/// Makes the length 1; what has none or is not finite becomes zero.
-void normalize(float* vector)
-{
-    const double length = std::sqrt(double{vector[0]} * vector[0] + double{vector[1]} * vector[1] +
-                                    double{vector[2]} * vector[2]);
-    const double scale = length > 0.0 && std::isfinite(length) ? 1.0 / length : 0.0;
-    for (std::size_t i = 0; i < 3; ++i)
-        vector[i] = scale == 0.0 ? 0.0f : static_cast<float>(vector[i] * scale);
 }
 
 std::wstring toWide(const std::string& name)
@@ -149,7 +138,7 @@ bool ObjAssembler::resolveFace(const ObjScan& scan, const ObjCorner* corners, co
     }
     if (m_hasNonFinite &&
         std::any_of(m_facePoints.begin(), m_facePoints.end(), [this](std::uint32_t point) {
-            return !isFinitePoint(m_points.Data() + std::size_t{point} * 3);
+            return !IsFinitePoint(m_points.Data() + std::size_t{point} * 3);
         })) {
         m_nonFinite.Add(offset);
         m_facePoints.clear();
@@ -188,7 +177,7 @@ void ObjAssembler::appendFace(std::size_t cornerCount)
 std::uint32_t ObjAssembler::vertexOf(std::uint32_t point, std::uint32_t normal)
 {
     std::uint32_t* link = &m_firstVertex[point];
-    while (*link != kNone) {
+    for (int i = 0; i < kMaxVerticesTried && *link != kNone; ++i) {
         if (m_fileNormalCount == 0 || m_vertexNormal[*link] == normal)
             return *link;
         link = &m_nextVertex[*link];
@@ -196,9 +185,10 @@ std::uint32_t ObjAssembler::vertexOf(std::uint32_t point, std::uint32_t normal)
     const auto vertex = static_cast<std::uint32_t>(m_vertexPoint.Size());
     if (vertex == kNone)
         throw std::length_error("too many vertices");
+    const std::uint32_t later = *link;
     *link = vertex;
     m_vertexPoint.PushBack(point);
-    m_nextVertex.PushBack(kNone);
+    m_nextVertex.PushBack(later);
     if (m_fileNormalCount > 0)
         m_vertexNormal.PushBack(normal);
     return vertex;
@@ -272,13 +262,13 @@ void ObjAssembler::Finish(ReadMessages& messages)
         m_mesh.materials.push_back({toWide(name), MeshColor{}, false});
 
     warn(messages, kObjJunk, m_junkLines);
-    warn(messages, kObjBadNumber, m_badNumbers);
+    warn(messages, kBadNumber, m_badNumbers);
     warn(messages, kObjZeroIndex, m_zeroIndices);
-    warn(messages, kObjBadIndex, m_badIndices);
+    warn(messages, kBadIndex, m_badIndices);
     warn(messages, kObjBadNormal, m_badNormals);
-    warn(messages, kObjShortFace, m_shortFaces);
-    warn(messages, kObjNonFinite, m_nonFinite);
-    warn(messages, kObjFanned, m_fanned);
+    warn(messages, kShortFace, m_shortFaces);
+    warn(messages, kNonFiniteFace, m_nonFinite);
+    warn(messages, kFanned, m_fanned);
     warn(messages, kObjLeftOut, m_leftOut);
 }
 
@@ -305,7 +295,7 @@ void ObjAssembler::fillVertices()
         float* normal = m_mesh.normals.Data() + i * 3;
         std::memcpy(normal, m_normals.Data() + std::size_t{m_vertexNormal[i]} * 3,
                     3 * sizeof(float));
-        normalize(normal);
+        NormalizeVector(normal);
     }
 }
 

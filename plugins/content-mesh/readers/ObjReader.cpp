@@ -7,7 +7,6 @@
 
 #include <OrvikOs/ParallelFor.h>
 
-#include <algorithm>
 #include <deque>
 #include <stdexcept>
 
@@ -21,20 +20,6 @@ constexpr std::size_t kPieceBytes = 4u << 20;
 constexpr double kScanningShare = 0.75;
 /// What a piece with one long line may have at most, so that 32 bits count what it holds.
 constexpr std::size_t kMaxPieceBytes = 1u << 30;
-/// Where the line ends are looked for.
-constexpr std::size_t kProbeBytes = 1u << 16;
-
-/// Makes lines that end with CR alone end with LF, when all of them do.
-std::string_view withLineFeeds(std::string_view text, std::string& storage)
-{
-    const std::string_view probe = text.substr(0, kProbeBytes);
-    if (probe.find('\n') != probe.npos || probe.find('\r') == probe.npos)
-        return text;
-    std::string converted(text);
-    std::replace(converted.begin(), converted.end(), '\r', '\n');
-    storage = std::move(converted);
-    return storage;
-}
 
 } // namespace
 
@@ -42,7 +27,7 @@ bool ReadObjContent(const std::wstring& path, std::string_view content, const Re
                     MeshData& mesh, ReadMessages& messages)
 {
     std::string storage;
-    const std::string_view text = withLineFeeds(ToUtf8Text(content, storage), storage);
+    const std::string_view text = WithLineFeeds(ToUtf8Text(content, storage), storage);
 
     std::deque<ObjPiece> pieces;
     for (const std::string_view lines : CutObjText(text, kPieceBytes)) {

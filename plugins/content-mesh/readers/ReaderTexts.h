@@ -7,6 +7,7 @@ namespace OrvikMesh {
 
 inline constexpr wchar_t kEmptyFile[] = L"the file is empty";
 inline constexpr wchar_t kNoTriangle[] = L"the file holds no triangle";
+inline constexpr wchar_t kNoPoint[] = L"the file holds no point";
 inline constexpr wchar_t kCancelled[] = L"reading was cancelled";
 inline constexpr wchar_t kOutOfMemory[] = L"not enough memory to read the file";
 inline constexpr wchar_t kTooLarge[] = L"the file holds more than can be numbered with 32 bits";
@@ -14,6 +15,16 @@ inline constexpr wchar_t kFault[] =
     L"the file could not be read to its end; it may have been changed meanwhile (%1)";
 inline constexpr wchar_t kNonFiniteDropped[] =
     L"a coordinate is not a finite number; triangles left out: %1";
+
+inline constexpr wchar_t kBadVertexValue[] = L"a value is missing or no number; such vertices: %1";
+inline constexpr wchar_t kUnreadableFace[] = L"a value is missing or no number; faces left out: %1";
+inline constexpr wchar_t kBadIndex[] = L"an index is out of range; faces left out: %1";
+inline constexpr wchar_t kShortFace[] = L"fewer than three vertices; faces left out: %1";
+inline constexpr wchar_t kBadNumber[] = L"a coordinate is missing or no number; such vertices: %1";
+inline constexpr wchar_t kNonFiniteFace[] =
+    L"a coordinate is not a finite number; faces left out: %1";
+inline constexpr wchar_t kFanned[] =
+    L"more than %2 corners; faces split without regard to concave corners: %1";
 
 inline constexpr wchar_t kStlTooShort[] =
     L"this is no STL file: %1 bytes are fewer than a header's";
@@ -30,19 +41,49 @@ inline constexpr wchar_t kStlBadFacet[] =
 inline constexpr wchar_t kStlPolygon[] = L"more than three vertices; facets split: %1";
 inline constexpr wchar_t kStlNoEnd[] = L"the file ends before \"endsolid\"";
 
+inline constexpr wchar_t kNonFinitePoint[] =
+    L"a coordinate is not a finite number; points left out: %1";
+
+inline constexpr wchar_t kPlyNotPly[] = L"this is no PLY file: it does not begin with \"ply\"";
+inline constexpr wchar_t kPlyNoEnd[] = L"the header has no \"end_header\"";
+inline constexpr wchar_t kPlyNoFormat[] = L"the header does not say which format the data have";
+inline constexpr wchar_t kPlyBadFormat[] = L"the format \"%1\" is not known";
+inline constexpr wchar_t kPlyBadElement[] = L"an element without a name or a count";
+inline constexpr wchar_t kPlyBadProperty[] =
+    L"a property outside an element, without a name or of a type that is not known";
+inline constexpr wchar_t kPlyJunk[] = L"not understood; lines of the header left out: %1";
+inline constexpr wchar_t kPlyNoVertices[] =
+    L"the header announces no element \"vertex\" with x, y and z";
+inline constexpr wchar_t kPlyNotText[] = L"the header announces text, but the data are binary";
+inline constexpr wchar_t kPlyNotBinary[] = L"the header announces binary data, but they are text";
+inline constexpr wchar_t kPlyCut[] =
+    L"the file ends in the element \"%1\", after %2 of %3; these were read";
+inline constexpr wchar_t kPlyCutVertices[] =
+    L"the file ends in the element \"vertex\", after %1 of %2; it has no faces";
+inline constexpr wchar_t kPlyMissing[] = L"the file ends before the element \"%1\"";
+inline constexpr wchar_t kPlyLeftOut[] = L"elements left out: %1";
+inline constexpr wchar_t kPlyTrailing[] = L"bytes after the last element, left out: %1";
+
+inline constexpr wchar_t kOffNotOff[] =
+    L"this is no OFF file: it begins neither with \"OFF\" nor with a count";
+inline constexpr wchar_t kOffNoCounts[] = L"the counts of vertices and faces are missing";
+inline constexpr wchar_t kOffDimension[] = L"vertices of %1 dimensions cannot be read";
+inline constexpr wchar_t kOffTooMany[] =
+    L"the header announces %1 vertices and %2 faces, more than the file can hold";
+inline constexpr wchar_t kOffCutVertices[] =
+    L"the file ends in its vertices, after %1 of %2; it has no faces";
+inline constexpr wchar_t kOffCutFaces[] =
+    L"the file ends in its faces, after %1 of %2; these were read";
+
+inline constexpr wchar_t kPointNoText[] = L"this is no text: a byte is zero";
+inline constexpr wchar_t kPointJunk[] = L"not understood; lines left out, in whole or in part: %1";
+inline constexpr wchar_t kPointCount[] = L"the file announces %1 points and holds %2";
+
 inline constexpr wchar_t kObjZeroIndex[] = L"an index is 0; faces left out: %1";
-inline constexpr wchar_t kObjBadIndex[] = L"an index is out of range; faces left out: %1";
 inline constexpr wchar_t kObjBadNormal[] =
     L"the index of a normal is out of range; indices replaced: %1";
-inline constexpr wchar_t kObjShortFace[] = L"fewer than three vertices; faces left out: %1";
 inline constexpr wchar_t kObjJunk[] = L"not understood; lines left out, in whole or in part: %1";
-inline constexpr wchar_t kObjBadNumber[] =
-    L"a coordinate is missing or no number; such vertices: %1";
-inline constexpr wchar_t kObjNonFinite[] =
-    L"a coordinate is not a finite number; faces left out: %1";
 inline constexpr wchar_t kObjLeftOut[] = L"points, lines and curves left out: %1";
-inline constexpr wchar_t kObjFanned[] =
-    L"more than %2 corners; faces split without regard to concave corners: %1";
 inline constexpr wchar_t kObjNoLibrary[] = L"the material library \"%1\" cannot be read: %2";
 inline constexpr wchar_t kObjForeignLibrary[] =
     L"the material library \"%1\" lies outside the folder of the file and was not read";

@@ -1,13 +1,17 @@
 #include "readers/TextEncoding.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 namespace OrvikMesh {
 
 namespace {
 
 constexpr std::uint32_t kReplacement = 0xFFFD;
+/// Where the line ends are looked for.
+constexpr std::size_t kProbeBytes = 1u << 16;
 
 void appendUtf8(std::uint32_t value, std::string& text)
 {
@@ -65,6 +69,17 @@ std::string_view ToUtf8Text(std::string_view content, std::string& storage)
         return content;
     storage.clear();
     convertUtf16(content.substr(2), littleEndian ? 1 : 0, storage);
+    return storage;
+}
+
+std::string_view WithLineFeeds(std::string_view text, std::string& storage)
+{
+    const std::string_view probe = text.substr(0, kProbeBytes);
+    if (probe.find('\n') != probe.npos || probe.find('\r') == probe.npos)
+        return text;
+    std::string converted(text);
+    std::replace(converted.begin(), converted.end(), '\r', '\n');
+    storage = std::move(converted);
     return storage;
 }
 

@@ -14,6 +14,11 @@ namespace OrvikMesh {
 /// @return a view of @p content or of @p storage.
 std::string_view ToUtf8Text(std::string_view content, std::string& storage);
 
+/// Makes lines that end with CR alone end with LF, when all of the first ones do.
+///
+/// @return a view of @p text or of @p storage, which @p text may view itself.
+std::string_view WithLineFeeds(std::string_view text, std::string& storage);
+
 } // namespace OrvikMesh
 
 #endif

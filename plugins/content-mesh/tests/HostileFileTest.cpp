@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <random>
 
 namespace {
@@ -17,6 +18,76 @@ std::string wavefrontSample()
     return text;
 }
 
+std::string plyHeader(const std::string& format)
+{
+    return "ply\nformat " + format +
+           " 1.0\nelement vertex 40\nproperty float x\nproperty float y\nproperty float z\n"
+           "property float nx\nproperty float ny\nproperty float nz\nproperty uchar red\n"
+           "property uchar green\nproperty uchar blue\nelement face 38\n"
+           "property list uchar int vertex_indices\nproperty uchar red\nproperty uchar green\n"
+           "property uchar blue\nelement tristrips 1\nproperty list int int vertex_indices\n"
+           "end_header\n";
+}
+
+std::string plyText()
+{
+    std::string text = plyHeader("ascii");
+    for (int i = 0; i < 40; ++i)
+        text += std::to_string(i) + " " + std::to_string(i * i % 17) + " 0.5 0 0 1 255 128 " +
+                std::to_string(i) + "\n";
+    for (int i = 0; i < 38; ++i)
+        text += "3 " + std::to_string(i) + " " + std::to_string(i + 1) + " " +
+                std::to_string(i + 2) + " 10 20 " + std::to_string(i) + "\n";
+    return text + "5 0 1 2 3 4\n";
+}
+
+std::string plyBinary(bool isBigEndian)
+{
+    ByteWriter bytes(plyHeader(isBigEndian ? "binary_big_endian" : "binary_little_endian"),
+                     isBigEndian);
+    for (int i = 0; i < 40; ++i)
+        bytes.PutAll<float>({static_cast<float>(i), static_cast<float>(i * i % 17), 0.5f, 0, 0, 1})
+            .PutAll<std::uint8_t>({255, 128, 7});
+    for (std::int32_t i = 0; i < 38; ++i)
+        bytes.Put<std::uint8_t>(3)
+            .PutAll<std::int32_t>({i, i + 1, i + 2})
+            .PutAll<std::uint8_t>({1, 2, 3});
+    bytes.PutAll<std::int32_t>({5, 0, 1, 2, 3, 4});
+    return bytes.Bytes();
+}
+
+std::string offText()
+{
+    std::string text = "CNOFF\n40 38 0\n";
+    for (int i = 0; i < 40; ++i)
+        text += std::to_string(i) + " " + std::to_string(i * i % 17) + " 0.5 0 0 1 255 128 " +
+                std::to_string(i) + " 255\n";
+    for (int i = 0; i < 38; ++i)
+        text += "3 " + std::to_string(i) + " " + std::to_string(i + 1) + " " +
+                std::to_string(i + 2) + " 10 20 " + std::to_string(i) + "\n";
+    return text;
+}
+
+std::string offBinary()
+{
+    ByteWriter bytes("OFF BINARY\n", true);
+    bytes.PutAll<std::int32_t>({40, 38, 0});
+    for (int i = 0; i < 40; ++i)
+        bytes.PutAll<float>({static_cast<float>(i), static_cast<float>(i * i % 17), 0.5f});
+    for (std::int32_t i = 0; i < 38; ++i)
+        bytes.PutAll<std::int32_t>({3, i, i + 1, i + 2, 3}).PutAll<float>({1, 0.5f, 0});
+    return bytes.Bytes();
+}
+
+std::string pointText()
+{
+    std::string text = "40\n";
+    for (int i = 0; i < 40; ++i)
+        text += std::to_string(i) + " " + std::to_string(i * i % 17) + " 0.5 7 255 128 " +
+                std::to_string(i) + "\n";
+    return text;
+}
+
 /// A reading either gives triangles whose indices are in range, or says why not.
 void expectSound(const ReadResult& result)
 {
@@ -24,7 +95,14 @@ void expectSound(const ReadResult& result)
         EXPECT_FALSE(result.error.empty());
         return;
     }
-    EXPECT_GT(result.mesh.TriangleCount(), 0u);
+    EXPECT_EQ(result.mesh.TriangleCount() == 0, result.mesh.isPointCloud);
+    EXPECT_GT(result.mesh.VertexCount(), 0u);
+    for (const float coordinate : result.mesh.positions)
+        ASSERT_TRUE(std::isfinite(coordinate));
+    EXPECT_TRUE(result.mesh.normals.IsEmpty() ||
+                result.mesh.normals.Size() == result.mesh.positions.Size());
+    EXPECT_TRUE(result.mesh.colors.IsEmpty() ||
+                result.mesh.colors.Size() == result.mesh.VertexCount() * 4);
     for (const std::uint32_t index : result.mesh.triangles)
         ASSERT_LT(index, result.mesh.VertexCount());
     std::uint64_t covered = 0;
@@ -35,13 +113,13 @@ void expectSound(const ReadResult& result)
     EXPECT_EQ(covered, result.mesh.TriangleCount());
 }
 
-using ReadBytes = ReadResult (*)(std::string_view, const OrvikMesh::ReadOptions&);
+using ReadContent = ReadResult (*)(std::string_view, const OrvikMesh::ReadOptions&);
 
 struct Subject
 {
     const char* name;
     std::string bytes;
-    ReadBytes read;
+    ReadContent read;
 };
 
 class HostileFile : public testing::TestWithParam<Subject>
@@ -78,7 +156,14 @@ INSTANTIATE_TEST_SUITE_P(
     Formats, HostileFile,
     testing::Values(Subject{"BinaryStl", BinaryStl(Cylinder(12)), &ReadStlBytes},
                     Subject{"AsciiStl", AsciiStl(Cylinder(12), "tube"), &ReadStlBytes},
-                    Subject{"Obj", wavefrontSample(), &ReadObjText}),
+                    Subject{"Obj", wavefrontSample(), &ReadObjText},
+                    Subject{"PlyText", plyText(), &ReadPlyBytes},
+                    Subject{"PlyLittleEndian", plyBinary(false), &ReadPlyBytes},
+                    Subject{"PlyBigEndian", plyBinary(true), &ReadPlyBytes},
+                    Subject{"OffText", offText(), &ReadOffBytes},
+                    Subject{"OffBinary", offBinary(), &ReadOffBytes},
+                    Subject{"Xyz", pointText(), &ReadXyzText},
+                    Subject{"Pts", pointText(), &ReadPtsText}),
     [](const testing::TestParamInfo<Subject>& subject) { return std::string(subject.param.name); });
 
 TEST(HostileFile, LongLineOfBackslashesEnds)

@@ -1,6 +1,9 @@
 #include "MeshFiles.h"
 
 #include "readers/ObjReader.h"
+#include "readers/OffReader.h"
+#include "readers/PlyReader.h"
+#include "readers/PointTextReader.h"
 #include "readers/StlReader.h"
 
 #include <OrvikOs/Thread.h>
@@ -152,17 +155,64 @@ std::wstring TempFolder::PathOf(std::string_view name) const
 
 Point ReadResult::At(std::size_t triangle, std::size_t corner) const
 {
-    const std::uint32_t vertex = mesh.triangles[triangle * 3 + corner];
-    return {mesh.positions[vertex * 3], mesh.positions[vertex * 3 + 1],
-            mesh.positions[vertex * 3 + 2]};
+    return Vertex(mesh.triangles[triangle * 3 + corner]);
+}
+
+Point ReadResult::Vertex(std::size_t index) const
+{
+    return {mesh.positions[index * 3], mesh.positions[index * 3 + 1],
+            mesh.positions[index * 3 + 2]};
+}
+
+std::array<int, 4> ReadResult::Color(std::size_t index) const
+{
+    return {mesh.colors[index * 4], mesh.colors[index * 4 + 1], mesh.colors[index * 4 + 2],
+            mesh.colors[index * 4 + 3]};
+}
+
+Point ReadResult::Normal(std::size_t index) const
+{
+    return {mesh.normals[index * 3], mesh.normals[index * 3 + 1], mesh.normals[index * 3 + 2]};
+}
+
+std::array<std::uint32_t, 3> ReadResult::Triangle(std::size_t index) const
+{
+    return {mesh.triangles[index * 3], mesh.triangles[index * 3 + 1],
+            mesh.triangles[index * 3 + 2]};
+}
+
+ReadResult ReadBytes(const OrvikMesh::ContentReader& reader, std::string_view bytes,
+                     const ReadOptions& options)
+{
+    return collect(L"test", [&](MeshData& mesh, ReadMessages& messages) {
+        return OrvikMesh::ReadGuarded([&] { return reader(bytes, options, mesh, messages); },
+                                      messages);
+    });
+}
+
+ReadResult ReadPlyBytes(std::string_view bytes, const ReadOptions& options)
+{
+    return ReadBytes(&OrvikMesh::ReadPlyContent, bytes, options);
+}
+
+ReadResult ReadOffBytes(std::string_view bytes, const ReadOptions& options)
+{
+    return ReadBytes(&OrvikMesh::ReadOffContent, bytes, options);
+}
+
+ReadResult ReadXyzText(std::string_view text, const ReadOptions& options)
+{
+    return ReadBytes(&OrvikMesh::ReadXyzContent, text, options);
+}
+
+ReadResult ReadPtsText(std::string_view text, const ReadOptions& options)
+{
+    return ReadBytes(&OrvikMesh::ReadPtsContent, text, options);
 }
 
 ReadResult ReadStlBytes(std::string_view bytes, const ReadOptions& options)
 {
-    return collect(L"test", [&](MeshData& mesh, ReadMessages& messages) {
-        return OrvikMesh::ReadGuarded(
-            [&] { return OrvikMesh::ReadStlContent(bytes, options, mesh, messages); }, messages);
-    });
+    return ReadBytes(&OrvikMesh::ReadStlContent, bytes, options);
 }
 
 ReadResult ReadStlFile(const std::wstring& path, const ReadOptions& options)

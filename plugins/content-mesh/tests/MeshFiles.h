@@ -3,11 +3,15 @@
 
 #include "readers/MeshReader.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 #include <filesystem>
+#include <initializer_list>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 using Point = std::array<float, 3>;
@@ -34,6 +38,37 @@ std::vector<Triangle> Cylinder(int sides);
 
 /// A torus of about @p triangles triangles, in strips.
 std::vector<Triangle> Torus(int triangles);
+
+/// The bytes of a binary file, put together value by value.
+class ByteWriter
+{
+public:
+    explicit ByteWriter(std::string text = {}, bool isBigEndian = false)
+        : m_bytes(std::move(text)), m_isBigEndian(isBigEndian)
+    {
+    }
+
+    template <class T> ByteWriter& Put(T value)
+    {
+        char bytes[sizeof(T)];
+        std::memcpy(bytes, &value, sizeof(T));
+        if (m_isBigEndian)
+            std::reverse(bytes, bytes + sizeof(T));
+        m_bytes.append(bytes, sizeof(T));
+        return *this;
+    }
+    template <class T> ByteWriter& PutAll(std::initializer_list<T> values)
+    {
+        for (const T value : values)
+            Put(value);
+        return *this;
+    }
+    const std::string& Bytes() const { return m_bytes; }
+
+private:
+    std::string m_bytes;
+    bool m_isBigEndian;
+};
 
 /// A folder that is deleted with all in it.
 class TempFolder
@@ -64,10 +99,25 @@ struct ReadResult
     std::wstring error;
     std::vector<std::wstring> warnings;
 
+    /// The position of a vertex.
+    Point Vertex(std::size_t index) const;
+    /// The colour of a vertex: red, green, blue, alpha.
+    std::array<int, 4> Color(std::size_t index) const;
+    Point Normal(std::size_t index) const;
+    /// The vertex indices of a triangle.
+    std::array<std::uint32_t, 3> Triangle(std::size_t index) const;
     /// The corner of a triangle.
     Point At(std::size_t triangle, std::size_t corner) const;
 };
 
+/// Reads from memory with any reader; the file is called "test".
+ReadResult ReadBytes(const OrvikMesh::ContentReader& reader, std::string_view bytes,
+                     const OrvikMesh::ReadOptions& options = {});
+
+ReadResult ReadPlyBytes(std::string_view bytes, const OrvikMesh::ReadOptions& options = {});
+ReadResult ReadOffBytes(std::string_view bytes, const OrvikMesh::ReadOptions& options = {});
+ReadResult ReadXyzText(std::string_view text, const OrvikMesh::ReadOptions& options = {});
+ReadResult ReadPtsText(std::string_view text, const OrvikMesh::ReadOptions& options = {});
 ReadResult ReadStlBytes(std::string_view bytes, const OrvikMesh::ReadOptions& options = {});
 ReadResult ReadStlFile(const std::wstring& path, const OrvikMesh::ReadOptions& options = {});
 /// Reads from memory, without material libraries; the file is called "test".
