@@ -2,8 +2,7 @@
 
 #include "content/MeshBodies.h"
 #include "content/MeshContent.h"
-#include "readers/ObjReader.h"
-#include "readers/StlReader.h"
+#include "readers/MeshFormats.h"
 
 #include "OrvikCore/Document.h"
 #include "OrvikCore/IApplication.h"
@@ -28,6 +27,7 @@ namespace {
 
 constexpr wchar_t kPhase[] = L"Reading ";
 constexpr wchar_t kNoReader[] = L"no reader for this kind of file";
+constexpr wchar_t kPointCloud[] = L"the file is a point cloud, which cannot be shown";
 
 /// Ends the progress that it began, however the reading ends.
 class ProgressPhase
@@ -42,13 +42,17 @@ public:
 bool readByExtension(const std::wstring& fileName, const ReadOptions& options, MeshData& mesh,
                      ReadMessages& messages)
 {
-    const std::wstring extension = Utils::ToUpperAscii(Utils::GetFileExtension(fileName));
-    if (extension == L"STL")
-        return ReadStl(fileName, options, mesh, messages);
-    if (extension == L"OBJ")
-        return ReadObj(fileName, options, mesh, messages);
-    messages.Fail(kNoReader);
-    return false;
+    const MeshFormat* format =
+        FindMeshFormat(Utils::ToUpperAscii(Utils::GetFileExtension(fileName)));
+    if (!format) {
+        messages.Fail(kNoReader);
+        return false;
+    }
+    if (!format->read(fileName, options, mesh, messages))
+        return false;
+    if (mesh.isPointCloud)
+        messages.Fail(kPointCloud);
+    return !mesh.isPointCloud;
 }
 
 std::wstring stemOf(const std::wstring& fileName)
@@ -96,7 +100,8 @@ MeshLoader::MeshLoader(Mode mode)
 {
     typeName = mode == Mode::Import ? "OrvikMesh::MeshImporter" : "OrvikMesh::MeshLoader";
     isImporter = mode == Mode::Import;
-    validExtensions = {{L"STL", L"Stereolithography"}, {L"OBJ", L"Wavefront OBJ"}};
+    for (const MeshFormat& format : MeshFormats())
+        validExtensions.emplace(format.extension, format.name);
 }
 
 MeshLoader::~MeshLoader() = default;

@@ -13,9 +13,9 @@ namespace OrvikMesh {
 namespace {
 
 constexpr MeshFormat kFormats[] = {
-    {L"STL", L"Stereolithography", &ReadStl}, {L"OBJ", L"Wavefront OBJ", &ReadObj},
+    {L"STL", L"Stereolithography", &ReadStl},   {L"OBJ", L"Wavefront OBJ", &ReadObj},
     {L"PLY", L"Polygon File Format", &ReadPly}, {L"OFF", L"Object File Format", &ReadOff},
-    {L"XYZ", L"Point cloud", &ReadXyz},       {L"PTS", L"Point cloud", &ReadPts},
+    {L"XYZ", L"Point cloud", &ReadXyz},         {L"PTS", L"Point cloud", &ReadPts},
 };
 
 } // namespace

@@ -20,7 +20,7 @@ struct PointRows
 {
     MeshArray<float> values; ///< As many per row as there are columns; NaN where one is missing.
     std::optional<std::uint64_t> announced; ///< The sum of the lines with one whole number.
-    Occurrences junkLines; ///< Offsets from the start of the lines.
+    Occurrences junkLines;                  ///< Offsets from the start of the lines.
 };
 
 /// How a line with one number alone is taken.

@@ -70,7 +70,7 @@ private:
     std::vector<std::string_view> m_lines;
     std::vector<PointRows> m_pieces;
     std::optional<std::uint64_t> m_announced; ///< Points, by the file's own counts.
-    Occurrences m_junkLines; ///< Offsets from the start of the text.
+    Occurrences m_junkLines;                  ///< Offsets from the start of the text.
 };
 
 void PointTextReader::readRows(std::string_view lines)

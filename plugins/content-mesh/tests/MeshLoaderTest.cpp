@@ -42,6 +42,8 @@ TEST_F(MeshLoaderTest, NamesItsTypeAndExtensions)
     EXPECT_FALSE(m_loader.IsImporter());
     EXPECT_TRUE(m_loader.CanLoad(L"STL"));
     EXPECT_TRUE(m_loader.CanLoad(L"OBJ"));
+    EXPECT_TRUE(m_loader.CanLoad(L"PLY"));
+    EXPECT_TRUE(m_loader.CanLoad(L"OFF"));
     EXPECT_FALSE(m_loader.CanLoad(L"STP"));
 }
 
@@ -63,6 +65,22 @@ TEST_F(MeshLoaderTest, AddsAContentForTheFile)
     EXPECT_EQ(contentAt(0).Model()->bodies[0]->TriangleCount(), 12u);
     EXPECT_EQ(m_loader.GetErrorMessage(), L"");
     EXPECT_THAT(m_loader.GetWarningMessages(), IsEmpty());
+}
+
+TEST_F(MeshLoaderTest, ChoosesTheReaderByTheExtension)
+{
+    const char rows[] = "0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n";
+    m_loader.Load(m_folder.Write("a.off", std::string("OFF\n3 1 0\n") + rows), m_document);
+    m_loader.Load(m_folder.Write("a.ply", std::string("ply\nformat ascii 1.0\nelement vertex 3\n"
+                                                      "property float x\nproperty float y\n"
+                                                      "property float z\nelement face 1\n"
+                                                      "property list uchar int vertex_indices\n"
+                                                      "end_header\n") +
+                                              rows),
+                  m_document);
+
+    ASSERT_EQ(m_document.GetContentList().size(), 2u);
+    EXPECT_EQ(contentAt(1).Model()->bodies[0]->TriangleCount(), 1u);
 }
 
 TEST_F(MeshLoaderTest, ReadsAnyCaseOfTheExtension)
