@@ -3,6 +3,7 @@
 #include "readers/MeshReader.h"
 #include "readers/NumberScan.h"
 #include "readers/ReaderTexts.h"
+#include "readers/SideFiles.h"
 #include "readers/TextEncoding.h"
 
 #include <OrvikOs/MemoryMappedFile.h>
@@ -63,30 +64,6 @@ void applyLine(std::string_view keyword, std::string_view rest, MeshColor& color
     }
 }
 
-/// A path that cannot leave the folder that it starts from.
-bool staysInside(std::string_view path)
-{
-    if (path.empty() || path[0] == '/' || path[0] == '\\' || path.find(':') != path.npos)
-        return false;
-    for (std::size_t begin = 0; begin <= path.size();) {
-        const std::size_t end = std::min(path.find_first_of("/\\", begin), path.size());
-        if (path.substr(begin, end - begin) == "..")
-            return false;
-        begin = end + 1;
-    }
-    return true;
-}
-
-std::wstring besideFile(const std::wstring& path, std::string_view name)
-{
-    std::string slashed(name);
-    std::replace(slashed.begin(), slashed.end(), '\\', '/');
-    const std::size_t folderEnd = path.find_last_of(L"/\\");
-    const std::wstring folder =
-        folderEnd == std::wstring::npos ? std::wstring() : path.substr(0, folderEnd + 1);
-    return folder + OrvikOs::Utf8ToWide(slashed);
-}
-
 /// @return the system's text when the file cannot be opened.
 std::optional<std::wstring> readLibrary(const std::wstring& path, MaterialColors& colors)
 {
@@ -105,7 +82,7 @@ std::vector<std::string> libraryNames(const std::wstring& path, const std::strin
     if (rest.find_first_of(" \t") == std::string::npos)
         return {rest};
     OrvikOs::MemoryMappedFile whole;
-    if (staysInside(rest) && whole.Open(besideFile(path, rest)))
+    if (StaysInFolder(rest) && whole.Open(PathBeside(path, rest)))
         return {rest};
     std::vector<std::string> names;
     for (std::string_view left = rest; !left.empty();) {
@@ -122,11 +99,11 @@ void readLibraries(const std::wstring& path, const std::vector<std::string>& lib
     for (const std::string& rest : libraries) {
         for (const std::string& name : libraryNames(path, rest)) {
             const std::wstring wideName = OrvikOs::Utf8ToWide(name);
-            if (!staysInside(name)) {
+            if (!StaysInFolder(name)) {
                 messages.Warn(FillText(kObjForeignLibrary, {wideName}));
                 continue;
             }
-            if (const auto error = readLibrary(besideFile(path, name), colors))
+            if (const auto error = readLibrary(PathBeside(path, name), colors))
                 messages.Warn(FillText(kObjNoLibrary, {wideName, *error}));
         }
     }

@@ -1,0 +1,65 @@
+#ifndef ORVIKMESH_GLTF_GLTFMESHES_H
+#define ORVIKMESH_GLTF_GLTFMESHES_H
+
+#include "gltf/GltfFile.h"
+#include "gltf/GltfMessages.h"
+#include "gltf/ShapeArrays.h"
+
+#include <OrvikModel/Model.h>
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace OrvikMesh {
+
+/// One primitive of a mesh as it is shown.
+struct MeshPiece
+{
+    OrvikModel::NodeKind kind = OrvikModel::NodeKind::Mesh;
+    std::shared_ptr<const OrvikModel::ModelShape> shape; ///< Never null.
+    std::optional<TambVizCore::RGBAColor> color;         ///< Empty where its vertices have colours.
+};
+
+/// The meshes of a file, each read when the first node names it. Nodes share what is read, and so
+/// do primitives of the same numbers. One thread.
+class GltfMeshes
+{
+public:
+    /// @param file, make, warnings  Outlive this.
+    GltfMeshes(GltfFile& file, const ShapeMaker& make, WarningLimit& warnings);
+
+    /// @return the pieces of a mesh that can be shown; valid while this is.
+    const std::vector<MeshPiece>& Pieces(std::uint64_t mesh);
+
+    /// @return the name of a mesh; empty without one.
+    std::wstring Name(std::uint64_t mesh) const;
+
+    /// @return why the first primitive that could not be read was left out; empty when none was.
+    const std::wstring& FirstFailure() const { return m_firstFailure; }
+
+private:
+    /// Mode, accessors, and the material where it tints the vertices.
+    using ShapeKey = std::array<std::int64_t, 6>;
+
+    void readMesh(std::uint64_t mesh, std::vector<MeshPiece>& pieces);
+    std::shared_ptr<const OrvikModel::ModelShape> shapeOf(std::uint64_t mesh, std::uint64_t number,
+                                                          const JsonValue& primitive,
+                                                          const ShapeKey& key);
+    std::wstring placed(std::uint64_t mesh, std::uint64_t number, const std::wstring& reason) const;
+
+    GltfFile& m_file;
+    const ShapeMaker& m_make;
+    WarningLimit& m_warnings;
+    std::map<std::uint64_t, std::vector<MeshPiece>> m_meshes;
+    std::map<ShapeKey, std::shared_ptr<const OrvikModel::ModelShape>> m_shapes;
+    std::wstring m_firstFailure;
+};
+
+} // namespace OrvikMesh
+
+#endif

@@ -1,0 +1,430 @@
+#include "gltf/GltfPrimitive.h"
+
+#include "gltf/GltfAccessor.h"
+#include "gltf/GltfTexts.h"
+#include "gltf/VertexUse.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <utility>
+
+namespace OrvikMesh {
+
+namespace {
+
+/// How vertices hang together, by the numbers that stand in files.
+enum class Mode
+{
+    Points = 0,
+    Lines = 1,
+    LineLoop = 2,
+    LineStrip = 3,
+    Triangles = 4,
+    TriangleStrip = 5,
+    TriangleFan = 6,
+};
+
+/// Bytes of the arrays of one vertex: position, normal, colour, and what finding it takes.
+constexpr std::uint64_t kVertexBytes = 12 + 12 + 4 + 5;
+
+/// A normal whose squared length is that close to 1 stays as it is.
+constexpr float kUnitTolerance = 1e-5f;
+
+std::size_t arityOf(Mode mode)
+{
+    if (mode == Mode::Points)
+        return 1;
+    return mode < Mode::Triangles ? 2 : 3;
+}
+
+const wchar_t* wordFor(Mode mode)
+{
+    if (mode == Mode::Points)
+        return kGltfPoints;
+    return mode < Mode::Triangles ? kGltfSegments : kGltfTriangles;
+}
+
+/// Corners that each index becomes at most.
+std::size_t growthOf(Mode mode)
+{
+    const bool isRun = mode != Mode::Points && mode != Mode::Lines && mode != Mode::Triangles;
+    return isRun ? arityOf(mode) : 1;
+}
+
+/// Turns strips, loops and fans into single segments and triangles.
+MeshArray<std::uint32_t> unfold(Mode mode, MeshArray<std::uint32_t>&& run)
+{
+    if (growthOf(mode) == 1) {
+        run.Resize(run.Size() - run.Size() % arityOf(mode));
+        return std::move(run);
+    }
+    const std::size_t count = run.Size();
+    MeshArray<std::uint32_t> corners;
+    if (count < arityOf(mode))
+        return corners;
+    corners.Reserve(count * arityOf(mode));
+    const auto add = [&](std::size_t a, std::size_t b) {
+        corners.PushBack(run[a]);
+        corners.PushBack(run[b]);
+    };
+    switch (mode) {
+    case Mode::LineLoop:
+    case Mode::LineStrip:
+        for (std::size_t i = 0; i + 1 < count; ++i)
+            add(i, i + 1);
+        if (mode == Mode::LineLoop)
+            add(count - 1, 0);
+        break;
+    case Mode::TriangleStrip:
+        for (std::size_t i = 0; i + 2 < count; ++i) {
+            add(i, i + 1 + i % 2);
+            corners.PushBack(run[i + 2 - i % 2]);
+        }
+        break;
+    default:
+        for (std::size_t i = 0; i + 2 < count; ++i) {
+            add(i + 1, i + 2);
+            corners.PushBack(run[0]);
+        }
+        break;
+    }
+    return corners;
+}
+
+bool isFinitePoint(const float* point)
+{
+    return std::isfinite(point[0]) && std::isfinite(point[1]) && std::isfinite(point[2]);
+}
+
+/// Makes the length of a normal 1; one that has none becomes zero.
+void normalize(float* normal)
+{
+    const float squared = normal[0] * normal[0] + normal[1] * normal[1] + normal[2] * normal[2];
+    if (std::fabs(squared - 1.0f) <= kUnitTolerance)
+        return;
+    const double length = std::sqrt(double{normal[0]} * normal[0] + double{normal[1]} * normal[1] +
+                                    double{normal[2]} * normal[2]);
+    const bool hasLength = std::isfinite(length) && length > 0.0;
+    for (std::size_t k = 0; k < 3; ++k)
+        normal[k] = hasLength ? static_cast<float>(normal[k] / length) : 0.0f;
+}
+
+class PrimitiveReader
+{
+public:
+    PrimitiveReader(GltfFile& file, const JsonValue& primitive, ShapeArrays& shape,
+                    PrimitiveNotes& notes)
+        : m_file(file), m_primitive(primitive), m_shape(shape), m_notes(notes)
+    {
+    }
+
+    bool Run(const GltfMaterial& material);
+
+private:
+    bool findMode();
+    bool findPositions();
+    bool findIndices();
+    bool takeBudget();
+    void settleBudget();
+    bool readCorners();
+    void dropMissingVertices();
+    void readPositions();
+    void dropNonFinite();
+    void pickVertices(const MeshArray<std::uint32_t>& kept);
+    bool findAttribute(const char* name, GltfAccessor& accessor);
+    void readAttribute(const GltfAccessor& accessor, MeshArray<float>& numbers);
+    void readNormals();
+    void readColors(const GltfMaterial& material);
+
+    std::size_t vertexCount() const { return m_positions.values.count; }
+
+    GltfFile& m_file;
+    const JsonValue& m_primitive;
+    ShapeArrays& m_shape;
+    PrimitiveNotes& m_notes;
+    Mode m_mode = Mode::Triangles;
+    GltfAccessor m_positions;
+    std::optional<GltfAccessor> m_indices;
+    MeshArray<std::uint32_t> m_corners;
+    bool m_usesAll = false;          ///< Every vertex of the accessor is used.
+    MeshArray<std::uint32_t> m_used; ///< Else the numbers of those that are.
+    std::uint64_t m_taken = 0;       ///< Of the file's budget.
+};
+
+bool PrimitiveReader::findMode()
+{
+    const auto mode = WholeMember(m_primitive, "mode", 4);
+    if (!mode || *mode > 6) {
+        m_notes.reason = FillText(kGltfBadMode, {mode ? std::to_wstring(*mode) : L"?"});
+        return false;
+    }
+    m_mode = static_cast<Mode>(*mode);
+    return true;
+}
+
+bool PrimitiveReader::findPositions()
+{
+    const JsonValue* attributes = FindMember(m_primitive, "attributes");
+    const auto index =
+        attributes ? WholeMember(*attributes, "POSITION") : std::optional<std::uint64_t>();
+    const JsonValue* element = index ? m_file.Element(GltfList::Accessors, *index) : nullptr;
+    if (!index) {
+        m_notes.reason = kGltfNoPositions;
+        return false;
+    }
+    const JsonValue* extensions = FindMember(m_primitive, "extensions");
+    if (extensions && FindMember(*extensions, "KHR_draco_mesh_compression") && element &&
+        !FindMember(*element, "bufferView")) {
+        m_notes.reason = FillText(kGltfCompressed, {L"KHR_draco_mesh_compression"});
+        return false;
+    }
+    if (!FindAccessor(m_file, *index, m_positions, m_notes.reason))
+        return false;
+    if (m_positions.components != 3) {
+        m_notes.reason = FillText(
+            kGltfBadComponents,
+            {std::to_wstring(*index), std::to_wstring(m_positions.components), L"POSITION", L"3"});
+        return false;
+    }
+    return true;
+}
+
+bool PrimitiveReader::findIndices()
+{
+    if (!FindMember(m_primitive, "indices"))
+        return true;
+    const auto index = WholeMember(m_primitive, "indices");
+    GltfAccessor accessor;
+    if (!index) {
+        m_notes.reason = FillText(kGltfNoSuch, {L"accessor", L"?"});
+        return false;
+    }
+    if (!FindAccessor(m_file, *index, accessor, m_notes.reason))
+        return false;
+    m_indices = accessor;
+    return true;
+}
+
+/// Asks for the memory of the arrays before any is had.
+bool PrimitiveReader::takeBudget()
+{
+    const std::uint64_t indices = m_indices ? m_indices->values.count : vertexCount();
+    const std::uint64_t corners = indices * growthOf(m_mode);
+    const std::uint64_t cornerBytes =
+        sizeof(std::uint32_t) * (growthOf(m_mode) == 1 ? corners : corners + indices);
+    // A sparse accessor is read as a whole, and one without bytes is limited by nothing else.
+    const bool countsWhole = m_positions.sparseIndices.count > 0 || !m_positions.values.first;
+    const std::uint64_t vertices =
+        countsWhole ? vertexCount() : std::min<std::uint64_t>(vertexCount(), corners * 16);
+    m_taken = cornerBytes + vertices * kVertexBytes;
+    if (m_file.Budget().Take(m_taken))
+        return true;
+    m_notes.reason = kGltfTooMuch;
+    return false;
+}
+
+/// Gives back what was asked for and is not held.
+void PrimitiveReader::settleBudget()
+{
+    const MeshData& mesh = m_shape.mesh;
+    const std::uint64_t held =
+        sizeof(float) * (mesh.positions.Size() + mesh.normals.Size()) + mesh.colors.Size() +
+        sizeof(std::uint32_t) *
+            (mesh.triangles.Size() + m_shape.segments.Size() + m_shape.points.Size());
+    m_file.Budget().GiveBack(m_taken - std::min(held, m_taken));
+}
+
+bool PrimitiveReader::readCorners()
+{
+    MeshArray<std::uint32_t> run;
+    if (m_indices) {
+        if (!ReadWholeNumbers(m_file, *m_indices, run, m_notes.reason))
+            return false;
+    } else {
+        run.Resize(vertexCount());
+        std::iota(run.begin(), run.end(), 0u);
+    }
+    if (growthOf(m_mode) == 1 && run.Size() % arityOf(m_mode) != 0)
+        m_notes.warnings.push_back(FillText(kGltfRemainder, {std::to_wstring(arityOf(m_mode))}));
+    m_corners = unfold(m_mode, std::move(run));
+    return true;
+}
+
+void PrimitiveReader::dropMissingVertices()
+{
+    const std::size_t count = vertexCount();
+    std::uint32_t highest = 0;
+    for (const std::uint32_t corner : m_corners)
+        highest = std::max(highest, corner);
+    if (highest < count)
+        return;
+    const auto isMissing = [count](std::uint32_t corner) { return corner >= count; };
+    const std::uint32_t first = *std::find_if(m_corners.begin(), m_corners.end(), isMissing);
+    const std::size_t leftOut = KeepGoodPieces(
+        m_corners, arityOf(m_mode), [&](std::uint32_t corner) { return !isMissing(corner); });
+    m_notes.warnings.push_back(
+        FillText(kGltfIndexOutside, {std::to_wstring(first), std::to_wstring(count),
+                                     wordFor(m_mode), std::to_wstring(leftOut)}));
+}
+
+void PrimitiveReader::readPositions()
+{
+    m_usesAll = ListUsedVertices(m_corners, vertexCount(), m_used);
+    readAttribute(m_positions, m_shape.mesh.positions);
+}
+
+void PrimitiveReader::dropNonFinite()
+{
+    const MeshArray<float>& positions = m_shape.mesh.positions;
+    const std::size_t count = positions.Size() / 3;
+    const auto isGood = [&](std::uint32_t vertex) {
+        return isFinitePoint(positions.Data() + std::size_t{vertex} * 3);
+    };
+    std::uint32_t good = 0;
+    while (good < count && isGood(good))
+        ++good;
+    if (good == count)
+        return;
+    const std::size_t leftOut = KeepGoodPieces(m_corners, arityOf(m_mode), isGood);
+    m_notes.warnings.push_back(
+        FillText(kGltfNonFinite, {wordFor(m_mode), std::to_wstring(leftOut)}));
+    MeshArray<std::uint32_t> kept;
+    if (!ListUsedVertices(m_corners, count, kept))
+        pickVertices(kept);
+}
+
+/// Goes on with some of the vertices that have been read.
+void PrimitiveReader::pickVertices(const MeshArray<std::uint32_t>& kept)
+{
+    MeshArray<float>& positions = m_shape.mesh.positions;
+    MeshArray<std::uint32_t> used;
+    used.Resize(kept.Size());
+    for (std::size_t i = 0; i < kept.Size(); ++i) {
+        // In ascending order: nothing is overwritten that is still to be read.
+        std::copy_n(positions.Data() + std::size_t{kept[i]} * 3, 3, positions.Data() + i * 3);
+        used[i] = m_usesAll ? kept[i] : m_used[kept[i]];
+    }
+    positions.Resize(kept.Size() * 3);
+    m_used = std::move(used);
+    m_usesAll = false;
+}
+
+/// @return false when there is no such attribute or it cannot be used, which is then told.
+bool PrimitiveReader::findAttribute(const char* name, GltfAccessor& accessor)
+{
+    const JsonValue* attributes = FindMember(m_primitive, "attributes");
+    const JsonValue* member = attributes ? FindMember(*attributes, name) : nullptr;
+    if (!member)
+        return false;
+    const std::string narrow = name;
+    const std::wstring wide(narrow.begin(), narrow.end());
+    std::wstring reason = FillText(kGltfNoSuch, {L"accessor", L"?"});
+    const auto index = ToWhole(*member);
+    if (!index || !FindAccessor(m_file, *index, accessor, reason)) {
+        m_notes.warnings.push_back(FillText(kGltfAttribute, {wide, reason}));
+        return false;
+    }
+    if (accessor.values.count != vertexCount()) {
+        m_notes.warnings.push_back(
+            FillText(kGltfAttributeCount, {wide, std::to_wstring(accessor.values.count),
+                                           std::to_wstring(vertexCount())}));
+        return false;
+    }
+    return true;
+}
+
+void PrimitiveReader::readAttribute(const GltfAccessor& accessor, MeshArray<float>& numbers)
+{
+    if (m_usesAll)
+        ReadElements(m_file, accessor, numbers);
+    else
+        ReadElements(m_file, accessor, m_used, numbers);
+}
+
+void PrimitiveReader::readNormals()
+{
+    GltfAccessor accessor;
+    if (arityOf(m_mode) != 3 || !findAttribute("NORMAL", accessor))
+        return;
+    if (accessor.components != 3) {
+        m_notes.warnings.push_back(
+            FillText(kGltfAttribute,
+                     {L"NORMAL", FillText(kGltfBadComponents, {std::to_wstring(accessor.index),
+                                                               std::to_wstring(accessor.components),
+                                                               L"NORMAL", L"3"})}));
+        return;
+    }
+    MeshArray<float>& normals = m_shape.mesh.normals;
+    readAttribute(accessor, normals);
+    for (std::size_t i = 0; i + 3 <= normals.Size(); i += 3)
+        normalize(normals.Data() + i);
+}
+
+void PrimitiveReader::readColors(const GltfMaterial& material)
+{
+    GltfAccessor accessor;
+    if (!findAttribute("COLOR_0", accessor))
+        return;
+    if (accessor.components < 3) {
+        m_notes.warnings.push_back(FillText(
+            kGltfAttribute,
+            {L"COLOR_0", FillText(kGltfBadComponents,
+                                  {std::to_wstring(accessor.index),
+                                   std::to_wstring(accessor.components), L"COLOR_0", L"3 or 4"})}));
+        return;
+    }
+    // Whole numbers stand for shares, whether the file says so or not.
+    accessor.isNormalized = true;
+    MeshArray<float> numbers;
+    readAttribute(accessor, numbers);
+    const std::size_t components = accessor.components;
+    MeshArray<std::uint8_t>& colors = m_shape.mesh.colors;
+    colors.Resize(numbers.Size() / components * 4);
+    std::uint8_t* out = colors.Data();
+    for (std::size_t i = 0; i < numbers.Size(); i += components) {
+        for (std::size_t k = 0; k < 3; ++k)
+            *out++ = ToShownByte(numbers[i + k] * material.color[k]);
+        const float alpha = components == 4 ? numbers[i + 3] : 1.0f;
+        *out++ = material.isOpaque ? std::uint8_t{255} : ToShareByte(alpha * material.color[3]);
+    }
+}
+
+bool PrimitiveReader::Run(const GltfMaterial& material)
+{
+    if (!findMode() || !findPositions() || !findIndices() || !takeBudget())
+        return false;
+    bool isRead = readCorners();
+    if (isRead) {
+        dropMissingVertices();
+        readPositions();
+        dropNonFinite();
+        PollCancel(m_file.Options());
+        isRead = !m_corners.IsEmpty();
+    }
+    if (isRead) {
+        readNormals();
+        readColors(material);
+        const std::size_t arity = arityOf(m_mode);
+        MeshArray<std::uint32_t>& target = arity == 3   ? m_shape.mesh.triangles
+                                           : arity == 2 ? m_shape.segments
+                                                        : m_shape.points;
+        target = std::move(m_corners);
+    } else {
+        m_shape = ShapeArrays();
+        if (m_notes.reason.empty())
+            m_notes.reason = kGltfNothingLeft;
+    }
+    settleBudget();
+    return isRead;
+}
+
+} // namespace
+
+bool ReadPrimitive(GltfFile& file, const JsonValue& primitive, const GltfMaterial& material,
+                   ShapeArrays& shape, PrimitiveNotes& notes)
+{
+    return PrimitiveReader(file, primitive, shape, notes).Run(material);
+}
+
+} // namespace OrvikMesh
