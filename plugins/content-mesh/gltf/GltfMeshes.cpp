@@ -93,7 +93,7 @@ void GltfMeshes::readMesh(std::uint64_t mesh, std::vector<MeshPiece>& pieces)
     }
 }
 
-/// @return null when the primitive cannot be shown, which is told.
+/// @return null when the primitive cannot be shown, which is kept among the failures.
 std::shared_ptr<const ModelShape> GltfMeshes::shapeOf(std::uint64_t mesh, std::uint64_t number,
                                                       const JsonValue& primitive,
                                                       const ShapeKey& key)
@@ -108,10 +108,7 @@ std::shared_ptr<const ModelShape> GltfMeshes::shapeOf(std::uint64_t mesh, std::u
     for (const std::wstring& warning : notes.warnings)
         m_warnings.Warn(placed(mesh, number, warning));
     if (!isRead) {
-        const std::wstring reason = placed(mesh, number, notes.reason);
-        m_warnings.Warn(FillText(kGltfLeftOut, {reason}));
-        if (m_firstFailure.empty())
-            m_firstFailure = reason;
+        m_failures.push_back(placed(mesh, number, notes.reason));
         return nullptr;
     }
     entry->second = m_make(std::move(arrays));

@@ -30,7 +30,7 @@ struct MeshPiece
 class GltfMeshes
 {
 public:
-    /// @param file, make, warnings  Outlive this.
+    /// @param file, make, warnings  Outlive this; failures are not among the warnings.
     GltfMeshes(GltfFile& file, const ShapeMaker& make, WarningLimit& warnings);
 
     /// @return the pieces of a mesh that can be shown; valid while this is.
@@ -39,8 +39,8 @@ public:
     /// @return the name of a mesh; empty without one.
     std::wstring Name(std::uint64_t mesh) const;
 
-    /// @return why the first primitive that could not be read was left out; empty when none was.
-    const std::wstring& FirstFailure() const { return m_firstFailure; }
+    /// @return why each primitive that cannot be shown was left out, in the order of reading.
+    const std::vector<std::wstring>& Failures() const { return m_failures; }
 
 private:
     /// Mode, accessors, and the material where it tints the vertices.
@@ -57,7 +57,7 @@ private:
     WarningLimit& m_warnings;
     std::map<std::uint64_t, std::vector<MeshPiece>> m_meshes;
     std::map<ShapeKey, std::shared_ptr<const OrvikModel::ModelShape>> m_shapes;
-    std::wstring m_firstFailure;
+    std::vector<std::wstring> m_failures;
 };
 
 } // namespace OrvikMesh

@@ -3,9 +3,9 @@
 #include "gltf/GltfAccessor.h"
 #include "gltf/GltfTexts.h"
 #include "gltf/VertexUse.h"
+#include "readers/MeshFinish.h"
 
 #include <algorithm>
-#include <cmath>
 #include <numeric>
 #include <utility>
 
@@ -27,9 +27,6 @@ enum class Mode
 
 /// Bytes of the arrays of one vertex: position, normal, colour, and what finding it takes.
 constexpr std::uint64_t kVertexBytes = 12 + 12 + 4 + 5;
-
-/// A normal whose squared length is that close to 1 stays as it is.
-constexpr float kUnitTolerance = 1e-5f;
 
 std::size_t arityOf(Mode mode)
 {
@@ -90,24 +87,6 @@ MeshArray<std::uint32_t> unfold(Mode mode, MeshArray<std::uint32_t>&& run)
         break;
     }
     return corners;
-}
-
-bool isFinitePoint(const float* point)
-{
-    return std::isfinite(point[0]) && std::isfinite(point[1]) && std::isfinite(point[2]);
-}
-
-/// Makes the length of a normal 1; one that has none becomes zero.
-void normalize(float* normal)
-{
-    const float squared = normal[0] * normal[0] + normal[1] * normal[1] + normal[2] * normal[2];
-    if (std::fabs(squared - 1.0f) <= kUnitTolerance)
-        return;
-    const double length = std::sqrt(double{normal[0]} * normal[0] + double{normal[1]} * normal[1] +
-                                    double{normal[2]} * normal[2]);
-    const bool hasLength = std::isfinite(length) && length > 0.0;
-    for (std::size_t k = 0; k < 3; ++k)
-        normal[k] = hasLength ? static_cast<float>(normal[k] / length) : 0.0f;
 }
 
 class PrimitiveReader
@@ -279,7 +258,7 @@ void PrimitiveReader::dropNonFinite()
     const MeshArray<float>& positions = m_shape.mesh.positions;
     const std::size_t count = positions.Size() / 3;
     const auto isGood = [&](std::uint32_t vertex) {
-        return isFinitePoint(positions.Data() + std::size_t{vertex} * 3);
+        return IsFinitePoint(positions.Data() + std::size_t{vertex} * 3);
     };
     std::uint32_t good = 0;
     while (good < count && isGood(good))
@@ -355,10 +334,8 @@ void PrimitiveReader::readNormals()
                                                                L"NORMAL", L"3"})}));
         return;
     }
-    MeshArray<float>& normals = m_shape.mesh.normals;
-    readAttribute(accessor, normals);
-    for (std::size_t i = 0; i + 3 <= normals.Size(); i += 3)
-        normalize(normals.Data() + i);
+    readAttribute(accessor, m_shape.mesh.normals);
+    NormalizeNormals(m_shape.mesh);
 }
 
 void PrimitiveReader::readColors(const GltfMaterial& material)

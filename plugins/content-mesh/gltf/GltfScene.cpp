@@ -100,7 +100,9 @@ bool SceneBuilder::Run()
     if (!(scene ? addScene(number, *scene) : addRoots()))
         return false;
     if (m_shapeCount == 0)
-        return fail(m_meshes.FirstFailure().empty() ? kGltfNoGeometry : m_meshes.FirstFailure());
+        return fail(m_meshes.Failures().empty() ? kGltfNoGeometry : m_meshes.Failures().front());
+    for (const std::wstring& failure : m_meshes.Failures())
+        m_warnings.Warn(FillText(kGltfLeftOut, {failure}));
     m_warnings.Finish();
     return true;
 }

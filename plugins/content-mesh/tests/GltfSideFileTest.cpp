@@ -100,8 +100,8 @@ TEST(GltfSideFile, ABufferThatIsTooShortIsToldOnce)
     EXPECT_FALSE(result.ok);
     EXPECT_EQ(result.error, path + L": mesh 0, primitive 0: buffer view 1 reaches beyond the 40 "
                                    L"bytes of buffer 0");
-    EXPECT_EQ(result.warnings.front(),
-              path + L": buffer 0 has 40 bytes of the 42 that are announced");
+    EXPECT_THAT(result.warnings,
+                ElementsAre(path + L": buffer 0 has 40 bytes of the 42 that are announced"));
 }
 
 TEST(DataUri, DecodesBase64OfEachLength)
