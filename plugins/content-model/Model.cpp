@@ -1,5 +1,7 @@
 #include "OrvikModel/Model.h"
 
+#include "OrvikCore/ARendererTree.h"
+
 #include <TambVizCore/Matrix.h>
 #include <TambVizCore/Utils.h>
 
@@ -11,54 +13,86 @@ using TambVizCore::EntityType;
 
 namespace {
 
-/// @return @p number, or the first one after it that stands for nothing else.
-std::uint64_t freeNumber(std::uint64_t number)
+/// A node whose children are still to be numbered, and where it stands.
+struct Level
 {
-    if (number >= 10001 && number <= 10999)
-        return 11000;
-    if (number == static_cast<std::uint64_t>(EntityType::Container))
-        return number + 1;
-    return number;
-}
+    ModelNode* node;
+    std::size_t nextChild;
+    double world[16];
+};
 
-/// Walks a model from the top and numbers what it meets.
+/// Walks a model from the top and numbers what it meets; without recursion, however deep it is.
 struct Numbering
 {
     std::uint64_t next = 1;
     std::vector<const ModelNode*> nodes;
+    std::vector<Level> open;
     TambVizCore::VizBox box;
 
-    void visit(ModelNode& node, ModelNode* parent, const double* parentWorld)
+    void walk(ModelNode& top)
+    {
+        double identity[16];
+        TambVizCore::SetIdentity(identity);
+        enter(top, nullptr, identity);
+        while (!open.empty()) {
+            Level& level = open.back();
+            if (level.nextChild == level.node->children.size()) {
+                open.pop_back();
+                continue;
+            }
+            ModelNode& parent = *level.node;
+            double world[16];
+            std::copy_n(level.world, 16, world);
+            enter(*parent.children[level.nextChild++], &parent, world);
+        }
+    }
+
+    void enter(ModelNode& node, ModelNode* parent, const double* parentWorld)
     {
         node.parent = parent;
-        node.number = freeNumber(next);
+        node.number = SkipReservedNumbers(next);
         next = node.number + 1;
         nodes.push_back(&node);
-        double world[16];
+        Level level{&node, 0, {}};
         if (node.transform)
-            TambVizCore::MultiplyMatrices(parentWorld, node.transform->data(), world);
+            TambVizCore::MultiplyMatrices(parentWorld, node.transform->data(), level.world);
         else
-            std::copy_n(parentWorld, 16, world);
+            std::copy_n(parentWorld, 16, level.world);
         if (node.shape)
-            box.Add(node.shape->BoundingBox().Transformed(world));
-        for (const auto& child : node.children)
-            visit(*child, &node, world);
+            box.Add(node.shape->BoundingBox().Transformed(level.world));
+        open.push_back(level);
     }
 };
 
 } // namespace
+
+std::uint64_t SkipReservedNumbers(std::uint64_t number)
+{
+    if (number >= 10001 && number <= 10999)
+        return 11000;
+    if (number == OrvikCore::ARendererTree::kSceneRowId)
+        return number + 1;
+    return number;
+}
 
 ModelSource::~ModelSource() = default;
 
 void Model::NumberNodes()
 {
     Numbering numbering;
-    double identity[16];
-    TambVizCore::SetIdentity(identity);
     for (const auto& node : nodes)
-        numbering.visit(*node, nullptr, identity);
+        numbering.walk(*node);
     m_byPosition = std::move(numbering.nodes);
     box = numbering.box;
+    m_firstOfKind.clear();
+    for (const ModelNode* node : m_byPosition)
+        m_firstOfKind.emplace(node->kind, node);
+}
+
+const ModelNode* Model::FirstOfKind(NodeKind kind) const
+{
+    const auto found = m_firstOfKind.find(kind);
+    return found != m_firstOfKind.end() ? found->second : nullptr;
 }
 
 const ModelNode* Model::FindNode(std::uint64_t nodeNumber) const

@@ -56,7 +56,12 @@ public:
     virtual const TambVizCore::VizBox& BoundingBox() const = 0;
 
     /// Makes the geometry anew with the present tessellation parameters (those of
-    /// OrvikCore::IContentRenderer), where the shape is more than its triangles.
+    /// OrvikCore::IContentRenderer), where the shape is more than its triangles. The parameters of
+    /// last time change nothing.
+    ///
+    /// @param sag              the greatest distance of a chord from its curve, world units; 0 for
+    ///                         what the shape takes by itself.
+    /// @param maxAngleDegrees  the greatest angle between neighbouring chords; 0 likewise.
     /// @return true when Present() is another geometry than before; part ids stay the same.
     virtual bool Retessellate(double sag, double maxAngleDegrees) const;
 

@@ -1,0 +1,43 @@
+#ifndef ORVIKMODEL_CONTENT_LINEPIERCER_H
+#define ORVIKMODEL_CONTENT_LINEPIERCER_H
+
+#include "content/ModelPicker.h"
+
+#include <TambVizCore/ClipPlane.h>
+#include <TambVizCore/PartState.h>
+#include <TambVizCore/Ray.h>
+
+#include <span>
+#include <vector>
+
+namespace OrvikModel {
+
+/// A half line in the world.
+struct WorldLine
+{
+    double origin[3];
+    double direction[3]; ///< Unit length.
+};
+
+/// Copies origin and direction and makes the latter one unit long.
+///
+/// @return false when that is not possible, or a number is not finite.
+bool MakeWorldLine(const double* origin, const double* direction, WorldLine& line);
+
+/// @return the line as a ray with an aperture that makes up for the coarser numbers of a ray.
+TambVizCore::Ray ToRay(const WorldLine& line);
+
+/// Appends every place where a line passes through a face of a placed shape, nearest first; on the
+/// exact surface where there is one. Places where the line meets several triangles at once, as on
+/// the side between two, count once.
+///
+/// @param states  By part index of the shape's geometry with parts; empty: every part is shown.
+/// @param planes  World units.
+void PierceShape(const Model& model, const ModelInstance& instance, const WorldLine& line,
+                 std::span<const TambVizCore::PartState> states,
+                 std::span<const TambVizCore::ClipPlane> planes,
+                 std::vector<OrvikCore::LineHit>& hits);
+
+} // namespace OrvikModel
+
+#endif

@@ -1,0 +1,107 @@
+#include "content/SceneNodes.h"
+
+#include "OrvikModel/ModelEntity.h"
+
+#include <TambVizCore/GeoNode.h>
+#include <TambVizCore/Matrix.h>
+#include <TambVizCore/Utils.h>
+
+namespace OrvikModel {
+
+using TambVizCore::Geometry;
+using TambVizCore::GeoNode;
+using TambVizCore::Node;
+
+namespace {
+
+bool isGroup(NodeKind kind)
+{
+    switch (kind) {
+    case NodeKind::PmiSet:
+    case NodeKind::PmiType:
+    case NodeKind::Views:
+    case NodeKind::View:
+    case NodeKind::Captures:
+    case NodeKind::Capture:
+        return true;
+    default:
+        return false;
+    }
+}
+
+GeoNode::Category categoryOf(NodeKind kind)
+{
+    if (kind == NodeKind::Annotation)
+        return GeoNode::Category::PMI;
+    return kind == NodeKind::PointCloud ? GeoNode::Category::PointCloud : GeoNode::Category::Model;
+}
+
+std::unique_ptr<Node> makeNode(const ModelNode& node)
+{
+    const std::string name = TambVizCore::Utils::WstringToString(DisplayName(node));
+    if (!node.shape)
+        return std::make_unique<Node>(node.number, name);
+    auto geo = std::make_unique<GeoNode>(node.number, name);
+    geo->SetCategory(categoryOf(node.kind));
+    geo->SetLineWidthPixels(node.lineWidthPixels);
+    geo->SetPointSizePixels(node.pointSizePixels);
+    AdoptShape(node, *geo);
+    return geo;
+}
+
+/// Gives the scene node what a model node says of itself; nearer nodes come first.
+void apply(const ModelNode& node, Node& scene)
+{
+    if (node.transform) {
+        double product[16];
+        TambVizCore::MultiplyMatrices(node.transform->data(), scene.Transform(), product);
+        scene.SetTransform(product);
+    }
+    if (node.color && !scene.Color())
+        scene.SetColor(node.color);
+    if (!node.isShown)
+        scene.SetVisible(false);
+}
+
+} // namespace
+
+bool HasSceneNode(const ModelNode& node)
+{
+    if (isGroup(node.kind))
+        return false;
+    return node.shape || node.kind != NodeKind::Annotation;
+}
+
+const ModelNode* SceneParent(const ModelNode& node)
+{
+    const ModelNode* parent = node.parent;
+    while (parent && !HasSceneNode(*parent))
+        parent = parent->parent;
+    return parent;
+}
+
+std::unique_ptr<Node> MakeSceneNode(const Model& model, const ModelNode& node)
+{
+    std::unique_ptr<Node> scene = makeNode(node);
+    scene->SetEntity(MakeEntity(model, node));
+    const ModelNode* end = SceneParent(node);
+    for (const ModelNode* at = &node; at != end; at = at->parent)
+        apply(*at, *scene);
+    return scene;
+}
+
+void AdoptShape(const ModelNode& node, GeoNode& scene)
+{
+    const std::shared_ptr<const Geometry> before = scene.GetGeometry();
+    const std::shared_ptr<const Geometry> present = node.shape->Present();
+    if (before == present)
+        return;
+    scene.SetGeometry(present);
+    for (const auto& [partId, color] : node.partColors) {
+        const std::int64_t part = present->FindPart(partId);
+        if (part >= 0 && (!before || before->FindPart(partId) < 0))
+            scene.SetPartColor(static_cast<std::uint32_t>(part), color);
+    }
+}
+
+} // namespace OrvikModel
