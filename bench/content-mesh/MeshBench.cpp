@@ -227,7 +227,7 @@ std::shared_ptr<const TambVizCore::Geometry> torusGeometry(std::int64_t triangle
     MeshData mesh;
     ReadMessages messages(path);
     OrvikMesh::ReadStl(path, {}, mesh, messages);
-    return OrvikMesh::MakeBodies(std::move(mesh), L"torus", messages).front()->Present();
+    return OrvikMesh::MakeBodies(std::move(mesh), L"torus", messages).front()->shape->Present();
 }
 
 /// Faces, edges and vertices of a mesh.

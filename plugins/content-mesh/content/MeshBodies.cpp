@@ -1,16 +1,20 @@
 #include "content/MeshBodies.h"
 
 #include "content/ClosedShells.h"
+#include "content/MeshShape.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 #include <map>
+#include <numeric>
 #include <stdexcept>
 #include <utility>
 
 namespace OrvikMesh {
 
+using OrvikModel::ModelNode;
+using OrvikModel::NodeKind;
 using TambVizCore::Geometry;
 using TambVizCore::GeometryBuilder;
 using TambVizCore::RGBAColor;
@@ -48,6 +52,34 @@ struct BodyPlan
     std::vector<const MeshRange*> ranges;
 };
 
+std::unique_ptr<ModelNode> makeNode(NodeKind kind, const std::wstring& name,
+                                    GeometryBuilder& builder)
+{
+    std::string error;
+    std::shared_ptr<const Geometry> geometry = builder.Build(error);
+    if (!geometry)
+        throw std::logic_error(error);
+    auto node = std::make_unique<ModelNode>();
+    node->kind = kind;
+    node->name = name;
+    node->shape = std::make_shared<MeshShape>(std::move(geometry));
+    return node;
+}
+
+std::unique_ptr<ModelNode> makeCloud(MeshData&& mesh, const std::wstring& name)
+{
+    std::vector<std::uint32_t> points(mesh.VertexCount());
+    std::iota(points.begin(), points.end(), 0u);
+    GeometryBuilder builder;
+    builder.SetPositions(share(std::move(mesh.positions)));
+    builder.SetNormals(share(std::move(mesh.normals)));
+    builder.SetColors(share(std::move(mesh.colors)));
+    builder.SetPoints(SharedArray<std::uint32_t>(std::move(points)));
+    auto node = makeNode(NodeKind::PointCloud, name, builder);
+    node->pointSizePixels = kCloudPointPixels;
+    return node;
+}
+
 class BodyMaker
 {
 public:
@@ -56,7 +88,7 @@ public:
     {
     }
 
-    std::vector<std::unique_ptr<MeshBody>> Run(ReadMessages& messages);
+    std::vector<std::unique_ptr<ModelNode>> Run(ReadMessages& messages);
 
 private:
     std::vector<BodyPlan> makePlans(ReadMessages& messages) const;
@@ -64,11 +96,11 @@ private:
     bool usesVertexColors(const BodyPlan& plan) const;
     bool hasOneMaterial(const BodyPlan& plan) const;
     const MeshMaterial* coloredMaterial(const MeshRange& range) const;
-    std::unique_ptr<MeshBody> takeWhole(const BodyPlan& plan);
-    std::unique_ptr<MeshBody> copyOut(const BodyPlan& plan);
+    std::unique_ptr<ModelNode> takeWhole(const BodyPlan& plan);
+    std::unique_ptr<ModelNode> copyOut(const BodyPlan& plan);
     void copyRange(const MeshRange& range, bool withMaterialColors);
-    std::unique_ptr<MeshBody> build(const BodyPlan& plan, MeshData&& arrays,
-                                    bool withMaterialColors) const;
+    std::unique_ptr<ModelNode> build(const BodyPlan& plan, MeshData&& arrays,
+                                     bool withMaterialColors) const;
 
     MeshData m_mesh;
     const std::wstring& m_defaultName;
@@ -140,29 +172,26 @@ bool BodyMaker::usesVertexColors(const BodyPlan& plan) const
     return false;
 }
 
-std::unique_ptr<MeshBody> BodyMaker::build(const BodyPlan& plan, MeshData&& arrays,
-                                           bool withMaterialColors) const
+std::unique_ptr<ModelNode> BodyMaker::build(const BodyPlan& plan, MeshData&& arrays,
+                                            bool withMaterialColors) const
 {
     const MeshMaterial* material = coloredMaterial(*plan.ranges.front());
     const bool keepsColors = withMaterialColors || !arrays.colors.IsEmpty();
     GeometryBuilder builder;
-    builder.SetClosed(AreClosedShells(arrays.positions.Data(), arrays.VertexCount(),
-                                      arrays.triangles.Data(), arrays.triangles.Size() / 3));
+    const bool isClosed = AreClosedShells(arrays.positions.Data(), arrays.VertexCount(),
+                                          arrays.triangles.Data(), arrays.triangles.Size() / 3);
+    builder.SetClosed(isClosed);
     builder.SetPositions(share(std::move(arrays.positions)));
     builder.SetNormals(share(std::move(arrays.normals)));
     builder.SetColors(share(std::move(arrays.colors)));
     builder.SetTriangles(share(std::move(arrays.triangles)));
-    std::string error;
-    std::shared_ptr<const Geometry> geometry = builder.Build(error);
-    if (!geometry)
-        throw std::logic_error(error);
-    std::optional<RGBAColor> color;
+    auto node = makeNode(isClosed ? NodeKind::PolyBody : NodeKind::Mesh, plan.name, builder);
     if (material && !keepsColors)
-        color = toColor(material->color);
-    return std::make_unique<MeshBody>(plan.name, std::move(geometry), color);
+        node->color = toColor(material->color);
+    return node;
 }
 
-std::unique_ptr<MeshBody> BodyMaker::takeWhole(const BodyPlan& plan)
+std::unique_ptr<ModelNode> BodyMaker::takeWhole(const BodyPlan& plan)
 {
     if (!usesVertexColors(plan))
         m_mesh.colors = MeshArray<std::uint8_t>();
@@ -200,7 +229,7 @@ void BodyMaker::copyRange(const MeshRange& range, bool withMaterialColors)
     }
 }
 
-std::unique_ptr<MeshBody> BodyMaker::copyOut(const BodyPlan& plan)
+std::unique_ptr<ModelNode> BodyMaker::copyOut(const BodyPlan& plan)
 {
     const bool withVertexColors = usesVertexColors(plan);
     const bool withMaterialColors = !withVertexColors && !hasOneMaterial(plan);
@@ -220,10 +249,10 @@ std::unique_ptr<MeshBody> BodyMaker::copyOut(const BodyPlan& plan)
     return build(plan, std::move(m_body), withMaterialColors);
 }
 
-std::vector<std::unique_ptr<MeshBody>> BodyMaker::Run(ReadMessages& messages)
+std::vector<std::unique_ptr<ModelNode>> BodyMaker::Run(ReadMessages& messages)
 {
     const std::vector<BodyPlan> plans = makePlans(messages);
-    std::vector<std::unique_ptr<MeshBody>> bodies;
+    std::vector<std::unique_ptr<ModelNode>> bodies;
     if (plans.size() == 1 && (usesVertexColors(plans.front()) || hasOneMaterial(plans.front()))) {
         bodies.push_back(takeWhole(plans.front()));
         return bodies;
@@ -238,9 +267,14 @@ std::vector<std::unique_ptr<MeshBody>> BodyMaker::Run(ReadMessages& messages)
 
 } // namespace
 
-std::vector<std::unique_ptr<MeshBody>> MakeBodies(MeshData&& mesh, const std::wstring& defaultName,
-                                                  ReadMessages& messages)
+std::vector<std::unique_ptr<ModelNode>> MakeBodies(MeshData&& mesh, const std::wstring& defaultName,
+                                                   ReadMessages& messages)
 {
+    if (mesh.isPointCloud) {
+        std::vector<std::unique_ptr<ModelNode>> cloud;
+        cloud.push_back(makeCloud(std::move(mesh), defaultName));
+        return cloud;
+    }
     return BodyMaker(std::move(mesh), defaultName).Run(messages);
 }
 

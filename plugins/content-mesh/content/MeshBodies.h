@@ -1,10 +1,12 @@
 #ifndef ORVIKMESH_CONTENT_MESHBODIES_H
 #define ORVIKMESH_CONTENT_MESHBODIES_H
 
-#include "content/MeshModel.h"
 #include "readers/MeshData.h"
 #include "readers/ReadMessages.h"
 
+#include <OrvikModel/Model.h>
+
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -14,7 +16,12 @@ namespace OrvikMesh {
 /// The most bodies that a file is divided into; a file with more objects and groups becomes one.
 inline constexpr std::size_t kMaxBodies = 10000;
 
-/// Divides a mesh into bodies: one for each pair of object and group, in order of appearance.
+/// The size in which the points of a cloud are drawn.
+inline constexpr float kCloudPointPixels = 2.0f;
+
+/// Divides a mesh into bodies: one for each pair of object and group, in order of appearance. A
+/// body whose triangles close solids is a NodeKind::PolyBody, another a NodeKind::Mesh; points
+/// without triangles become one NodeKind::PointCloud.
 ///
 /// A body is named after its group, its object, or "object / group" when both have names; without
 /// any, after @p defaultName. Where all its triangles have the same coloured material, the body has
@@ -23,8 +30,8 @@ inline constexpr std::size_t kMaxBodies = 10000;
 ///
 /// @param mesh  Its arrays are taken over where one body uses all of them.
 /// @throws std::bad_alloc
-std::vector<std::unique_ptr<MeshBody>> MakeBodies(MeshData&& mesh, const std::wstring& defaultName,
-                                                  ReadMessages& messages);
+std::vector<std::unique_ptr<OrvikModel::ModelNode>>
+MakeBodies(MeshData&& mesh, const std::wstring& defaultName, ReadMessages& messages);
 
 } // namespace OrvikMesh
 

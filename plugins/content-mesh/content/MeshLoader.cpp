@@ -1,24 +1,22 @@
 #include "content/MeshLoader.h"
 
 #include "content/MeshBodies.h"
-#include "content/MeshContent.h"
 #include "readers/MeshFormats.h"
 
-#include "OrvikCore/Document.h"
 #include "OrvikCore/IApplication.h"
 #include "OrvikCore/SessionMgr.h"
 
-#include <TambCommandsInfra/CallGate.h>
 #include <TambCommandsInfra/CancelToken.h>
 #include <TambCommandsInfra/Progress.h>
 #include <TambVizCore/Utils.h>
 
-#include <algorithm>
+#include <OrvikModel/ModelContent.h>
+
+#include <utility>
 
 namespace OrvikMesh {
 
-using OrvikCore::Document;
-using TambCommandsInfra::CallGate;
+using OrvikModel::Model;
 using TambCommandsInfra::CancelToken;
 using TambCommandsInfra::Progress;
 using TambVizCore::Utils;
@@ -27,7 +25,6 @@ namespace {
 
 constexpr wchar_t kPhase[] = L"Reading ";
 constexpr wchar_t kNoReader[] = L"no reader for this kind of file";
-constexpr wchar_t kPointCloud[] = L"the file is a point cloud, which cannot be shown";
 
 /// Ends the progress that it began, however the reading ends.
 class ProgressPhase
@@ -48,11 +45,7 @@ bool readByExtension(const std::wstring& fileName, const ReadOptions& options, M
         messages.Fail(kNoReader);
         return false;
     }
-    if (!format->read(fileName, options, mesh, messages))
-        return false;
-    if (mesh.isPointCloud)
-        messages.Fail(kPointCloud);
-    return !mesh.isPointCloud;
+    return format->read(fileName, options, mesh, messages);
 }
 
 std::wstring stemOf(const std::wstring& fileName)
@@ -70,28 +63,18 @@ bool hasWindow()
 }
 
 /// Builds what is drawn from what was read.
-void fillModel(MeshData&& mesh, MeshModel& model, ReadMessages& messages)
+void fillModel(MeshData&& mesh, Model& model, ReadMessages& messages)
 {
     const std::size_t triangles = mesh.TriangleCount();
     const bool isPicked = hasWindow();
-    model.bodies = MakeBodies(std::move(mesh), stemOf(model.path), messages);
-    for (const auto& body : model.bodies) {
-        model.box.Add(body->BoundingBox());
+    model.nodes = MakeBodies(std::move(mesh), stemOf(model.path), messages);
+    model.NumberNodes();
+    for (const auto& node : model.nodes) {
         if (isPicked)
-            body->WithParts();
+            node->shape->WithParts();
         else if (triangles <= kEagerPartTriangles)
-            body->MakeParts();
+            node->shape->MakeParts();
     }
-}
-
-/// @return a number that no mesh content of the document has.
-std::uint64_t freeNumber(const Document& document)
-{
-    std::uint64_t highest = 0;
-    for (const OrvikCore::AContent* content : document.GetContentList())
-        if (const auto* mesh = dynamic_cast<const MeshContent*>(content))
-            highest = std::max(highest, mesh->Model()->number);
-    return highest + 1;
 }
 
 } // namespace
@@ -111,14 +94,14 @@ bool MeshLoader::canLoad(const std::wstring& /*extension*/) const
     return true;
 }
 
-std::shared_ptr<MeshModel> MeshLoader::readModel(const std::wstring& fileName)
+std::shared_ptr<Model> MeshLoader::readModel(const std::wstring& fileName)
 {
     const ProgressPhase phase(kPhase + Utils::GetFileNameOnly(fileName));
     ReadOptions options;
     options.isCancelled = [] { return CancelToken::Instance().IsCancelled(); };
     options.progress = [](double share) { Progress::Instance().Report(share); };
     ReadMessages messages(fileName);
-    auto model = std::make_shared<MeshModel>();
+    auto model = std::make_shared<Model>();
     model->path = fileName;
     MeshData mesh;
     const bool isRead = readByExtension(fileName, options, mesh, messages) &&
@@ -136,16 +119,10 @@ std::shared_ptr<MeshModel> MeshLoader::readModel(const std::wstring& fileName)
     return nullptr;
 }
 
-void MeshLoader::load(const std::wstring& fileName, Document& document)
+void MeshLoader::load(const std::wstring& fileName, OrvikCore::Document& document)
 {
-    std::shared_ptr<MeshModel> model = readModel(fileName);
-    if (!model)
-        return;
-    CallGate::Call([&] {
-        model->number = freeNumber(document);
-        auto content = std::make_unique<MeshContent>(document, std::move(model));
-        document.AddContent(*content.release()); // The document owns it now.
-    });
+    if (std::shared_ptr<Model> model = readModel(fileName))
+        OrvikModel::AddModel(document, std::move(model), kMeshTypeName);
 }
 
 } // namespace OrvikMesh

@@ -1,14 +1,18 @@
 #ifndef ORVIKMESH_CONTENT_MESHLOADER_H
 #define ORVIKMESH_CONTENT_MESHLOADER_H
 
-#include "content/MeshModel.h"
-
 #include "OrvikCore/AContentLoader.h"
 
+#include <OrvikModel/Model.h>
+
+#include <cstdint>
 #include <memory>
 #include <string>
 
 namespace OrvikMesh {
+
+/// The name under which the renderer factories for meshes are registered.
+inline constexpr char kMeshTypeName[] = "Mesh";
 
 /// Reads STL and OBJ files into a document, as loader or as importer.
 ///
@@ -36,7 +40,7 @@ private:
     bool canLoad(const std::wstring& extension) const override;
     void load(const std::wstring& fileName, OrvikCore::Document& document) override;
 
-    std::shared_ptr<MeshModel> readModel(const std::wstring& fileName);
+    std::shared_ptr<OrvikModel::Model> readModel(const std::wstring& fileName);
 };
 
 /// Triangles up to which faces, edges and vertices are made while loading, so that edges are drawn

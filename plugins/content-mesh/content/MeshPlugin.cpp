@@ -1,24 +1,30 @@
 #include "content/MeshLoader.h"
-#include "content/MeshRenderer3D.h"
 
 #include "OrvikCore/APluginFactory.h"
 #include "OrvikCore/SessionMgr.h"
 
 #include <OrvikOs/Export.h>
 
+#include <OrvikModel/ModelRenderer3D.h>
+#include <OrvikModel/ModelTreeRenderer.h>
+
 #include <cstring>
 #include <memory>
 
 namespace OrvikMesh {
 
+using OrvikModel::ModelRendererFactory;
+using OrvikModel::ModelTreeRendererFactory;
+
 namespace {
 
-/// The factory of the mesh plugin: registers loader, importer and renderer factory.
+/// The factory of the mesh plugin: registers loader, importer and renderer factories.
 class MeshPlugin final : public OrvikCore::APluginFactory
 {
 public:
-    /// @return a loader for "MeshLoader", an importer for "MeshImporter", a renderer factory for
-    ///         "MeshRendererFactory"; each as a pointer to its base of the core.
+    /// @return a loader for "MeshLoader", an importer for "MeshImporter", renderer factories for
+    ///         "MeshRendererFactory" and "MeshTreeRendererFactory"; each as a pointer to its base
+    ///         of the core.
     void* CreateObject(const char* objectName) override
     {
         if (std::strcmp(objectName, "MeshLoader") == 0)
@@ -27,7 +33,11 @@ public:
             return static_cast<OrvikCore::AContentLoader*>(
                 new MeshLoader(MeshLoader::Mode::Import));
         if (std::strcmp(objectName, "MeshRendererFactory") == 0)
-            return static_cast<OrvikCore::AContentRendererFactory*>(new MeshRendererFactory());
+            return static_cast<OrvikCore::AContentRendererFactory*>(
+                new ModelRendererFactory(kMeshTypeName));
+        if (std::strcmp(objectName, "MeshTreeRendererFactory") == 0)
+            return static_cast<OrvikCore::ATreeRendererFactory*>(
+                new ModelTreeRendererFactory(kMeshTypeName));
         return nullptr;
     }
 
@@ -49,7 +59,10 @@ protected:
             std::make_unique<MeshLoader>(MeshLoader::Mode::Load).release());
         manager.RegisterContentLoader(
             std::make_unique<MeshLoader>(MeshLoader::Mode::Import).release());
-        manager.RegisterContentRendererFactory(std::make_unique<MeshRendererFactory>().release());
+        manager.RegisterContentRendererFactory(
+            std::make_unique<ModelRendererFactory>(kMeshTypeName).release());
+        manager.RegisterTreeRendererFactory(
+            std::make_unique<ModelTreeRendererFactory>(kMeshTypeName).release());
         m_initialized = true;
     }
 };

@@ -19,8 +19,8 @@ TEST(MeshBodies, OneBodyWithoutNamesIsNamedAfterTheFile)
     const auto bodies = BodiesOfObj(kSquare + "f 1 2 3\n", read);
 
     ASSERT_EQ(bodies.size(), 1u);
-    EXPECT_EQ(bodies[0]->Name(), L"test");
-    EXPECT_FALSE(bodies[0]->Color());
+    EXPECT_EQ(bodies[0]->name, L"test");
+    EXPECT_FALSE(bodies[0]->color);
 }
 
 TEST(MeshBodies, EachObjectAndGroupBecomesABodyWithItsOwnVertices)
@@ -31,11 +31,11 @@ TEST(MeshBodies, EachObjectAndGroupBecomesABodyWithItsOwnVertices)
         BodiesOfObj(kSquare + "o top\nf 1 2 3\ng left\nf 1 3 4\no end\ng\nf 2 3 4\n", read);
 
     ASSERT_EQ(bodies.size(), 3u);
-    EXPECT_EQ(bodies[0]->Name(), L"top");
-    EXPECT_EQ(bodies[1]->Name(), L"top / left");
-    EXPECT_EQ(bodies[2]->Name(), L"end");
-    EXPECT_EQ(bodies[1]->Present()->VertexCount(), 3u);
-    EXPECT_EQ(bodies[1]->BoundingBox().Hi()[1], 1.0);
+    EXPECT_EQ(bodies[0]->name, L"top");
+    EXPECT_EQ(bodies[1]->name, L"top / left");
+    EXPECT_EQ(bodies[2]->name, L"end");
+    EXPECT_EQ(bodies[1]->shape->Present()->VertexCount(), 3u);
+    EXPECT_EQ(bodies[1]->shape->BoundingBox().Hi()[1], 1.0);
 }
 
 TEST(MeshBodies, GroupThatComesAgainAddsToItsBody)
@@ -45,7 +45,7 @@ TEST(MeshBodies, GroupThatComesAgainAddsToItsBody)
     const auto bodies = BodiesOfObj(kSquare + "g a\nf 1 2 3\ng b\nf 1 2 4\ng a\nf 1 3 4\n", read);
 
     ASSERT_EQ(bodies.size(), 2u);
-    EXPECT_EQ(bodies[0]->TriangleCount(), 2u);
+    EXPECT_EQ(bodies[0]->shape->Present()->TriangleCount(), 2u);
 }
 
 TEST(MeshBodies, OneMaterialColorsTheBody)
@@ -57,8 +57,8 @@ TEST(MeshBodies, OneMaterialColorsTheBody)
 
     const auto bodies = OrvikMesh::MakeBodies(std::move(read.mesh), L"test", messages);
 
-    EXPECT_EQ(bodies[0]->Color(), TambVizCore::RGBAColor(255, 128, 0));
-    EXPECT_TRUE(bodies[0]->Present()->Colors().IsEmpty());
+    EXPECT_EQ(bodies[0]->color, TambVizCore::RGBAColor(255, 128, 0));
+    EXPECT_TRUE(bodies[0]->shape->Present()->Colors().IsEmpty());
 }
 
 TEST(MeshBodies, SeveralMaterialsColorTheVertices)
@@ -70,8 +70,8 @@ TEST(MeshBodies, SeveralMaterialsColorTheVertices)
 
     const auto bodies = OrvikMesh::MakeBodies(std::move(read.mesh), L"test", messages);
 
-    const TambVizCore::Geometry& geometry = *bodies[0]->Present();
-    EXPECT_FALSE(bodies[0]->Color());
+    const TambVizCore::Geometry& geometry = *bodies[0]->shape->Present();
+    EXPECT_FALSE(bodies[0]->color);
     EXPECT_EQ(geometry.VertexCount(), 6u);
     ASSERT_EQ(geometry.Colors().Size(), 24u);
     EXPECT_EQ(geometry.Colors()[1], 0);
@@ -87,9 +87,9 @@ TEST(MeshBodies, VertexColorsWinOverMaterials)
 
     const auto bodies = OrvikMesh::MakeBodies(std::move(read.mesh), L"test", messages);
 
-    EXPECT_FALSE(bodies[0]->Color());
-    EXPECT_EQ(bodies[0]->Present()->Colors()[2], 255);
-    EXPECT_EQ(bodies[0]->Present()->Colors()[0], 0);
+    EXPECT_FALSE(bodies[0]->color);
+    EXPECT_EQ(bodies[0]->shape->Present()->Colors()[2], 255);
+    EXPECT_EQ(bodies[0]->shape->Present()->Colors()[0], 0);
 }
 
 TEST(MeshBodies, TooManyGroupsBecomeOneBodyWithAWarning)
@@ -102,20 +102,37 @@ TEST(MeshBodies, TooManyGroupsBecomeOneBodyWithAWarning)
     const auto bodies = BodiesOfObj(text, read);
 
     ASSERT_EQ(bodies.size(), 1u);
-    EXPECT_EQ(bodies[0]->TriangleCount(), 10001u);
+    EXPECT_EQ(bodies[0]->shape->Present()->TriangleCount(), 10001u);
     EXPECT_THAT(read.warnings, ElementsAre(L"test: the file has more than 10000 objects and "
                                            L"groups; they were read as one body"));
 }
 
-TEST(MeshBody, PartsAreMadeOnFirstUseOnly)
+TEST(MeshBodies, ClosedBodiesArePolygonBodiesAndOpenOnesMeshes)
 {
-    const OrvikMesh::MeshBody body(L"cube", PlainGeometry(Cube()), std::nullopt);
-    EXPECT_TRUE(body.Present()->Parts().empty());
+    OrvikMesh::ReadMessages messages(L"test");
+    ReadResult closed = ReadStlBytes(BinaryStl(Cube()));
+    ReadResult open;
 
-    const auto withParts = body.WithParts();
+    const auto bodies = OrvikMesh::MakeBodies(std::move(closed.mesh), L"test", messages);
+    const auto sheets = BodiesOfObj(kSquare + "f 1 2 3\n", open);
 
-    EXPECT_EQ(body.Present(), withParts);
-    EXPECT_EQ(body.WithParts(), withParts);
-    EXPECT_NE(withParts->Index(), nullptr);
-    EXPECT_EQ(withParts->Parts().size(), 26u);
+    EXPECT_EQ(bodies[0]->kind, OrvikModel::NodeKind::PolyBody);
+    EXPECT_EQ(sheets[0]->kind, OrvikModel::NodeKind::Mesh);
+}
+
+TEST(MeshBodies, PointsWithoutTrianglesAreACloud)
+{
+    OrvikMesh::ReadMessages messages(L"test");
+    OrvikMesh::MeshData mesh;
+    mesh.isPointCloud = true;
+    for (const float value : {0.0f, 0.0f, 0.0f, 1.0f, 2.0f, 3.0f})
+        mesh.positions.PushBack(value);
+
+    const auto bodies = OrvikMesh::MakeBodies(std::move(mesh), L"scan", messages);
+
+    ASSERT_EQ(bodies.size(), 1u);
+    EXPECT_EQ(bodies[0]->kind, OrvikModel::NodeKind::PointCloud);
+    EXPECT_EQ(bodies[0]->name, L"scan");
+    EXPECT_EQ(bodies[0]->shape->WithParts()->PointCount(), 2u);
+    EXPECT_GT(bodies[0]->pointSizePixels, 1.0f);
 }

@@ -1,5 +1,3 @@
-#include "content/MeshContent.h"
-
 #include "Models.h"
 
 #include "OrvikCore/Document.h"
@@ -9,12 +7,13 @@
 #include <TambVizCore/EntityId.h>
 #include <TambVizCore/Ray.h>
 
+#include <OrvikModel/ModelContent.h>
 #include <gtest/gtest.h>
 
 #include <thread>
 
 using OrvikCore::Document;
-using OrvikMesh::MeshContent;
+using OrvikModel::ModelContent;
 using TambVizCore::EntityId;
 using TambVizCore::EntityType;
 using TambVizCore::PartKind;
@@ -34,7 +33,7 @@ class MeshContentTest : public testing::Test
 {
 protected:
     Document m_document{nullptr};
-    MeshContent m_content{m_document, CubeModel(2)};
+    ModelContent m_content{m_document, CubeModel(2), "Mesh"};
     EntityId m_hit;
 };
 
@@ -138,7 +137,7 @@ TEST_F(MeshContentTest, UndoPointsChangeNothing)
 TEST(MeshContent, PicksOfTwoThreadsMakeTheIndexOnce)
 {
     Document document(nullptr);
-    MeshContent content(document, CubeModel());
+    ModelContent content(document, CubeModel(), "Mesh");
     const auto pick = [&content] {
         EntityId hit;
         EXPECT_TRUE(content.RayPick(down(0.3f, 0.4f), hit));
@@ -148,13 +147,13 @@ TEST(MeshContent, PicksOfTwoThreadsMakeTheIndexOnce)
     pick();
     other.join();
 
-    EXPECT_NE(content.Model()->bodies[0]->Present()->Index(), nullptr);
+    EXPECT_NE(content.GetModel()->nodes[0]->shape->Present()->Index(), nullptr);
 }
 
 TEST(MeshContent, EmptyModelHasNoBox)
 {
     Document document(nullptr);
-    MeshContent content(document, std::make_shared<OrvikMesh::MeshModel>());
+    ModelContent content(document, std::make_shared<OrvikModel::Model>(), "Mesh");
     TambVizCore::VizBox box(1, 2, 3, 4, 5, 6);
 
     EXPECT_FALSE(content.GetBoundingBox(box));

@@ -2,19 +2,19 @@
 
 #include "FakeSession.h"
 #include "Models.h"
-#include "content/MeshContent.h"
 
 #include "OrvikCore/Document.h"
 
 #include <TambCommandsInfra/CancelToken.h>
 #include <TambCommandsInfra/Progress.h>
 
+#include <OrvikModel/ModelContent.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using OrvikCore::Document;
-using OrvikMesh::MeshContent;
 using OrvikMesh::MeshLoader;
+using OrvikModel::ModelContent;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::IsEmpty;
@@ -24,9 +24,9 @@ namespace {
 class MeshLoaderTest : public testing::Test
 {
 protected:
-    const MeshContent& contentAt(std::size_t i) const
+    const ModelContent& contentAt(std::size_t i) const
     {
-        return dynamic_cast<const MeshContent&>(*m_document.GetContentList().at(i));
+        return dynamic_cast<const ModelContent&>(*m_document.GetContentList().at(i));
     }
 
     TempFolder m_folder;
@@ -61,8 +61,8 @@ TEST_F(MeshLoaderTest, AddsAContentForTheFile)
     m_loader.Load(m_folder.Write("cube.stl", BinaryStl(Cube())), m_document);
 
     ASSERT_EQ(m_document.GetContentList().size(), 1u);
-    EXPECT_EQ(contentAt(0).Model()->bodies[0]->Name(), L"cube");
-    EXPECT_EQ(contentAt(0).Model()->bodies[0]->TriangleCount(), 12u);
+    EXPECT_EQ(contentAt(0).GetModel()->nodes[0]->name, L"cube");
+    EXPECT_EQ(contentAt(0).GetModel()->nodes[0]->shape->Present()->TriangleCount(), 12u);
     EXPECT_EQ(m_loader.GetErrorMessage(), L"");
     EXPECT_THAT(m_loader.GetWarningMessages(), IsEmpty());
 }
@@ -80,7 +80,7 @@ TEST_F(MeshLoaderTest, ChoosesTheReaderByTheExtension)
                   m_document);
 
     ASSERT_EQ(m_document.GetContentList().size(), 2u);
-    EXPECT_EQ(contentAt(1).Model()->bodies[0]->TriangleCount(), 1u);
+    EXPECT_EQ(contentAt(1).GetModel()->nodes[0]->shape->Present()->TriangleCount(), 1u);
 }
 
 TEST_F(MeshLoaderTest, ReadsAnyCaseOfTheExtension)
@@ -94,14 +94,14 @@ TEST_F(MeshLoaderTest, SmallModelsHaveTheirEdgesFromTheStart)
 {
     m_loader.Load(m_folder.Write("cube.stl", BinaryStl(Cube())), m_document);
 
-    EXPECT_EQ(contentAt(0).Model()->bodies[0]->Present()->SegmentCount(), 12u);
+    EXPECT_EQ(contentAt(0).GetModel()->nodes[0]->shape->Present()->SegmentCount(), 12u);
 }
 
 TEST_F(MeshLoaderTest, LargeModelsGetTheirEdgesOnFirstUse)
 {
     m_loader.Load(m_folder.Write("torus.stl", BinaryStl(Torus(250000))), m_document);
 
-    EXPECT_TRUE(contentAt(0).Model()->bodies[0]->Present()->Parts().empty());
+    EXPECT_TRUE(contentAt(0).GetModel()->nodes[0]->shape->Present()->Parts().empty());
 }
 
 TEST_F(MeshLoaderTest, HostWithAWindowGetsTheIndexWithTheContent)
@@ -112,7 +112,16 @@ TEST_F(MeshLoaderTest, HostWithAWindowGetsTheIndexWithTheContent)
     m_loader.Load(m_folder.Write("torus.stl", BinaryStl(Torus(250000))), m_document);
     OrvikCore::SessionMgr::Instance().SetApplication(nullptr);
 
-    EXPECT_NE(contentAt(0).Model()->bodies[0]->Present()->Index(), nullptr);
+    EXPECT_NE(contentAt(0).GetModel()->nodes[0]->shape->Present()->Index(), nullptr);
+}
+
+TEST_F(MeshLoaderTest, PointCloudsAreShown)
+{
+    m_loader.Load(m_folder.Write("scan.xyz", "0 0 0\n1 2 3\n"), m_document);
+
+    ASSERT_EQ(m_document.GetContentList().size(), 1u);
+    EXPECT_EQ(contentAt(0).GetModel()->nodes[0]->kind, OrvikModel::NodeKind::PointCloud);
+    EXPECT_EQ(contentAt(0).GetModel()->nodes[0]->shape->Present()->PointCount(), 2u);
 }
 
 TEST_F(MeshLoaderTest, EachContentOfADocumentHasItsOwnNumber)
@@ -122,8 +131,8 @@ TEST_F(MeshLoaderTest, EachContentOfADocumentHasItsOwnNumber)
     m_loader.Load(path, m_document);
     m_loader.Load(path, m_document);
 
-    EXPECT_EQ(contentAt(0).Model()->number, 1u);
-    EXPECT_EQ(contentAt(1).Model()->number, 2u);
+    EXPECT_EQ(contentAt(0).GetModel()->number, 1u);
+    EXPECT_EQ(contentAt(1).GetModel()->number, 2u);
 }
 
 TEST_F(MeshLoaderTest, FileThatCannotBeReadLeavesAnErrorAndTheDocumentAsItWas)

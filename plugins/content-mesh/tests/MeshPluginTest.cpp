@@ -43,7 +43,7 @@ TEST(MeshPlugin, IsOfTypeContentAndDescribesItself)
     EXPECT_TRUE(factory->GetInfo().GetErrors().empty());
 }
 
-TEST(MeshPlugin, RegistersLoaderImporterAndRendererFactory)
+TEST(MeshPlugin, RegistersLoaderImporterAndRendererFactories)
 {
     loadPlugin();
 
@@ -54,6 +54,7 @@ TEST(MeshPlugin, RegistersLoaderImporterAndRendererFactory)
     EXPECT_TRUE(manager.GetContentImporter(L"part.OBJ")->IsImporter());
     EXPECT_EQ(manager.GetContentLoader(L"part.step"), nullptr);
     EXPECT_NE(manager.GetContentRendererFactory("Mesh"), nullptr);
+    EXPECT_NE(manager.GetTreeRendererFactory("Mesh"), nullptr);
 }
 
 TEST(MeshPlugin, DocumentLoadsAFileThroughIt)

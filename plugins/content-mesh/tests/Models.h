@@ -3,7 +3,9 @@
 
 #include "MeshFiles.h"
 #include "content/MeshBodies.h"
-#include "content/MeshModel.h"
+#include "content/MeshShape.h"
+
+#include <OrvikModel/Model.h>
 
 #include <memory>
 #include <string>
@@ -15,12 +17,12 @@ PlainGeometry(const std::vector<Triangle>& triangles)
 {
     OrvikMesh::ReadMessages messages(L"test");
     ReadResult read = ReadStlBytes(BinaryStl(triangles));
-    return OrvikMesh::MakeBodies(std::move(read.mesh), L"test", messages).front()->Present();
+    return OrvikMesh::MakeBodies(std::move(read.mesh), L"test", messages).front()->shape->Present();
 }
 
 /// What a loader would make of an OBJ text.
-inline std::vector<std::unique_ptr<OrvikMesh::MeshBody>> BodiesOfObj(const std::string& text,
-                                                                     ReadResult& read)
+inline std::vector<std::unique_ptr<OrvikModel::ModelNode>> BodiesOfObj(const std::string& text,
+                                                                       ReadResult& read)
 {
     OrvikMesh::ReadMessages messages(L"test");
     read = ReadObjText(text);
@@ -31,16 +33,20 @@ inline std::vector<std::unique_ptr<OrvikMesh::MeshBody>> BodiesOfObj(const std::
 }
 
 /// A model of one or two unit cubes beside each other.
-inline std::shared_ptr<OrvikMesh::MeshModel> CubeModel(int cubes = 1)
+inline std::shared_ptr<OrvikModel::Model> CubeModel(int cubes = 1)
 {
-    auto model = std::make_shared<OrvikMesh::MeshModel>();
+    auto model = std::make_shared<OrvikModel::Model>();
     model->path = L"/models/cubes.stl";
+    model->number = 1;
     for (int i = 0; i < cubes; ++i) {
-        model->bodies.push_back(std::make_unique<OrvikMesh::MeshBody>(
-            L"cube " + std::to_wstring(i), PlainGeometry(Cube(2.0f * static_cast<float>(i))),
-            std::nullopt));
-        model->box.Add(model->bodies.back()->BoundingBox());
+        auto node = std::make_unique<OrvikModel::ModelNode>();
+        node->kind = OrvikModel::NodeKind::PolyBody;
+        node->name = L"cube " + std::to_wstring(i);
+        node->shape = std::make_shared<OrvikMesh::MeshShape>(
+            PlainGeometry(Cube(2.0f * static_cast<float>(i))));
+        model->nodes.push_back(std::move(node));
     }
+    model->NumberNodes();
     return model;
 }
 

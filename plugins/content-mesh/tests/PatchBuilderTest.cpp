@@ -123,7 +123,7 @@ TEST(PatchBuilder, PointsSplitForNormalsStillHangTogether)
                                     "f 1//1 2//1 3//1\nf 1//2 3//2 4//2\n",
                                     read);
 
-    EXPECT_EQ(countOf(*bodies.front()->WithParts(), PartKind::Face), 1u);
+    EXPECT_EQ(countOf(*bodies.front()->shape->WithParts(), PartKind::Face), 1u);
 }
 
 TEST(PatchBuilder, TriangleWoundTheOtherWayStaysInItsFaceButOpensTheBody)
