@@ -1,4 +1,5 @@
 target_sources(OrvikOs PRIVATE
+    src/posix/AtomicFile.cpp
     src/posix/Directory.cpp
     src/posix/Environment.cpp
     src/posix/Event.cpp

@@ -1,5 +1,6 @@
 #include "TempFolder.h"
 
+#include <OrvikOs/AtomicFile.h>
 #include <OrvikOs/Directory.h>
 #include <OrvikOs/FileWriting.h>
 #include <OrvikOs/MemoryMappedFile.h>
@@ -246,6 +247,48 @@ TEST(WriteFileAtomically, FullDiskRemovesTheTemporaryFile)
     EXPECT_EQ(status, 0);
     EXPECT_EQ(folder.Count(), 1u);
     EXPECT_EQ(folder.Read("a"), "old");
+}
+
+TEST(AtomicFile, ShowsNothingBeforeItIsCommitted)
+{
+    const TempFolder folder;
+    folder.Write("a", "old");
+    OrvikOs::AtomicFile file;
+
+    ASSERT_TRUE(file.Open(folder.Path(L"a")));
+    EXPECT_TRUE(file.Write("ne", 2));
+    EXPECT_EQ(folder.Read("a"), "old");
+    EXPECT_TRUE(file.Write("w", 1));
+    EXPECT_TRUE(file.Commit());
+
+    EXPECT_EQ(folder.Read("a"), "new");
+    EXPECT_EQ(folder.Count(), 1u);
+    EXPECT_FALSE(file.Write("more", 4));
+    EXPECT_FALSE(file.Commit());
+}
+
+TEST(AtomicFile, LeavesNothingBehindWithoutCommit)
+{
+    const TempFolder folder;
+    {
+        OrvikOs::AtomicFile file;
+        ASSERT_TRUE(file.Open(folder.Path(L"a")));
+        EXPECT_TRUE(file.Write("new", 3));
+        EXPECT_EQ(folder.Count(), 1u);
+    }
+
+    EXPECT_EQ(folder.Count(), 0u);
+}
+
+TEST(AtomicFile, FailedWriteEndsIt)
+{
+    OrvikOs::AtomicFile file;
+    ASSERT_TRUE(file.Open(L"/dev/full"));
+
+    EXPECT_FALSE(file.Write("abc", 3));
+    EXPECT_EQ(file.ErrorText(), L"No space left on device");
+    EXPECT_FALSE(file.Commit());
+    EXPECT_EQ(file.ErrorText(), L"No space left on device");
 }
 
 TEST(WriteMarkerFile, ReplacesTheContent)

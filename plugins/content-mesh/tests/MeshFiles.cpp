@@ -1,5 +1,6 @@
 #include "MeshFiles.h"
 
+#include "readers/MeshFormats.h"
 #include "readers/ObjReader.h"
 #include "readers/OffReader.h"
 #include "readers/PlyReader.h"
@@ -235,5 +236,16 @@ ReadResult ReadObjFile(const std::wstring& path, const ReadOptions& options)
 {
     return collect(path, [&](MeshData& mesh, ReadMessages& messages) {
         return OrvikMesh::ReadObj(path, options, mesh, messages);
+    });
+}
+
+ReadResult ReadFile(const std::wstring& path, const ReadOptions& options)
+{
+    std::wstring extension = path.substr(path.rfind(L'.') + 1);
+    for (wchar_t& letter : extension)
+        letter =
+            letter >= L'a' && letter <= L'z' ? static_cast<wchar_t>(letter - L'a' + L'A') : letter;
+    return collect(path, [&](MeshData& mesh, ReadMessages& messages) {
+        return OrvikMesh::FindMeshFormat(extension)->read(path, options, mesh, messages);
     });
 }

@@ -120,6 +120,8 @@ ReadResult ReadXyzText(std::string_view text, const OrvikMesh::ReadOptions& opti
 ReadResult ReadPtsText(std::string_view text, const OrvikMesh::ReadOptions& options = {});
 ReadResult ReadStlBytes(std::string_view bytes, const OrvikMesh::ReadOptions& options = {});
 ReadResult ReadStlFile(const std::wstring& path, const OrvikMesh::ReadOptions& options = {});
+/// Reads a file with the reader of its extension.
+ReadResult ReadFile(const std::wstring& path, const OrvikMesh::ReadOptions& options = {});
 /// Reads from memory, without material libraries; the file is called "test".
 ReadResult ReadObjText(std::string_view text, const OrvikMesh::ReadOptions& options = {});
 ReadResult ReadObjFile(const std::wstring& path, const OrvikMesh::ReadOptions& options = {});

@@ -4,8 +4,6 @@
 #include <OrvikOs/FileWriting.h>
 
 #include <algorithm>
-#include <atomic>
-#include <string>
 
 namespace OrvikOs {
 
@@ -28,46 +26,7 @@ bool writeAll(HANDLE file, const char* data, std::size_t size) noexcept
     return true;
 }
 
-/// Writes a new file. @return the system's error, ERROR_SUCCESS when all is written.
-DWORD writeNewFile(const std::wstring& path, const void* data, std::size_t size)
-{
-    const OwnedHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                       FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file.IsValid() || !writeAll(file.Get(), static_cast<const char*>(data), size)) {
-        return GetLastError();
-    }
-    return ERROR_SUCCESS;
-}
-
-std::wstring temporaryName(const std::wstring& path)
-{
-    static std::atomic<unsigned> counter{0};
-    const unsigned number = counter.fetch_add(1, std::memory_order_relaxed);
-    return path + L".new-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
-           std::to_wstring(number);
-}
-
 } // namespace
-
-bool WriteFileAtomically(const std::wstring& path, const void* data, std::size_t size,
-                         std::wstring* errorText)
-{
-    std::wstring temporary;
-    DWORD error = ERROR_SUCCESS;
-    do {
-        temporary = temporaryName(path);
-        error = writeNewFile(temporary, data, size);
-    } while (error == ERROR_FILE_EXISTS);
-    if (error == ERROR_SUCCESS &&
-        MoveFileExW(temporary.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
-        error = GetLastError();
-    }
-    if (error != ERROR_SUCCESS) {
-        DeleteFileW(temporary.c_str());
-        return FailWith(error, errorText);
-    }
-    return true;
-}
 
 bool WriteMarkerFile(const char* path, std::string_view text) noexcept
 {
