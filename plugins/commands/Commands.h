@@ -10,9 +10,16 @@ namespace OrvikCommands {
 /// Each registers the commands of one topic.
 void RegisterApplicationCommands(TambCommandsInfra::CommandTable& table);
 void RegisterDocumentCommands(TambCommandsInfra::CommandTable& table);
+void RegisterDocumentFileCommands(TambCommandsInfra::CommandTable& table);
+void RegisterDocumentTreeCommand(TambCommandsInfra::CommandTable& table);
 void RegisterDrawingCommands(TambCommandsInfra::CommandTable& table);
 void RegisterEntityCommands(TambCommandsInfra::CommandTable& table);
+void RegisterEntityMeasureCommands(TambCommandsInfra::CommandTable& table);
+void RegisterMeasureCommands(TambCommandsInfra::CommandTable& table);
+void RegisterSelectionCommands(TambCommandsInfra::CommandTable& table);
+void RegisterSelectionFindCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSettingsCommands(TambCommandsInfra::CommandTable& table);
+void RegisterTessellationCommands(TambCommandsInfra::CommandTable& table);
 void RegisterViewCommands(TambCommandsInfra::CommandTable& table);
 
 /// Registers every command of the script language.

@@ -1,5 +1,6 @@
 #include "CommandParts.h"
 #include "Commands.h"
+#include "EntityObject.h"
 
 #include <OrvikCore/AContent.h>
 #include <OrvikCore/ASession.h>
@@ -33,6 +34,8 @@ using TambVizCore::Utils;
 void clearDocument(ASession& session)
 {
     session.UnSelect();
+    session.SetPickedEntities({});
+    CloseEntities();
     session.DeleteAllRenderers();
     session.Document().ClearContents();
     session.Document().SetOpenedModelName(L"");

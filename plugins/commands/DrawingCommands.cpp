@@ -152,48 +152,6 @@ Command clearDrawingsCommand()
     return command;
 }
 
-Command tessellationCommand()
-{
-    Command command;
-    command.name = "view:tessellation";
-    command.result = ValueType::Any;
-    command.resultHelp = "sag and step in world units and the greatest angle in degrees, as they "
-                         "were set last, or #f when nothing is loaded";
-    command.summary = "Tells how finely curved faces are drawn.";
-    command.example = "(view:tessellation)";
-    command.handler = [](const Arguments&) {
-        double sag = 0;
-        double step = 0;
-        double maxAngle = 0;
-        if (!ViewServices().GetTessellationParameters(sag, step, maxAngle))
-            return Value(false);
-        return Value(Value::List{Value(sag), Value(step), Value(maxAngle)});
-    };
-    return command;
-}
-
-Command setTessellationCommand()
-{
-    Command command;
-    command.name = "view:set-tessellation!";
-    command.parameters = {
-        RealParameter("sag", "greatest distance of a chord from its curve", "world units"),
-        RealParameter("step", "greatest length of a chord", "world units"),
-        RealParameter("max-angle", "greatest angle between neighbouring chords", "degrees")};
-    command.result = ValueType::Bool;
-    command.resultHelp = "#f when nothing is loaded; nothing is set then";
-    command.summary = "Sets how finely curved faces are drawn.";
-    command.help = "0 or less asks for the default. What is loaded already is drawn anew by "
-                   "view:render-again.";
-    command.example = "(view:set-tessellation! 0.1 0 15)";
-    command.effect = CommandEffect::Changes;
-    command.handler = [](const Arguments& a) {
-        return Value(ViewServices().SetTessellationParameters(a["sag"].AsReal(), a["step"].AsReal(),
-                                                              a["max-angle"].AsReal()));
-    };
-    return command;
-}
-
 Command incrementalCommand()
 {
     Command command;
@@ -243,8 +201,6 @@ void RegisterDrawingCommands(CommandTable& table)
     table.Register(drawArrowCommand());
     table.Register(drawTrianglesCommand());
     table.Register(clearDrawingsCommand());
-    table.Register(tessellationCommand());
-    table.Register(setTessellationCommand());
     table.Register(incrementalCommand());
     table.Register(setIncrementalCommand());
     table.Register(updateCommand("view:update", "Draws the view where something has changed.",

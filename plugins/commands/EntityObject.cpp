@@ -2,6 +2,7 @@
 
 #include <TambVizCore/Utils.h>
 
+#include <atomic>
 #include <memory>
 #include <stdexcept>
 
@@ -10,7 +11,22 @@ namespace OrvikCommands {
 using TambCommandsInfra::Value;
 using TambVizCore::EntityId;
 
-EntityObject::EntityObject(const EntityId& id) : m_id(id) {}
+namespace {
+
+/// Written on the main thread, read on both.
+std::atomic<std::uint64_t> closedDocuments = 0;
+
+} // namespace
+
+EntityObject::EntityObject(const EntityId& id)
+    : m_id(id), m_documentNumber(closedDocuments.load(std::memory_order_acquire))
+{
+}
+
+bool EntityObject::IsOfClosedDocument() const
+{
+    return m_documentNumber != closedDocuments.load(std::memory_order_acquire);
+}
 
 const char* EntityObject::TypeName() const
 {
@@ -29,7 +45,8 @@ std::wstring EntityObject::Describe() const
 bool EntityObject::IsSameAs(const ICommandObject& other) const
 {
     const auto* const entity = dynamic_cast<const EntityObject*>(&other);
-    return entity != nullptr && entity->m_id == m_id;
+    return entity != nullptr && entity->m_id == m_id &&
+           entity->m_documentNumber == m_documentNumber;
 }
 
 Value ToValue(const EntityId& id)
@@ -43,6 +60,17 @@ const EntityId& ToEntityId(const Value& value)
     if (entity == nullptr)
         throw std::invalid_argument("This entity comes from elsewhere.");
     return entity->Id();
+}
+
+void CloseEntities()
+{
+    closedDocuments.fetch_add(1, std::memory_order_acq_rel);
+}
+
+bool IsOfClosedDocument(const Value& value)
+{
+    const auto* const entity = dynamic_cast<const EntityObject*>(value.AsObject().get());
+    return entity != nullptr && entity->IsOfClosedDocument();
 }
 
 const char* EntityKind(const EntityId& id)

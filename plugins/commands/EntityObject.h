@@ -5,13 +5,20 @@
 #include <TambCommandsInfra/Value.h>
 #include <TambVizCore/EntityId.h>
 
+#include <cstdint>
+
 namespace OrvikCommands {
 
-/// A picked entity, as scripts hold it.
+/// A picked entity, as scripts hold it, and the document that it was picked in.
 class EntityObject final : public TambCommandsInfra::ICommandObject
 {
 public:
+    /// An entity of what is loaded now.
     explicit EntityObject(const TambVizCore::EntityId& id);
+
+    /// Tells whether the document that it was picked in has been closed since. A later document may
+    /// use the same ids for something else.
+    bool IsOfClosedDocument() const;
 
     const TambVizCore::EntityId& Id() const { return m_id; }
 
@@ -19,12 +26,16 @@ public:
     const char* TypeName() const override;
     std::wstring Describe() const override;
 
-    /// Equal ids name the same entity.
+    /// Equal ids of the same document name the same entity.
     bool IsSameAs(const ICommandObject& other) const override;
 
 private:
     TambVizCore::EntityId m_id;
+    std::uint64_t m_documentNumber; ///< Counts the documents that were closed before.
 };
+
+/// Says that everything that was loaded is closed. Any thread.
+void CloseEntities();
 
 /// @return the value that scripts get for an entity.
 TambCommandsInfra::Value ToValue(const TambVizCore::EntityId& id);
@@ -33,6 +44,9 @@ TambCommandsInfra::Value ToValue(const TambVizCore::EntityId& id);
 /// @throws std::invalid_argument "This entity comes from elsewhere." for an object of another
 ///         maker.
 const TambVizCore::EntityId& ToEntityId(const TambCommandsInfra::Value& value);
+
+/// @return true for an entity of a document that was closed; false for an object of another maker.
+bool IsOfClosedDocument(const TambCommandsInfra::Value& value);
 
 /// @return "face", "edge", "vertex", or the kind of the whole entity: "body", "mesh", ...
 const char* EntityKind(const TambVizCore::EntityId& id);
