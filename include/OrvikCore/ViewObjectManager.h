@@ -42,7 +42,7 @@ public:
 
     // Virtual operations in slot order; append only.
 
-    /// Clears and deletes every object in name order.
+    /// Clears and deletes every object in name order, one with several names once.
     virtual ~ViewObjectManager();
 
     /// Returns the manager's own node; not owned, valid as long as its parent.
@@ -51,8 +51,10 @@ public:
     /// Enters an object (transferred in) under a new name; null does nothing.
     ///
     /// A taken name with the same object changes nothing. A taken name with another object clears
-    /// and deletes the object present and removes its entry; @p object is not entered by this call
-    /// and stays the caller's.
+    /// and deletes the object present and then removes its entries; @p object is not entered by
+    /// this call and stays the caller's. An object may come back to the manager from its clear step
+    /// and its destructor: Remove() in the former keeps it alive for the caller, in the latter it
+    /// does nothing, because the entries hold null by then.
     virtual void Add(std::string const& name, AViewObject* object);
 
     /// Removes every entry of an object, which is then the caller's again.

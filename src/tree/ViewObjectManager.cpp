@@ -5,6 +5,7 @@
 #include <TambVizCore/GeoNode.h>
 #include <TambVizCore/Node.h>
 
+#include <algorithm>
 #include <iterator>
 
 namespace OrvikCore {
@@ -14,6 +15,33 @@ namespace {
 /// Deliberate: the id of every manager's own node, and the number before the first view object's.
 /// Held by ViewObjectManagerTest.ObjectIdsAreUniqueAcrossManagers.
 constexpr std::uint64_t kFirstId = 60000;
+
+/// @return the first object in name order; null when every entry holds null.
+AViewObject* firstObject(const ViewObjectManager::Objects& objects)
+{
+    const auto entry = std::find_if(objects.begin(), objects.end(),
+                                    [](const auto& each) { return each.second != nullptr; });
+    return entry != objects.end() ? entry->second : nullptr;
+}
+
+/// Clears an object and destroys it, once, under whatever names it is entered.
+///
+/// Both steps are the object's own code, which may come back to the manager: the object is deleted
+/// only while the manager owns it, and its entries hold null before its destructor begins.
+void clearAndDestroy(ViewObjectManager::Objects& objects, AViewObject* object)
+{
+    object->Clear();
+    bool isOwned = false;
+    for (auto& [name, entered] : objects) {
+        if (entered == object) {
+            entered = nullptr;
+            isOwned = true;
+        }
+    }
+    if (isOwned) {
+        delete object;
+    }
+}
 
 } // namespace
 
@@ -32,11 +60,8 @@ ViewObjectManager::~ViewObjectManager()
 {
     // The lock is released before it is deleted with the fields.
     const Guard guard(*m_lock);
-    for (const auto& [name, object] : objects) {
-        if (object != nullptr) {
-            object->Clear();
-            delete object;
-        }
+    while (AViewObject* const first = firstObject(objects)) {
+        clearAndDestroy(objects, first);
     }
     objects.clear();
 }
@@ -52,16 +77,17 @@ void ViewObjectManager::Add(std::string const& name, AViewObject* object)
     if (object == nullptr) {
         return;
     }
-    const auto [entry, isNew] = objects.emplace(name, object);
-    if (isNew || entry->second == object) {
+    AViewObject*& present = objects.emplace(name, object).first->second;
+    if (present == nullptr) {
+        present = object; // The name's object is being destroyed right now.
+    }
+    if (present == object) {
         return;
     }
     // Deliberate: a taken name only loses its object; the new one is not entered by this call.
     // Held by ViewObjectManager.AddWithTakenNameDestroysThePresentObjectAndEntersNothing.
-    AViewObject* const present = entry->second;
-    objects.erase(entry);
-    present->Clear();
-    delete present;
+    clearAndDestroy(objects, present);
+    std::erase_if(objects, [](const auto& entry) { return entry.second == nullptr; });
 }
 
 void ViewObjectManager::Remove(AViewObject* object)

@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -18,6 +19,31 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
+
+/// An object that comes back to the manager while it is cleared and destroyed.
+class SelfishObject : public RecordingViewObject
+{
+public:
+    using RecordingViewObject::RecordingViewObject;
+    ~SelfishObject() override
+    {
+        if (m_onEnd) {
+            m_onEnd();
+        }
+    }
+
+    std::function<void()> m_onClear;
+    std::function<void()> m_onEnd;
+
+protected:
+    void doClear() override
+    {
+        RecordingViewObject::doClear();
+        if (m_onClear) {
+            m_onClear();
+        }
+    }
+};
 
 struct ViewObjectManagerTest : testing::Test
 {
@@ -102,6 +128,79 @@ TEST(ViewObjectManager, AddWithTakenNameDestroysThePresentObjectAndEntersNothing
     EXPECT_THAT(log, ElementsAre("present.render", "present.clear", "present.deleted"));
     EXPECT_FALSE(manager.Contains("axes"));
     EXPECT_EQ(manager.Count(), 0);
+}
+
+TEST_F(ViewObjectManagerTest, TheEntryOfATakenNameOutlivesItsObject)
+{
+    auto* const present = new SelfishObject("present", m_log);
+    std::string atTheEnd;
+    present->m_onEnd = [&] {
+        atTheEnd = m_manager->ToString();
+        EXPECT_EQ(m_manager->Get("axes"), nullptr);
+    };
+    m_manager->Add("axes", present);
+    const auto other = std::make_unique<RecordingViewObject>("other", m_log);
+
+    m_manager->Add("axes", other.get());
+
+    EXPECT_EQ(atTheEnd, "axes");
+    EXPECT_EQ(m_manager->ToString(), "");
+}
+
+TEST_F(ViewObjectManagerTest, AnObjectThatRemovesItselfAtItsEndIsDestroyedOnce)
+{
+    auto* const present = new SelfishObject("present", m_log);
+    present->m_onEnd = [this, present] {
+        m_manager->Remove(present);
+        m_manager->Remove("axes");
+    };
+    m_manager->Add("axes", present);
+    const auto other = std::make_unique<RecordingViewObject>("other", m_log);
+
+    m_manager->Add("axes", other.get());
+
+    EXPECT_THAT(m_log, ElementsAre("present.deleted"));
+    EXPECT_EQ(m_manager->Count(), 0);
+}
+
+TEST_F(ViewObjectManagerTest, AnObjectRemovedInItsClearStepStaysAlive)
+{
+    const auto present = std::make_unique<SelfishObject>("present", m_log);
+    present->m_onClear = [&] { m_manager->Remove(present.get()); };
+    m_manager->Add("axes", present.get());
+    m_manager->Render();
+    const auto other = std::make_unique<RecordingViewObject>("other", m_log);
+
+    m_manager->Add("axes", other.get());
+
+    EXPECT_THAT(m_log, ElementsAre("present.render", "present.clear"));
+    EXPECT_EQ(m_manager->Count(), 0);
+}
+
+TEST_F(ViewObjectManagerTest, AnObjectMayLeaveItsNameToAnotherAtItsEnd)
+{
+    auto* const present = new SelfishObject("present", m_log);
+    auto* const heir = new RecordingViewObject("heir", m_log);
+    present->m_onEnd = [this, heir] { m_manager->Add("axes", heir); };
+    m_manager->Add("axes", present);
+    const auto other = std::make_unique<RecordingViewObject>("other", m_log);
+
+    m_manager->Add("axes", other.get());
+
+    EXPECT_THAT(m_log, ElementsAre("present.deleted"));
+    EXPECT_EQ(m_manager->Get("axes"), heir);
+}
+
+TEST_F(ViewObjectManagerTest, AnObjectOfTwoNamesIsDestroyedOnceByATakenName)
+{
+    RecordingViewObject* const present = add("present");
+    m_manager->Add("again", present);
+    const auto other = std::make_unique<RecordingViewObject>("other", m_log);
+
+    m_manager->Add("again", other.get());
+
+    EXPECT_THAT(m_log, ElementsAre("present.deleted"));
+    EXPECT_EQ(m_manager->Count(), 0);
 }
 
 TEST_F(ViewObjectManagerTest, AddAfterATakenNameEntersAgain)
@@ -254,6 +353,31 @@ TEST_F(ViewObjectManagerTest, DestructorClearsAndDeletesEachObjectInNameOrder)
 
     EXPECT_THAT(m_log, ElementsAre("a.clear", "a.deleted", "b.clear", "b.deleted"));
     EXPECT_EQ(m_root.ChildCount(), 1u);
+}
+
+TEST_F(ViewObjectManagerTest, DestructorDeletesAnObjectOfTwoNamesOnce)
+{
+    m_manager->Add("again", add("a"));
+
+    m_manager.reset();
+
+    EXPECT_THAT(m_log, ElementsAre("a.deleted"));
+}
+
+TEST_F(ViewObjectManagerTest, ObjectsMayRemoveThemselvesAndOthersDuringTheDestructor)
+{
+    auto* const a = new SelfishObject("a", m_log);
+    const std::unique_ptr<AViewObject> b(add("b"));
+    ViewObjectManager* const manager = m_manager.get();
+    a->m_onEnd = [&, manager] {
+        manager->Remove(a);
+        manager->Remove(b.get());
+    };
+    m_manager->Add("a", a);
+
+    m_manager.reset(); // Forgets the pointer before it deletes.
+
+    EXPECT_THAT(m_log, ElementsAre("a.deleted"));
 }
 
 TEST(ViewObjectManager, VirtualOperationsKeepTheirOrder)
