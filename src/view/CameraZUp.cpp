@@ -85,9 +85,7 @@ void CameraZUp::Isometric()
     float target[3];
     float up[3];
     setFront(eye, target, up, /*keepDistance=*/true);
-    TambVizCore::RotatePoint(eye, 45.0, target, vertical, eye);
-    TambVizCore::RotatePoint(eye, 45.0, target, horizontal, eye);
-    TambVizCore::RotatePointAroundOrigin(up, 45.0, horizontal, up);
+    TurnFrontToIsometric(vertical, horizontal, eye, target, up);
     SetCamera(eye, target, up);
 }
 
@@ -107,25 +105,18 @@ void CameraZUp::setFront(float* const eye, float* const target, float* const up,
         TambVizCore::Subtract(m_eye, m_target, view);
         eye[kFrontComponent] = TambVizCore::Length(view);
     }
-    CopyGeometryCenter(m_view, target);
-    TambVizCore::Add(target, eye, eye);
+    MoveToGeometry(m_view, eye, target);
     SetRotationCenter(target);
 }
 
 void CameraZUp::applyTurned(float degrees, float axisX, float axisY, float axisZ,
                             const float* newUp)
 {
-    const float axis[3] = {axisX, axisY, axisZ};
     float eye[3];
     float target[3];
     float up[3];
     setFront(eye, target, up, /*keepDistance=*/true);
-    if (degrees != 0.0f) {
-        TambVizCore::RotatePoint(eye, degrees, target, axis, eye);
-    }
-    if (newUp != nullptr) {
-        std::copy_n(newUp, 3, up);
-    }
+    TurnFront({degrees, {axisX, axisY, axisZ}, newUp}, eye, target, up);
     SetCamera(eye, target, up);
 }
 

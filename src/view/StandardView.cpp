@@ -1,6 +1,7 @@
 #include "StandardView.h"
 
 #include <TambVizCore/IView3D.h>
+#include <TambVizCore/Vector.h>
 
 #include <algorithm>
 #include <cmath>
@@ -24,13 +25,32 @@ float StandardDistance(const TambVizCore::IView3D* view, float fieldOfViewRadian
     return radius / std::tan(fieldOfViewRadians / 2.0f) * kMargin;
 }
 
-void CopyGeometryCenter(const TambVizCore::IView3D* view, float* center)
+void MoveToGeometry(const TambVizCore::IView3D* view, float* eye, float* target)
 {
     if (view != nullptr) {
-        std::copy_n(view->GetGeometryCenter(), 3, center);
+        std::copy_n(view->GetGeometryCenter(), 3, target);
     } else {
-        std::fill_n(center, 3, 0.0f);
+        std::fill_n(target, 3, 0.0f);
     }
+    TambVizCore::Add(target, eye, eye);
+}
+
+void TurnFront(const ViewTurn& turn, float* eye, const float* target, float* up)
+{
+    if (turn.degrees != 0.0f) {
+        TambVizCore::RotatePoint(eye, turn.degrees, target, turn.axis, eye);
+    }
+    if (turn.up != nullptr) {
+        std::copy_n(turn.up, 3, up);
+    }
+}
+
+void TurnFrontToIsometric(const float* vertical, const float* horizontal, float* eye,
+                          const float* target, float* up)
+{
+    TambVizCore::RotatePoint(eye, 45.0, target, vertical, eye);
+    TambVizCore::RotatePoint(eye, 45.0, target, horizontal, eye);
+    TambVizCore::RotatePointAroundOrigin(up, 45.0, horizontal, up);
 }
 
 } // namespace OrvikCore
