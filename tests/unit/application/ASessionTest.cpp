@@ -134,6 +134,25 @@ TEST(IOutputListener, OperationsStandInTheirSlots)
     EXPECT_EQ(VirtualSlot(&L::ShowToolTip), 2);
 }
 
+/// A listener with nothing but what it must have.
+class PlainListener : public OrvikCore::IOutputListener
+{
+public:
+    void PrintMessage(const std::wstring&, const MessageType&) override { ++m_calls; }
+    void ClearOutput() override { ++m_calls; }
+
+    int m_calls = 0;
+};
+
+TEST(IOutputListener, IgnoresToolTipsByDefault)
+{
+    PlainListener listener;
+
+    static_cast<OrvikCore::IOutputListener&>(listener).ShowToolTip(L"tip");
+
+    EXPECT_EQ(listener.m_calls, 0);
+}
+
 TEST(ISessionObserver, TakesEventsInTheFirstSlot)
 {
     EXPECT_EQ(VirtualSlot(&OrvikCore::ISessionObserver::Notify), 0);

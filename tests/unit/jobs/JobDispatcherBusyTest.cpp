@@ -161,6 +161,21 @@ TEST_F(JobDispatcherBusy, WakeSourcesAreServedWhileTheRequestWaits)
     EXPECT_EQ(ticket.GetStatus(), JOB_FAILED);
 }
 
+TEST_F(JobDispatcherBusy, TerminateWhileTheRequestWaitsDropsTheRequest)
+{
+    ActingWakeSource stopper([this] {
+        sleeper().OnMainSleep([this] { gate.Open(); });
+        dispatcher().Terminate();
+    });
+    JobTicket ticket = jobTicket(job, /*sync=*/true);
+
+    dispatcher().ExecuteJob(ticket);
+
+    EXPECT_EQ(runs, 0);
+    EXPECT_NE(ticket.GetStatus(), JOB_FAILED);
+    EXPECT_EQ(ticket.GetMessageText(), L"");
+}
+
 TEST_F(JobDispatcherBusy, ExceptionOfAWakeSourceDoesNotMakeTheDispatcherDeaf)
 {
     {

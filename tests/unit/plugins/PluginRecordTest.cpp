@@ -4,7 +4,9 @@
 
 #include "OrvikCore/APluginFactory.h"
 
+#include <cstddef>
 #include <cstring>
+#include <new>
 #include <stdexcept>
 
 namespace {
@@ -68,7 +70,7 @@ TEST(PluginRecord, GettersGiveTheStoredTextsAndNoCopies)
     EXPECT_EQ(record.GetName(), record.GetName());
 }
 
-TEST(PluginRecord, CopySharesThePointers)
+TEST(PluginRecord, AssignmentSharesThePointers)
 {
     auto* const original = new PluginRecord;
     original->SetFileName(L"file");
@@ -85,6 +87,22 @@ TEST(PluginRecord, CopySharesThePointers)
     EXPECT_EQ(copy->GetName(), original->GetName());
     delete original;
     operator delete(copy);
+}
+
+TEST(PluginRecord, CopySharesThePointers)
+{
+    PluginRecord original;
+    original.SetFileName(L"file");
+    original.SetType("type");
+    original.SetName(L"name");
+    // Only one of the two may be destroyed, so the copy never is.
+    alignas(PluginRecord) std::byte room[sizeof(PluginRecord)];
+
+    const auto* const copy = new (room) PluginRecord(original);
+
+    EXPECT_EQ(copy->GetFileName(), original.GetFileName());
+    EXPECT_EQ(copy->GetType(), original.GetType());
+    EXPECT_EQ(copy->GetName(), original.GetName());
 }
 
 TEST_F(PluginRecordTest, MakesTheFactoryOnceAndOnlyWhenAsked)

@@ -4,7 +4,9 @@
 
 #include "OrvikCore/AScriptModulePluginFactory.h"
 
+#include <cstddef>
 #include <cstring>
+#include <new>
 #include <stdexcept>
 
 namespace {
@@ -89,6 +91,21 @@ TEST_F(ScriptPluginRecordTest, DestroyingTheInstanceKeepsTheLibrary)
     const void* firstOperation = nullptr;
     std::memcpy(&firstOperation, table, sizeof(firstOperation));
     EXPECT_NE(firstOperation, nullptr);
+}
+
+TEST(ScriptPluginRecord, AssignmentSharesThePointers)
+{
+    ScriptPluginRecord original;
+    original.SetFileName(L"file");
+    original.SetName(L"name");
+    // Only one of the two may be destroyed, so the copy never is.
+    alignas(ScriptPluginRecord) std::byte room[sizeof(ScriptPluginRecord)];
+    auto* const copy = new (room) ScriptPluginRecord;
+
+    *copy = original;
+
+    EXPECT_EQ(copy->GetFileName(), original.GetFileName());
+    EXPECT_EQ(copy->GetName(), original.GetName());
 }
 
 TEST_F(ScriptPluginRecordTest, CopySharesThePointers)

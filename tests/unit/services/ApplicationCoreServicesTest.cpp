@@ -1,3 +1,4 @@
+#include "CapturedDebugOutput.h"
 #include "FakeSession.h"
 #include "RecordingOutputListener.h"
 
@@ -126,9 +127,17 @@ TEST_F(ApplicationCoreServicesWithSession, ShowsToolTips)
     EXPECT_THAT(m_listener.m_toolTips, ElementsAre(L"tip"));
 }
 
+TEST_F(ApplicationCoreServices, WithoutSessionTheDebugOutputSaysWhy)
+{
+    const CapturedDebugOutput output;
+
+    m_services.PrintMessage(L"plain");
+
+    EXPECT_EQ(output.Text(), "-- No session for a script service: null IApplication!\n");
+}
+
 TEST_F(ApplicationCoreServices, PrintsAndToolTipsDoNothingWithoutSession)
 {
-
     EXPECT_NO_THROW(m_services.PrintMessage(L"plain"));
     EXPECT_NO_THROW(m_services.PrintWarningMessage(L"warning"));
     EXPECT_NO_THROW(m_services.PrintErrorMessage(L"error"));
