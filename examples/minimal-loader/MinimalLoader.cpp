@@ -16,6 +16,7 @@
 
 #include <locale>
 #include <memory>
+#include <numeric>
 #include <sstream>
 #include <vector>
 
@@ -24,88 +25,74 @@ namespace viz = TambVizCore;
 
 namespace {
 
+using Ids = std::vector<viz::RenderId>;
+using Shape = std::shared_ptr<const viz::Geometry>;
+
 /// What the loader puts into the document.
-class TriContent final : public core::AContent
+struct TriContent final : core::AContent
 {
-public:
-    TriContent(core::Document& document, std::wstring file,
-               std::shared_ptr<const viz::Geometry> geometry)
-        : core::AContent(document), m_file(std::move(file)), m_geometry(std::move(geometry))
+    TriContent(core::Document& document, std::wstring path, Shape triangles)
+        : core::AContent(document), file(std::move(path)), shape(std::move(triangles))
     {
     }
-
-    const std::shared_ptr<const viz::Geometry>& Shape() const { return m_geometry; }
-    std::wstring GetShortId() override { return viz::Utils::GetFileNameOnly(m_file); }
-    std::wstring GetLongId() override { return m_file; }
+    std::wstring GetShortId() override { return viz::Utils::GetFileNameOnly(file); }
+    std::wstring GetLongId() override { return file; }
     void NoteState() override {}
     void Undo() override {}
     void Redo() override {}
     std::string GetTypeName() const override { return "Tri"; }
     bool GetBoundingBox(viz::VizBox& box) const override
     {
-        box = m_geometry->BoundingBox();
+        box = shape->BoundingBox();
         return !box.IsEmpty();
     }
     void ClearSelection() override {}
     bool RayPick(const viz::Ray&, viz::EntityId&) override { return false; }
 
-private:
-    std::wstring m_file;
-    std::shared_ptr<const viz::Geometry> m_geometry;
+    const std::wstring file;
+    const Shape shape;
 };
 
 /// Shows a TriContent as one node of the scene.
-class TriRenderer final : public core::IContentRenderer
+struct TriRenderer final : core::IContentRenderer
 {
-public:
-    TriRenderer(TriContent& tri, viz::IView3D& view)
-        : core::IContentRenderer(&tri), m_tri(tri), m_view(view)
+    TriRenderer(TriContent& drawn, viz::Node& parent)
+        : core::IContentRenderer(&drawn), tri(drawn), root(parent)
     {
     }
     ~TriRenderer() override { discard(); }
-
     bool Render() override
     {
-        for (m_nodeId = 1; m_view.GetSceneRoot().FindChild(m_nodeId) != nullptr;)
-            ++m_nodeId;
-        m_view.GetSceneRoot().CreateChildGeoNode(m_nodeId, "tri")->SetGeometry(m_tri.Shape());
+        for (nodeId = 1; root.FindChild(nodeId) != nullptr;)
+            ++nodeId;
+        root.CreateChildGeoNode(nodeId, "tri")->SetGeometry(tri.shape);
         return true;
     }
     bool Rerender() override { return true; }
-    bool IsRendererFor(core::AContent* candidate) override { return candidate == &m_tri; }
+    bool IsRendererFor(core::AContent* candidate) override { return candidate == &tri; }
     bool ConvertToEntityId(const viz::RenderId&, viz::EntityId&) override { return false; }
     bool ConvertToRenderId(const viz::EntityId&, viz::RenderId&) override { return false; }
-    bool ExpandRenderId(const viz::RenderId&, std::vector<viz::RenderId>&) override
-    {
-        return false;
-    }
+    bool ExpandRenderId(const viz::RenderId&, Ids&) override { return false; }
+    void discard() override { root.RemoveChild(nodeId); }
 
-protected:
-    void discard() override { m_view.GetSceneRoot().RemoveChild(m_nodeId); }
-
-private:
-    TriContent& m_tri;
-    viz::IView3D& m_view;
-    std::uint64_t m_nodeId = 0;
+    TriContent& tri;
+    viz::Node& root;
+    std::uint64_t nodeId = 0;
 };
 
-class TriRendererFactory final : public core::AContentRendererFactory
+struct TriRendererFactory final : core::AContentRendererFactory
 {
-public:
     std::string GetName() const override { return "Tri"; }
     core::IContentRenderer* CreateRenderer(core::AContent* content, viz::IView3D* view) override
     {
-        auto* const tri = dynamic_cast<TriContent*>(content);
-        return tri == nullptr || view == nullptr ? nullptr : new TriRenderer(*tri, *view);
+        auto* const tri = view ? dynamic_cast<TriContent*>(content) : nullptr;
+        return tri ? new TriRenderer(*tri, view->GetSceneRoot()) : nullptr;
     }
 };
 
-class TriLoader final : public core::AContentLoader
+struct TriLoader final : core::AContentLoader
 {
-public:
     TriLoader() { validExtensions = {{L"TRI", L"Triangles as text"}}; }
-
-protected:
     bool canLoad(const std::wstring&) const override { return true; }
 
     void load(const std::wstring& fileName, core::Document& document) override
@@ -118,8 +105,7 @@ protected:
         if (!text.eof() || positions.empty() || positions.size() % 9 != 0)
             return setErrorMessage(fileName + L": expected nine numbers for each triangle");
         std::vector<std::uint32_t> corners(positions.size() / 3);
-        for (std::uint32_t i = 0; i < corners.size(); ++i)
-            corners[i] = i;
+        std::iota(corners.begin(), corners.end(), 0);
         std::string reason;
         auto geometry = viz::GeometryBuilder()
                             .SetPositions(viz::SharedArray<float>(std::move(positions)))
@@ -133,13 +119,10 @@ protected:
     }
 };
 
-class MinimalPlugin final : public core::APluginFactory
+struct MinimalPlugin final : core::APluginFactory
 {
-public:
     void* CreateObject(const char*) override { return nullptr; }
     void Terminate() override {}
-
-protected:
     void describe() override { setName("Minimal"); }
     void doInitialize(void** const) override
     {

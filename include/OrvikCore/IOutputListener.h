@@ -17,7 +17,8 @@ class ORVIKCORE_API IOutputListener
 public:
     // Virtual operations in slot order; append only.
 
-    /// Shows @p text, which is never empty and carries no line end of its own.
+    /// Shows @p text, which is never empty. It may end in a line end; where it does not, the
+    /// listener ends the line.
     virtual void PrintMessage(const std::wstring& text, const MessageType& type) = 0;
 
     /// Forgets everything shown so far.
