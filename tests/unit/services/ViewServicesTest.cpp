@@ -413,7 +413,9 @@ TEST(ViewServicesWithoutSession, NothingHappensAndQueriesAreFalse)
     std::vector<int> indices;
     double value = -1.0;
 
-    EXPECT_NO_THROW(services.Iso());
+    for (const StandardView& standard : kStandardViews) {
+        EXPECT_NO_THROW((services.*standard.service)()) << standard.camera;
+    }
     EXPECT_NO_THROW(services.ZoomToBox(1, 2, 3, 4, 5, 6));
     EXPECT_NO_THROW(services.UpdateDisplay());
     EXPECT_NO_THROW(services.Rerender());
@@ -431,4 +433,19 @@ TEST(ViewServicesWithoutSession, TheCameraIsMissing)
 
     EXPECT_THAT([&] { readCamera(services); },
                 ThrowsMessage<std::logic_error>("Camera is missing"));
+    EXPECT_THAT([&] { services.SetCamera(1, 2, 3, 4, 5, 6, 7, 8, 9); },
+                ThrowsMessage<std::logic_error>("Camera is missing"));
+}
+
+TEST(ViewServicesWithoutSession, KindsOfDrawingReachTheManipulator)
+{
+    TambViewServicesPellux services;
+    CallLog log;
+    AppController::Instance().SetViewManipulator(new RecordingManipulator(log));
+
+    for (const DisplayKind& display : kDisplayKinds) {
+        log.clear();
+        (services.*display.service)(true);
+        EXPECT_THAT(log, ElementsAre(std::string(display.kind) + " on"));
+    }
 }
