@@ -1,3 +1,5 @@
+#include "TreeWalkCommand.h"
+
 #include <OrvikCore/AScriptModulePluginFactory.h>
 #include <TambCommandsInfra/CancelToken.h>
 #include <TambCommandsInfra/CommandTable.h>
@@ -90,6 +92,7 @@ protected:
         path.help = "file to read";
         load.parameters = {path};
         table.Register(load);
+        RegisterTreeWalkCommand(table);
         m_initialized = true;
         return true;
     }
