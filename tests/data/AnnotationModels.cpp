@@ -162,20 +162,21 @@ struct ViewTargets
     std::string shape, context, callout;
 };
 
-/// The entities of a parallel view from the front, above and right: its axes, a window of
-/// 200 x 120 mm, and what it is drawn with.
+/// The entities of a parallel view from the front, above and right onto the middle of the plate.
+/// As in the files of other systems the z axis looks away from the viewer, and the window of
+/// 200 x 120 mm lies before the eye.
 constexpr char kViewFromAbove[] =
-    "@1 = CARTESIAN_POINT('',(150.,-100.,120.));\n"
-    "@2 = DIRECTION('',(0.57735026919,-0.57735026919,0.57735026919));\n"
-    "@3 = DIRECTION('',(0.70710678119,0.70710678119,0.));\n"
+    "@1 = CARTESIAN_POINT('',(165.47005384,-85.47005384,120.47005384));\n"
+    "@2 = DIRECTION('',(-0.57735026919,0.57735026919,-0.57735026919));\n"
+    "@3 = DIRECTION('',(-0.70710678119,-0.70710678119,0.));\n"
     "@4 = AXIS2_PLACEMENT_3D('',@1,@2,@3);\n"
     "@5 = CARTESIAN_POINT('',(0.,0.,0.));\n"
-    "@6 = CARTESIAN_POINT('',(-100.,-60.,0.));\n"
+    "@6 = CARTESIAN_POINT('',(-100.,-60.,200.));\n"
     "@7 = DIRECTION('',(0.,0.,1.));\n"
     "@8 = DIRECTION('',(1.,0.,0.));\n"
     "@9 = AXIS2_PLACEMENT_3D('',@6,@7,@8);\n"
     "@10 = PLANAR_BOX('',200.,120.,@9);\n"
-    "@11 = VIEW_VOLUME(.PARALLEL.,@5,200.,0.,.F.,0.,.F.,.T.,@10);\n"
+    "@11 = VIEW_VOLUME(.PARALLEL.,@5,200.,0.,.F.,0.,.F.,.F.,@10);\n"
     "@12 = CAMERA_MODEL_D3('Iso view',@4,@11);\n";
 
 /// Shows nothing by itself.
@@ -218,6 +219,24 @@ void writePmi(const path& file)
     WriteText(file, text);
 }
 
+/// The kernel writes the values of dimensions as they are told, whatever the unit of the file.
+void writeInchPmi(const path& file)
+{
+    ModelDocument model;
+    const AnnotatedPlate plate(model);
+    Handle(XCAFDimTolObjects_DimensionObject) size = new XCAFDimTolObjects_DimensionObject();
+    size->SetType(XCAFDimTolObjects_DimensionType_Size_Diameter);
+    size->SetValue(0.5);
+    size->SetUpperTolValue(0.01);
+    size->SetLowerTolValue(0.01);
+    const TDF_Label label = model.Tolerances().AddDimension();
+    model.Tolerances().SetDimension(plate.bore, label);
+    XCAFDoc_Dimension::Set(label)->SetObject(size);
+    StepStyle style{StepSchema::Ap242};
+    style.unit = "INCH";
+    model.WriteStep(file, style);
+}
+
 void writeViews(const path& file)
 {
     ModelDocument model;
@@ -235,6 +254,7 @@ std::vector<TestModel> AnnotationModels()
     return {
         {"pmi.step", "the bored plate with dimensions, tolerances, a datum, a note and a finish",
          writePmi},
+        {"pmi_inch.step", "the bored plate in inches with a diameter of 0.5 +-0.01", writeInchPmi},
         {"views.step", "the bored plate with a saved view, and a capture of it with one annotation",
          writeViews},
     };

@@ -1,0 +1,344 @@
+#include "kernel/PmiReader.h"
+
+#include "kernel/PmiText.h"
+
+#include <OrvikOs/Utf8.h>
+#include <TambCommandsInfra/CancelToken.h>
+#include <TambVizCore/Matrix.h>
+
+#include <TDF_LabelSequence.hxx>
+#include <TopExp_Explorer.hxx>
+#include <XCAFDoc_Datum.hxx>
+#include <XCAFDoc_DimTolTool.hxx>
+#include <XCAFDoc_Dimension.hxx>
+#include <XCAFDoc_DocumentTool.hxx>
+#include <XCAFDoc_GeomTolerance.hxx>
+#include <XCAFDoc_ShapeTool.hxx>
+#include <gp_Trsf.hxx>
+
+#include <algorithm>
+#include <array>
+#include <cwctype>
+#include <map>
+#include <string_view>
+
+namespace OrvikCad {
+
+namespace {
+
+using OrvikModel::ModelNode;
+using OrvikModel::NodeKind;
+using TambVizCore::EntityType;
+
+using Matrix = std::vector<double>; ///< double[16] column-major; empty for the identity.
+
+struct TypeName
+{
+    EntityType type;
+    const wchar_t* name;
+};
+constexpr std::array<TypeName, 5> kTypes = {{
+    {EntityType::PmiDimension, L"Dimensions"},
+    {EntityType::PmiGeometricTolerance, L"Geometric tolerances"},
+    {EntityType::PmiDatum, L"Datums"},
+    {EntityType::PmiNote, L"Notes"},
+    {EntityType::PmiSurfaceFinish, L"Surface finishes"},
+}};
+
+/// Tells by the name of an annotation that is only drawn what it is; the first that is found.
+struct Keyword
+{
+    std::wstring_view word; ///< Lower case.
+    EntityType type;
+};
+constexpr std::array<Keyword, 24> kKeywords = {{
+    {L"rough", EntityType::PmiSurfaceFinish},
+    {L"finish", EntityType::PmiSurfaceFinish},
+    {L"texture", EntityType::PmiSurfaceFinish},
+    {L"note", EntityType::PmiNote},
+    {L"datum", EntityType::PmiDatum},
+    {L"feature control", EntityType::PmiGeometricTolerance},
+    {L"toleranc", EntityType::PmiGeometricTolerance},
+    {L"position", EntityType::PmiGeometricTolerance},
+    {L"flatness", EntityType::PmiGeometricTolerance},
+    {L"profile", EntityType::PmiGeometricTolerance},
+    {L"perpendicularity", EntityType::PmiGeometricTolerance},
+    {L"parallelism", EntityType::PmiGeometricTolerance},
+    {L"runout", EntityType::PmiGeometricTolerance},
+    {L"circularity", EntityType::PmiGeometricTolerance},
+    {L"cylindricity", EntityType::PmiGeometricTolerance},
+    {L"concentricity", EntityType::PmiGeometricTolerance},
+    {L"straightness", EntityType::PmiGeometricTolerance},
+    {L"angularity", EntityType::PmiGeometricTolerance},
+    {L"symmetry", EntityType::PmiGeometricTolerance},
+    {L"dimension", EntityType::PmiDimension},
+    {L"diameter", EntityType::PmiDimension},
+    {L"radius", EntityType::PmiDimension},
+    {L"distance", EntityType::PmiDimension},
+    {L"linear size", EntityType::PmiDimension},
+}};
+
+EntityType typeByName(std::wstring name)
+{
+    std::transform(name.begin(), name.end(), name.begin(), [](wchar_t letter) {
+        return letter < 128 ? static_cast<wchar_t>(std::towlower(static_cast<wint_t>(letter)))
+                            : letter;
+    });
+    for (const Keyword& keyword : kKeywords)
+        if (name.find(keyword.word) != std::wstring::npos)
+            return keyword.type;
+    return EntityType::PmiNote;
+}
+
+std::wstring wide(const Handle(TCollection_HAsciiString) & text)
+{
+    return text.IsNull() ? std::wstring() : OrvikOs::Utf8ToWide(text->ToCString());
+}
+
+bool hasEdges(const TopoDS_Shape& shape)
+{
+    return !shape.IsNull() && TopExp_Explorer(shape, TopAbs_EDGE).More();
+}
+
+Matrix product(const Matrix& left, const Matrix& right)
+{
+    if (left.empty())
+        return right;
+    if (right.empty())
+        return left;
+    Matrix result(16);
+    TambVizCore::MultiplyMatrices(left.data(), right.data(), result.data());
+    return result;
+}
+
+Matrix toMatrix(const TopLoc_Location& location)
+{
+    if (location.IsIdentity())
+        return {};
+    const gp_Trsf& place = location.Transformation();
+    Matrix matrix(16);
+    for (int row = 0; row < 3; ++row)
+        for (int column = 0; column < 4; ++column)
+            matrix[static_cast<std::size_t>(column * 4 + row)] = place.Value(row + 1, column + 1);
+    matrix[15] = 1.0;
+    return matrix;
+}
+
+/// Where nodes stand in the world, before they know their parents.
+class NodePlaces
+{
+public:
+    explicit NodePlaces(const OrvikModel::Model& model)
+    {
+        for (const auto& node : model.nodes)
+            add(*node, {});
+    }
+
+    Matrix Find(const ModelNode* node) const
+    {
+        const auto found = m_places.find(node);
+        return found == m_places.end() ? Matrix() : found->second;
+    }
+
+private:
+    void add(const ModelNode& node, const Matrix& above)
+    {
+        const Matrix place = node.transform ? product(above, *node.transform) : above;
+        if (!place.empty())
+            m_places.emplace(&node, place);
+        for (const auto& child : node.children)
+            add(*child, place);
+    }
+
+    std::map<const ModelNode*, Matrix> m_places; ///< Of nodes that are not in the origin.
+};
+
+/// Collects the annotations of one document.
+class PmiBuilder
+{
+public:
+    explicit PmiBuilder(ReadContext& context)
+        : m_context(context),
+          m_places(context.model),
+          m_tool(XCAFDoc_DocumentTool::DimTolTool(context.document.Main()))
+    {
+    }
+
+    void AddDimensions()
+    {
+        forEach<XCAFDoc_Dimension>(
+            &XCAFDoc_DimTolTool::GetDimensionLabels,
+            [this](const TDF_Label& label, const Handle(XCAFDimTolObjects_DimensionObject) & it) {
+                addDimension(label, it);
+            });
+    }
+
+    void AddTolerances()
+    {
+        forEach<XCAFDoc_GeomTolerance>(
+            &XCAFDoc_DimTolTool::GetGeomToleranceLabels,
+            [this](const TDF_Label& label, const Handle(XCAFDimTolObjects_GeomToleranceObject) &
+                                               it) { addTolerance(label, it); });
+    }
+
+    void AddDatums()
+    {
+        forEach<XCAFDoc_Datum>(
+            &XCAFDoc_DimTolTool::GetDatumLabels,
+            [this](const TDF_Label& label, const Handle(XCAFDimTolObjects_DatumObject) & it) {
+                addDatum(label, it);
+            });
+    }
+
+    /// Moves what was collected into the model.
+    void Finish()
+    {
+        if (m_annotations.empty())
+            return;
+        auto set = std::make_unique<ModelNode>();
+        set->kind = NodeKind::PmiSet;
+        set->name = L"PMI";
+        for (const TypeName& each : kTypes) {
+            const auto found = m_annotations.find(each.type);
+            if (found == m_annotations.end())
+                continue;
+            auto group = std::make_unique<ModelNode>();
+            group->kind = NodeKind::PmiType;
+            group->name = each.name;
+            group->pmiType = each.type;
+            group->children = std::move(found->second);
+            set->children.push_back(std::move(group));
+        }
+        m_context.model.nodes.push_back(std::move(set));
+    }
+
+private:
+    /// Calls @p add with each label and its object, where it has one.
+    template <class Attribute, class Add>
+    void forEach(void (XCAFDoc_DimTolTool::*list)(TDF_LabelSequence&) const, const Add& add)
+    {
+        TDF_LabelSequence labels;
+        (*m_tool.*list)(labels);
+        for (const TDF_Label& label : labels) {
+            TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+            Handle(Attribute) attribute;
+            if (!label.FindAttribute(Attribute::GetID(), attribute))
+                continue;
+            const auto object = attribute->GetObject();
+            if (!object.IsNull())
+                add(label, object);
+        }
+    }
+
+    void addDimension(const TDF_Label& label,
+                      const Handle(XCAFDimTolObjects_DimensionObject) & dimension)
+    {
+        const std::wstring drawn = wide(dimension->GetPresentationName());
+        const bool isDrawnOnly =
+            dimension->GetType() == XCAFDimTolObjects_DimensionType_CommonLabel ||
+            dimension->GetType() == XCAFDimTolObjects_DimensionType_DimensionPresentation;
+        ModelNode& node = add(isDrawnOnly ? typeByName(drawn) : EntityType::PmiDimension, label);
+        node.text = DimensionText(*dimension);
+        node.name = !drawn.empty() ? drawn : DimensionWord(dimension->GetType());
+        addShape(node, label, dimension->GetPresentation());
+    }
+
+    void addTolerance(const TDF_Label& label,
+                      const Handle(XCAFDimTolObjects_GeomToleranceObject) & tolerance)
+    {
+        ModelNode& node = add(EntityType::PmiGeometricTolerance, label);
+        node.text = ToleranceText(*tolerance, datumsOf(label));
+        node.name = wide(tolerance->GetPresentationName());
+        if (node.name.empty())
+            node.name = wide(tolerance->GetSemanticName());
+        if (node.name.empty())
+            node.name = ToleranceWord(tolerance->GetType());
+        addShape(node, label, tolerance->GetPresentation());
+    }
+
+    /// Each tolerance brings the datums that it names anew.
+    void addDatum(const TDF_Label& label, const Handle(XCAFDimTolObjects_DatumObject) & datum)
+    {
+        const std::wstring text = DatumText(*datum);
+        ModelNode*& known = m_datums[text];
+        if (known)
+            m_context.nodes.Add(label, *known);
+        else
+            known = &add(EntityType::PmiDatum, label);
+        known->text = text;
+        if (known->name.empty())
+            known->name = wide(datum->GetPresentationName());
+        if (!known->shape)
+            addShape(*known, label, datum->GetPresentation());
+    }
+
+    ModelNode& add(EntityType type, const TDF_Label& label)
+    {
+        auto node = std::make_unique<ModelNode>();
+        node->kind = NodeKind::Annotation;
+        node->pmiType = type;
+        m_context.nodes.Add(label, *node);
+        auto& group = m_annotations[type];
+        group.push_back(std::move(node));
+        return *group.back();
+    }
+
+    void addShape(ModelNode& node, const TDF_Label& label, const TopoDS_Shape& drawn)
+    {
+        if (!hasEdges(drawn))
+            return;
+        node.shape = m_context.shapes.Get(drawn, node.name);
+        const Matrix place = product(placeOfBody(label), toMatrix(drawn.Location()));
+        if (!place.empty())
+            node.transform = place;
+    }
+
+    /// @return the first place of the body on whose faces or edges the annotation hangs.
+    Matrix placeOfBody(const TDF_Label& label) const
+    {
+        TDF_LabelSequence first;
+        TDF_LabelSequence second;
+        m_tool->GetRefShapeLabel(label, first, second);
+        first.Append(second);
+        for (TDF_Label shape : first) {
+            while (!shape.IsNull() && XCAFDoc_ShapeTool::IsSubShape(shape))
+                shape = shape.Father();
+            const auto nodes = m_context.nodes.Find(shape);
+            if (!nodes.empty())
+                return m_places.Find(nodes.front());
+        }
+        return {};
+    }
+
+    std::vector<Handle(XCAFDimTolObjects_DatumObject)> datumsOf(const TDF_Label& tolerance) const
+    {
+        TDF_LabelSequence labels;
+        m_tool->GetDatumWithObjectOfTolerLabels(tolerance, labels);
+        std::vector<Handle(XCAFDimTolObjects_DatumObject)> datums;
+        for (const TDF_Label& label : labels) {
+            Handle(XCAFDoc_Datum) datum;
+            if (label.FindAttribute(XCAFDoc_Datum::GetID(), datum) && !datum->GetObject().IsNull())
+                datums.push_back(datum->GetObject());
+        }
+        return datums;
+    }
+
+    ReadContext& m_context;
+    NodePlaces m_places;
+    Handle(XCAFDoc_DimTolTool) m_tool;
+    std::map<EntityType, std::vector<std::unique_ptr<ModelNode>>> m_annotations;
+    std::map<std::wstring, ModelNode*> m_datums; ///< By text; not owned.
+};
+
+} // namespace
+
+void AddPmi(ReadContext& context)
+{
+    PmiBuilder builder(context);
+    builder.AddDimensions();
+    builder.AddTolerances();
+    builder.AddDatums();
+    builder.Finish();
+}
+
+} // namespace OrvikCad
