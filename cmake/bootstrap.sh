@@ -5,6 +5,7 @@ build_packages="g++ cmake ninja-build pkg-config
     libepoxy-dev libegl-dev libgl-dev libegl1 libgl1-mesa-dri libpng-dev
     guile-3.0-dev libfast-float-dev libcli11-dev libtomlplusplus-dev libembree-dev
     rapidjson-dev libassimp-dev
+    libfreetype-dev libfontconfig-dev fonts-dejavu-core
     libocct-foundation-dev libocct-modeling-data-dev libocct-modeling-algorithms-dev
     libocct-ocaf-dev libocct-data-exchange-dev"
 test_packages="libgtest-dev libgmock-dev"

@@ -53,14 +53,14 @@ bool FrameTarget::make(Surface& surface, int samples)
 {
     dropErrors();
     surface.color = makeStorage(GL_RGBA8, samples, m_width, m_height);
-    surface.depth = makeStorage(GL_DEPTH_COMPONENT24, samples, m_width, m_height);
+    surface.depth = makeStorage(GL_DEPTH24_STENCIL8, samples, m_width, m_height);
     GLuint name = 0;
     glGenFramebuffers(1, &name);
     surface.framebuffer = GlFramebuffer(name);
     glBindFramebuffer(GL_FRAMEBUFFER, name);
     glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_RENDERBUFFER,
                               surface.color.Get());
-    glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_ATTACHMENT, GL_RENDERBUFFER,
+    glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_STENCIL_ATTACHMENT, GL_RENDERBUFFER,
                               surface.depth.Get());
     const bool complete = glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE;
     return dropErrors() && complete;

@@ -8,7 +8,7 @@
 #include <TambVizCore/VizBox.h>
 
 #include <algorithm>
-#include <cmath>
+#include <utility>
 
 namespace ViewOpenGl {
 namespace {
@@ -36,41 +36,15 @@ void setColor(GLint place, const RGBAColor& color)
                 static_cast<float>(color.b) / 255.0f, static_cast<float>(color.a) / 255.0f);
 }
 
+RGBAColor opaque(RGBAColor color)
+{
+    color.a = 255;
+    return color;
+}
+
 GLenum primitiveOf(PartKind kind)
 {
     return kind == PartKind::Face ? GL_TRIANGLES : kind == PartKind::Edge ? GL_LINES : GL_POINTS;
-}
-
-bool isShown(const GeoNode& node, const RenderingOptions& options)
-{
-    switch (node.GetCategory()) {
-    case GeoNode::Category::PointCloud:
-        return options.GetShowPointClouds();
-    case GeoNode::Category::PMI:
-        return options.GetShowPMI();
-    case GeoNode::Category::Model:
-        break;
-    }
-    return true;
-}
-
-/// Writes the matrix for normals: the cofactors of the upper left 3x3 part, turned so that a mirror
-/// keeps normals outside. Their length does not matter.
-void writeNormalMatrix(const double* m, float* normal)
-{
-    double cofactors[9];
-    double largest = 0.0;
-    for (int i = 0; i < 9; ++i) {
-        const double* const a = m + 4 * ((i / 3 + 1) % 3);
-        const double* const b = m + 4 * ((i / 3 + 2) % 3);
-        const int next = (i + 1) % 3;
-        const int last = (i + 2) % 3;
-        cofactors[i] = a[next] * b[last] - a[last] * b[next];
-        largest = std::max(largest, std::abs(cofactors[i]));
-    }
-    const double sign = TambVizCore::Determinant3x3(m) < 0.0 ? -1.0 : 1.0;
-    for (int i = 0; i < 9; ++i)
-        normal[i] = static_cast<float>(largest > 0.0 ? sign * cofactors[i] / largest : 0.0);
 }
 
 /// A plane of world units in eye space: a point p is kept where plane . (p, 1) is not below 0.
@@ -118,47 +92,71 @@ Projection sampleProjection()
 
 void SceneRenderer::Prepare(const RenderingOptions& options)
 {
-    Draw(*makeSample(), options, sampleProjection(), {});
+    Node nothing(1);
+    Draw(*makeSample(), nothing, options, sampleProjection(), {}, {});
+    EndFrame();
     glFinish();
 }
 
-void SceneRenderer::Draw(Node& root, const RenderingOptions& options, Projection projection,
-                         const Background& background)
+Projection SceneRenderer::Draw(Node& root, Node& objects, const RenderingOptions& options,
+                               const Projection& projection, const Background& background,
+                               const VizBox& beyond)
 {
     beginFrame(options, projection);
-    Inherited top = {};
-    TambVizCore::SetIdentity(top.world);
-    VizBox drawn;
-    collect(root, top, drawn);
+    VizBox drawn = beyond;
+    FrameItems collector(m_gpu, options, m_frame.projection);
+    collector.Collect(root, m_items, drawn);
+    collector.Collect(objects, m_objects, drawn);
     FitDepth(m_frame.projection, drawn);
 
     glDisable(GL_BLEND);
     glDepthMask(GL_TRUE);
-    glClear(GL_DEPTH_BUFFER_BIT);
+    glClear(GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
     drawBackground(background);
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LEQUAL);
     glEnable(GL_PROGRAM_POINT_SIZE);
-    for (int i = 0; i < m_frame.clipPlaneCount; ++i)
-        glEnable(GL_CLIP_DISTANCE0 + static_cast<GLenum>(i));
-    if (options.GetShowFaces())
-        drawOpaqueFaces();
+    setClipPlanes(options);
+    enableClipPlanes(true);
+    drawOpaque(m_items, options.GetShowFaces());
     if (options.GetShowTessellation())
         drawTessellation();
-    drawEdges();
-    drawVertices();
+    enableClipPlanes(false);
+    const int planes = std::exchange(m_frame.clipPlaneCount, 0);
+    drawOpaque(m_objects, true);
+    m_frame.clipPlaneCount = planes;
+    enableClipPlanes(true);
     if (options.GetShowFaces())
-        drawTransparentFaces();
-    for (int i = 0; i < m_frame.clipPlaneCount; ++i)
-        glDisable(GL_CLIP_DISTANCE0 + static_cast<GLenum>(i));
+        drawTransparent(m_items);
+    enableClipPlanes(false);
+    m_frame.clipPlaneCount = 0;
+    drawTransparent(m_objects);
+    return m_frame.projection;
+}
+
+void SceneRenderer::DrawInset(Node& root, const RenderingOptions& options,
+                              const Projection& projection)
+{
+    m_objects.clear();
+    useProjection(options, projection);
+    VizBox drawn;
+    FrameItems(m_gpu, options, m_frame.projection).Collect(root, m_objects, drawn);
+    FitDepth(m_frame.projection, drawn);
+    glClear(GL_DEPTH_BUFFER_BIT);
+    drawOpaque(m_objects, true);
+    drawTransparent(m_objects);
+}
+
+void SceneRenderer::EndFrame()
+{
     m_gpu.EndFrame();
-    m_items.clear();
 }
 
 void SceneRenderer::Clear()
 {
     m_gpu.Clear();
     m_shaders = Shaders();
+    m_cap = SectionCap();
     m_emptyArray = GlVertexArray();
 }
 
@@ -166,73 +164,35 @@ void SceneRenderer::beginFrame(const RenderingOptions& options, const Projection
 {
     m_gpu.BeginFrame();
     m_items.clear();
-    m_transparent.clear();
+    m_objects.clear();
+    useProjection(options, projection);
+}
+
+/// What follows is drawn with another camera: every program is told anew.
+void SceneRenderer::useProjection(const RenderingOptions& options, const Projection& projection)
+{
     ++m_frame.number;
     m_frame.options = &options;
     m_frame.projection = projection;
+    m_frame.clipPlaneCount = 0;
+}
+
+void SceneRenderer::setClipPlanes(const RenderingOptions& options)
+{
     const auto& planes = options.GetClipPlanes();
     m_frame.clipPlaneCount = std::min(static_cast<int>(planes.size()), kMaxClipPlanes);
     for (int i = 0; i < m_frame.clipPlaneCount; ++i)
-        writeEyePlane(planes[static_cast<std::size_t>(i)], projection.view, m_frame.clipPlanes[i]);
+        writeEyePlane(planes[static_cast<std::size_t>(i)], m_frame.projection.view,
+                      m_frame.clipPlanes[i]);
 }
 
-void SceneRenderer::collect(Node& node, const Inherited& above, VizBox& drawn)
+void SceneRenderer::enableClipPlanes(bool enable)
 {
-    if (!node.IsVisible())
-        return;
-    Inherited state = above;
-    TambVizCore::MultiplyMatrices(above.world, node.Transform(), state.world);
-    if (node.Color()) {
-        state.color = *node.Color();
-        state.hasColor = true;
-    }
-    state.auxiliary |= node.IsAuxiliary();
-    state.flags |= node.IsHighlighted() ? PartState::kHighlighted : 0u;
-    state.flags |= node.IsSelected() ? PartState::kSelected : 0u;
-    GeoNode* const geoNode = node.AsGeoNode();
-    if (geoNode != nullptr && geoNode->GetGeometry() != nullptr &&
-        isShown(*geoNode, *m_frame.options))
-        addItem(*geoNode, state, drawn);
-    for (std::size_t i = 0; i < node.ChildCount(); ++i)
-        collect(*node.ChildAt(i), state, drawn);
-}
-
-void SceneRenderer::addItem(GeoNode& node, const Inherited& state, VizBox& drawn)
-{
-    double modelView[16];
-    TambVizCore::MultiplyMatrices(m_frame.projection.view, state.world, modelView);
-    const VizBox box = node.GetGeometry()->BoundingBox().Transformed(modelView);
-    if (!IsInSight(m_frame.projection, box))
-        return;
-    drawn.Add(box);
-    Item item;
-    item.node = &node;
-    item.geometry = &m_gpu.Geometry(node);
-    item.states = &m_gpu.Node(node);
-    std::transform(modelView, modelView + 16, item.modelView,
-                   [](double value) { return static_cast<float>(value); });
-    writeNormalMatrix(modelView, item.normalMatrix);
-    item.hasColor = state.hasColor;
-    item.color = state.hasColor ? state.color : m_frame.options->GetDefaultBodyColor();
-    item.isOwnColored =
-        state.hasColor && (state.auxiliary || node.GetCategory() != GeoNode::Category::Model);
-    const bool usesColors = !item.hasColor && item.geometry->colors;
-    item.hasTransparency = item.states->hasTransparentParts ||
-                           (usesColors ? item.geometry->hasTransparentColors : item.color.a != 255);
-    item.hasOpacity = usesColors || item.color.a == 255 || item.states->needsParts;
-    item.flags = state.flags;
-    item.mirrored = TambVizCore::Determinant3x3(modelView) < 0.0;
-    item.culled = mayCull(item, box);
-    item.depth = -(box.Lo()[2] + box.Hi()[2]) / 2.0;
-    m_items.push_back(item);
-}
-
-bool SceneRenderer::mayCull(const Item& item, const VizBox& box) const
-{
-    // Whoever looks into a body through a gap sees its backs.
-    const bool eyeInside = !m_frame.projection.orthographic && box.Hi()[2] >= 0.0;
-    return item.node->GetGeometry()->IsClosed() && !item.states->hasHiddenParts &&
-           m_frame.clipPlaneCount == 0 && !eyeInside;
+    for (int i = 0; i < m_frame.clipPlaneCount; ++i)
+        if (enable)
+            glEnable(GL_CLIP_DISTANCE0 + static_cast<GLenum>(i));
+        else
+            glDisable(GL_CLIP_DISTANCE0 + static_cast<GLenum>(i));
 }
 
 void SceneRenderer::drawBackground(const Background& background)
@@ -251,38 +211,44 @@ void SceneRenderer::drawBackground(const Background& background)
     glDrawArrays(GL_TRIANGLES, 0, 3);
 }
 
-void SceneRenderer::drawOpaqueFaces()
+void SceneRenderer::drawOpaque(const std::vector<FrameItem>& items, bool faces)
 {
-    glEnable(GL_POLYGON_OFFSET_FILL);
-    glPolygonOffset(kFaceSlopeOffset, 0.0f);
-    for (const Item& item : m_items) {
-        if (item.hasTransparency)
-            m_transparent.push_back(&item);
-        if (item.hasOpacity)
-            drawFaces(item, Layer::Opaque);
+    if (faces) {
+        glEnable(GL_POLYGON_OFFSET_FILL);
+        glPolygonOffset(kFaceSlopeOffset, 0.0f);
+        for (const FrameItem& item : items)
+            if (item.hasOpacity)
+                drawFaces(item, Layer::Opaque);
+        glDisable(GL_CULL_FACE);
+        drawCaps();
+        glDisable(GL_POLYGON_OFFSET_FILL);
     }
-    glDisable(GL_POLYGON_OFFSET_FILL);
-    glDisable(GL_CULL_FACE);
+    drawEdges(items);
+    drawVertices(items);
 }
 
-void SceneRenderer::drawTransparentFaces()
+void SceneRenderer::drawTransparent(const std::vector<FrameItem>& items)
 {
+    m_transparent.clear();
+    for (const FrameItem& item : items)
+        if (item.hasTransparency)
+            m_transparent.push_back(&item);
     if (m_transparent.empty())
         return;
     std::sort(m_transparent.begin(), m_transparent.end(),
-              [](const Item* a, const Item* b) { return a->depth > b->depth; });
+              [](const FrameItem* a, const FrameItem* b) { return a->depth > b->depth; });
     glEnable(GL_BLEND);
     // The picture's own alpha is that of what lies behind, made denser.
     glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
     glDepthMask(GL_FALSE);
-    for (const Item* const item : m_transparent)
+    for (const FrameItem* const item : m_transparent)
         drawFaces(*item, Layer::Transparent);
     glDepthMask(GL_TRUE);
     glDisable(GL_BLEND);
     glDisable(GL_CULL_FACE);
 }
 
-void SceneRenderer::drawFaces(const Item& item, Layer layer)
+void SceneRenderer::drawFaces(const FrameItem& item, Layer layer)
 {
     if (item.culled)
         glEnable(GL_CULL_FACE);
@@ -298,6 +264,68 @@ void SceneRenderer::drawFaces(const Item& item, Layer layer)
     drawKind(item, style);
 }
 
+/// Closes the bodies that section planes have cut open: per body and plane, the stencil counts the
+/// backs less the fronts behind each pixel of what is kept; where they differ, the plane lies
+/// inside the body.
+void SceneRenderer::drawCaps()
+{
+    if (m_frame.clipPlaneCount == 0)
+        return;
+    glEnable(GL_STENCIL_TEST);
+    for (int plane = 0; plane < m_frame.clipPlaneCount; ++plane)
+        for (const FrameItem& item : m_items)
+            if (item.hasOpacity && item.node->GetGeometry()->IsClosed() &&
+                !item.states->hasHiddenParts && m_cap.Place(m_frame.clipPlanes[plane], item.box)) {
+                countBehindPlane(item, plane);
+                drawCap(item, plane);
+            }
+    glDisable(GL_STENCIL_TEST);
+    enableClipPlanes(true);
+}
+
+void SceneRenderer::countBehindPlane(const FrameItem& item, int plane)
+{
+    enableClipPlanes(false);
+    glEnable(GL_CLIP_DISTANCE0 + static_cast<GLenum>(plane));
+    glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
+    glDepthMask(GL_FALSE);
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_CULL_FACE);
+    glFrontFace(item.mirrored ? GL_CW : GL_CCW);
+    glStencilFunc(GL_ALWAYS, 0, 0xFF);
+    glStencilOpSeparate(GL_FRONT, GL_KEEP, GL_KEEP, GL_DECR_WRAP);
+    glStencilOpSeparate(GL_BACK, GL_KEEP, GL_KEEP, GL_INCR_WRAP);
+    drawKind(item, Style{});
+    glEnable(GL_DEPTH_TEST);
+    glDepthMask(GL_TRUE);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+}
+
+void SceneRenderer::drawCap(const FrameItem& item, int plane)
+{
+    enableClipPlanes(true);
+    glDisable(GL_CLIP_DISTANCE0 + static_cast<GLenum>(plane));
+    ShaderFeatures features;
+    features.normals = true;
+    features.clip = true;
+    Shader* const shader = m_shaders.Get(features);
+    if (shader == nullptr)
+        return;
+    FrameItem flat = item;
+    std::fill(std::begin(flat.modelView), std::end(flat.modelView), 0.0f);
+    for (int i = 0; i < 4; ++i)
+        flat.modelView[5 * i] = 1.0f;
+    std::fill(std::begin(flat.normalMatrix), std::end(flat.normalMatrix), 0.0f);
+    flat.normalMatrix[0] = flat.normalMatrix[4] = flat.normalMatrix[8] = 1.0f;
+    glUseProgram(shader->program.Get());
+    setFrameUniforms(*shader);
+    setUniforms(*shader, flat, Style{.color = opaque(item.color)});
+    glStencilFunc(GL_NOTEQUAL, 0, 0xFF);
+    // What was looked at is cleared for the next body.
+    glStencilOp(GL_ZERO, GL_ZERO, GL_ZERO);
+    m_cap.Draw();
+}
+
 void SceneRenderer::drawTessellation()
 {
     glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
@@ -305,17 +333,17 @@ void SceneRenderer::drawTessellation()
     style.color = m_frame.options->GetDefaultTessEdgeColor();
     style.towardEyePixels = kLinePixels;
     glLineWidth(1.0f);
-    for (const Item& item : m_items)
+    for (const FrameItem& item : m_items)
         drawKind(item, style);
     glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
 }
 
-void SceneRenderer::drawEdges()
+void SceneRenderer::drawEdges(const std::vector<FrameItem>& items)
 {
     Style style;
     style.kind = PartKind::Edge;
     style.towardEyePixels = kLinePixels;
-    for (const Item& item : m_items) {
+    for (const FrameItem& item : items) {
         if (!m_frame.options->GetShowEdges() && !item.isOwnColored &&
             item.node->GetCategory() == GeoNode::Category::Model)
             continue;
@@ -325,12 +353,12 @@ void SceneRenderer::drawEdges()
     }
 }
 
-void SceneRenderer::drawVertices()
+void SceneRenderer::drawVertices(const std::vector<FrameItem>& items)
 {
     Style style;
     style.kind = PartKind::Vertex;
     style.towardEyePixels = kPointPixels;
-    for (const Item& item : m_items) {
+    for (const FrameItem& item : items) {
         const bool isCloud = item.node->GetCategory() == GeoNode::Category::PointCloud;
         if (!m_frame.options->GetShowVertices() && !isCloud && !item.isOwnColored)
             continue;
@@ -340,7 +368,7 @@ void SceneRenderer::drawVertices()
     }
 }
 
-void SceneRenderer::drawKind(const Item& item, const Style& style)
+void SceneRenderer::drawKind(const FrameItem& item, const Style& style)
 {
     GpuGeometry& gpu = *item.geometry;
     const GpuPrimitives& primitives = gpu.primitives[PrimitiveSlot(style.kind)];
@@ -381,7 +409,7 @@ void SceneRenderer::setFrameUniforms(Shader& shader)
     glUniform4fv(shader.clipPlanes, kMaxClipPlanes, m_frame.clipPlanes[0]);
 }
 
-void SceneRenderer::setUniforms(Shader& shader, const Item& item, const Style& style)
+void SceneRenderer::setUniforms(Shader& shader, const FrameItem& item, const Style& style)
 {
     glUniformMatrix4fv(shader.modelView, 1, GL_FALSE, item.modelView);
     glUniformMatrix3fv(shader.normalMatrix, 1, GL_FALSE, item.normalMatrix);

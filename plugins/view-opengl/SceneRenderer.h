@@ -1,8 +1,10 @@
 #ifndef VIEWOPENGL_SCENERENDERER_H
 #define VIEWOPENGL_SCENERENDERER_H
 
+#include "FrameItems.h"
 #include "GpuScene.h"
 #include "Projection.h"
+#include "SectionCap.h"
 #include "Shaders.h"
 
 #include <TambVizCore/PartKind.h>
@@ -12,10 +14,8 @@
 #include <vector>
 
 namespace TambVizCore {
-class GeoNode;
 class Node;
 class RenderingOptions;
-class VizBox;
 } // namespace TambVizCore
 
 namespace ViewOpenGl {
@@ -29,9 +29,10 @@ struct Background
 
 /// Draws a scene into the framebuffer that is bound. The context is current in every call.
 ///
-/// A frame collects the bodies in sight, then draws opaque faces, lines, points, and last what is
-/// transparent, from back to front. Each body is one draw call a kind: the states of its parts are
-/// looked up by the shader. @thread Main thread.
+/// A frame collects the bodies in sight, then draws opaque faces, the caps of section planes,
+/// lines, points, what is drawn beside the model, and last what is transparent, from back to front.
+/// Each body is one draw call a kind: the states of its parts are looked up by the shader.
+/// @thread Main thread.
 class SceneRenderer
 {
 public:
@@ -39,9 +40,24 @@ public:
     /// compiler of the driver.
     void Prepare(const TambVizCore::RenderingOptions& options);
 
+    /// Begins a picture, which EndFrame() ends.
+    ///
+    /// @param root        The model.
+    /// @param objects     What is drawn beside the model; no section plane cuts it.
     /// @param projection  Its depths are fitted to what is drawn.
-    void Draw(TambVizCore::Node& root, const TambVizCore::RenderingOptions& options,
-              Projection projection, const Background& background);
+    /// @param beyond      Around what the caller draws on top, in eye space.
+    /// @return the projection with its depths.
+    Projection Draw(TambVizCore::Node& root, TambVizCore::Node& objects,
+                    const TambVizCore::RenderingOptions& options, const Projection& projection,
+                    const Background& background, const TambVizCore::VizBox& beyond);
+
+    /// Draws a small scene over the picture that Draw() began, in front of everything: its own
+    /// camera, no section planes, always with faces.
+    void DrawInset(TambVizCore::Node& root, const TambVizCore::RenderingOptions& options,
+                   const Projection& projection);
+
+    /// Ends the picture: lets go of what it did not draw.
+    void EndFrame();
 
     /// Forgets everything in graphics memory.
     void Clear();
@@ -49,35 +65,6 @@ public:
     GpuScene& Gpu() { return m_gpu; }
 
 private:
-    /// What a node takes over from the nodes above it.
-    struct Inherited
-    {
-        double world[16];
-        TambVizCore::RGBAColor color;
-        bool hasColor = false;
-        bool auxiliary = false;
-        std::uint32_t flags = 0;
-    };
-
-    /// One body to draw; pointers are not owned and valid during the frame.
-    struct Item
-    {
-        TambVizCore::GeoNode* node = nullptr;
-        GpuGeometry* geometry = nullptr;
-        const GpuNode* states = nullptr;
-        float modelView[16];
-        float normalMatrix[9];
-        TambVizCore::RGBAColor color;
-        bool hasColor = false;
-        bool isOwnColored = false;    ///< Lines and points take the colour of the node.
-        bool hasTransparency = false; ///< Some places are not opaque.
-        bool hasOpacity = true;       ///< Some places may be opaque.
-        bool culled = false;          ///< Backs are not drawn.
-        bool mirrored = false;
-        std::uint32_t flags = 0;
-        double depth = 0.0; ///< Of the middle of its box.
-    };
-
     /// How the primitives of one kind are drawn.
     struct Style
     {
@@ -101,26 +88,31 @@ private:
     };
 
     void beginFrame(const TambVizCore::RenderingOptions& options, const Projection& projection);
-    void collect(TambVizCore::Node& node, const Inherited& above, TambVizCore::VizBox& drawn);
-    void addItem(TambVizCore::GeoNode& node, const Inherited& state, TambVizCore::VizBox& drawn);
-    bool mayCull(const Item& item, const TambVizCore::VizBox& box) const;
+    void useProjection(const TambVizCore::RenderingOptions& options, const Projection& projection);
+    void setClipPlanes(const TambVizCore::RenderingOptions& options);
+    void enableClipPlanes(bool enable);
     void drawBackground(const Background& background);
-    void drawOpaqueFaces();
-    void drawTransparentFaces();
-    void drawFaces(const Item& item, Layer layer);
+    void drawOpaque(const std::vector<FrameItem>& items, bool faces);
+    void drawTransparent(const std::vector<FrameItem>& items);
+    void drawFaces(const FrameItem& item, Layer layer);
+    void drawCaps();
+    void countBehindPlane(const FrameItem& item, int plane);
+    void drawCap(const FrameItem& item, int plane);
     void drawTessellation();
-    void drawEdges();
-    void drawVertices();
-    void drawKind(const Item& item, const Style& style);
+    void drawEdges(const std::vector<FrameItem>& items);
+    void drawVertices(const std::vector<FrameItem>& items);
+    void drawKind(const FrameItem& item, const Style& style);
     void setFrameUniforms(Shader& shader);
-    void setUniforms(Shader& shader, const Item& item, const Style& style);
+    void setUniforms(Shader& shader, const FrameItem& item, const Style& style);
 
     GpuScene m_gpu;
     Shaders m_shaders;
     GlVertexArray m_emptyArray; ///< For the background, which has no vertex data.
     Frame m_frame;
-    std::vector<Item> m_items;              ///< Of the frame being drawn; kept for its memory.
-    std::vector<const Item*> m_transparent; ///< The same.
+    SectionCap m_cap;
+    std::vector<FrameItem> m_items;              ///< Of the frame being drawn; kept for its memory.
+    std::vector<FrameItem> m_objects;            ///< The same; what is drawn beside the model.
+    std::vector<const FrameItem*> m_transparent; ///< The same.
 };
 
 } // namespace ViewOpenGl

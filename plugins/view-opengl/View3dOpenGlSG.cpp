@@ -55,6 +55,7 @@ View3dOpenGlSG::~View3dOpenGlSG()
     // takes them with it.
     const GlContext::Current current(*m_context);
     m_renderer.Clear();
+    textLabels().ClearGraphics();
     m_target.Clear();
 }
 
@@ -103,6 +104,7 @@ void View3dOpenGlSG::Rerender()
     if (m_context != nullptr) {
         const GlContext::Current current(*m_context);
         m_renderer.Clear();
+        textLabels().ClearGraphics();
     }
     UpdateDisplay();
 }
@@ -124,10 +126,7 @@ bool View3dOpenGlSG::ReadImage(int width, int height, TambVizCore::Image& image)
                        << " now" << std::endl;
         return false;
     }
-    Background background;
-    GetViewportBackground(1, background.top);
-    GetViewportBackground(2, background.bottom);
-    m_renderer.Draw(*m_root, options, MakeProjection(*GetCamera(), width, height), background);
+    drawPicture(width, height);
     if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
         OrvikCore::dbg << "-- view: OpenGL error " << error << " while drawing" << std::endl;
         return false;

@@ -4,6 +4,7 @@
 #include "FrameTarget.h"
 #include "GlContext.h"
 #include "SceneRenderer.h"
+#include "ViewObjects.h"
 
 #include <OrvikCore/AView3D.h>
 #include <TambVizCore/RGBAColor.h>
@@ -13,6 +14,10 @@
 #include <memory>
 #include <optional>
 
+namespace OrvikCore {
+class ViewOpDrag;
+}
+
 namespace ViewOpenGl {
 
 /// The 3D view: draws the scene with OpenGL into a framebuffer of its own.
@@ -20,7 +25,7 @@ namespace ViewOpenGl {
 /// The context is made when something is to be drawn for the first time, so a run without pictures
 /// never pays for it. Hover and surface points are rays through the spatial indexes of the scene.
 /// @thread Main thread.
-class View3dOpenGlSG : public OrvikCore::AView3D
+class View3dOpenGlSG : public OrvikCore::AView3D, public ViewObjects
 {
 public:
     View3dOpenGlSG();
@@ -54,8 +59,17 @@ public:
     bool SetViewportBackground(int number, const TambVizCore::RGBAColor& color) override;
     void ClearViewport() override;
 
+protected:
+    /// Follows drags with the rubber band and selects at their end, before the base does its work.
+    void ControllerNotify(OrvikCore::IViewOp* op) override;
+
 private:
     bool prepare();
+    void drawPicture(int width, int height);
+    void drawAxes(const Projection& projection, int width, int height);
+    void drawOverlay(int width, int height);
+    void followDrag(const OrvikCore::ViewOpDrag& op);
+    void selectInBand();
     bool pickAtPixel(int x, int y, TambVizCore::PartKinds kinds,
                      TambVizCore::ScenePickResult& result);
 
@@ -66,6 +80,8 @@ private:
     SceneRenderer m_renderer;
     FrameTarget m_target;
     std::optional<TambVizCore::RGBAColor> m_background[2];
+    /// Of the drag being followed: where it began, and its last point on the way.
+    std::optional<PixelRectangle> m_band;
     int m_width = 0;
     int m_height = 0;
     mutable float m_center[3] = {0.0f, 0.0f, 0.0f}; ///< Answer of GetGeometryCenter.

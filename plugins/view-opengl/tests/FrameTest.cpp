@@ -190,7 +190,8 @@ protected:
         Projection projection;
         TambVizCore::SetIdentity(projection.view);
         projection.halfHeight = 1.0;
-        m_renderer.Draw(m_root, m_options, projection, {});
+        m_renderer.Draw(m_root, m_objects, m_options, projection, {}, {});
+        m_renderer.EndFrame();
         EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
     }
 
@@ -199,6 +200,7 @@ protected:
     FrameTarget m_target;
     SceneRenderer m_renderer;
     Node m_root{1};
+    Node m_objects{1};
     TambVizCore::RenderingOptions m_options;
 };
 

@@ -53,6 +53,53 @@ std::shared_ptr<const Geometry> MakeLine(float z)
     return Build(builder);
 }
 
+namespace {
+
+/// Adds the corners and triangles of a box; @p turn 1 faces outwards, -1 inwards.
+void addBox(float half, int turn, std::vector<float>& positions,
+            std::vector<std::uint32_t>& triangles)
+{
+    const auto first = static_cast<std::uint32_t>(positions.size() / 3);
+    for (int corner = 0; corner < 8; ++corner)
+        for (int axis = 0; axis < 3; ++axis)
+            positions.push_back(((corner >> axis) & 1) != 0 ? half : -half);
+    // Each side by its corners, anticlockwise seen from outside.
+    constexpr std::uint32_t kSides[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4},
+                                            {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
+    for (const auto& side : kSides)
+        for (const int corner : {0, 1, 2, 0, 2, 3})
+            triangles.push_back(first + side[turn > 0 ? corner : 3 - corner]);
+}
+
+std::shared_ptr<const Geometry> buildClosed(std::vector<float>&& positions,
+                                            std::vector<std::uint32_t>&& triangles)
+{
+    GeometryBuilder builder;
+    builder.SetPositions(SharedArray<float>(std::move(positions)))
+        .SetTriangles(SharedArray<std::uint32_t>(std::move(triangles)))
+        .SetClosed(true);
+    return Build(builder);
+}
+
+} // namespace
+
+std::shared_ptr<const Geometry> MakeBox(float half)
+{
+    std::vector<float> positions;
+    std::vector<std::uint32_t> triangles;
+    addBox(half, 1, positions, triangles);
+    return buildClosed(std::move(positions), std::move(triangles));
+}
+
+std::shared_ptr<const Geometry> MakeHollowBox(float outerHalf, float innerHalf)
+{
+    std::vector<float> positions;
+    std::vector<std::uint32_t> triangles;
+    addBox(outerHalf, 1, positions, triangles);
+    addBox(innerHalf, -1, positions, triangles);
+    return buildClosed(std::move(positions), std::move(triangles));
+}
+
 std::shared_ptr<const Geometry> MakePoint()
 {
     GeometryBuilder builder;

@@ -32,6 +32,12 @@ std::shared_ptr<const TambVizCore::Geometry> Build(TambVizCore::GeometryBuilder&
 /// A line from (-0.5, 0, z) to (0.5, 0, z), edge 0.
 std::shared_ptr<const TambVizCore::Geometry> MakeLine(float z);
 
+/// A closed box from -half to half, facing outwards.
+std::shared_ptr<const TambVizCore::Geometry> MakeBox(float half);
+
+/// A closed body between an outer and an inner box.
+std::shared_ptr<const TambVizCore::Geometry> MakeHollowBox(float outerHalf, float innerHalf);
+
 /// One point at the origin, vertex 0.
 std::shared_ptr<const TambVizCore::Geometry> MakePoint();
 

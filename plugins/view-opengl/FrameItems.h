@@ -1,0 +1,80 @@
+#ifndef VIEWOPENGL_FRAMEITEMS_H
+#define VIEWOPENGL_FRAMEITEMS_H
+
+#include "GpuScene.h"
+#include "Projection.h"
+
+#include <TambVizCore/RGBAColor.h>
+#include <TambVizCore/VizBox.h>
+
+#include <cstdint>
+#include <vector>
+
+namespace TambVizCore {
+class GeoNode;
+class Node;
+class RenderingOptions;
+} // namespace TambVizCore
+
+namespace ViewOpenGl {
+
+/// One body to draw in a frame; pointers are not owned and valid during the frame.
+struct FrameItem
+{
+    TambVizCore::GeoNode* node = nullptr;
+    GpuGeometry* geometry = nullptr;
+    const GpuNode* states = nullptr;
+    float modelView[16] = {};
+    float normalMatrix[9] = {};
+    TambVizCore::RGBAColor color;
+    bool hasColor = false;
+    bool isOwnColored = false;    ///< Lines and points take the colour of the node.
+    bool hasTransparency = false; ///< Some places are not opaque.
+    bool hasOpacity = true;       ///< Some places may be opaque.
+    bool culled = false;          ///< Backs are not drawn.
+    bool mirrored = false;
+    bool auxiliary = false; ///< Drawn beside the model: no section plane cuts it.
+    std::uint32_t flags = 0;
+    TambVizCore::VizBox box; ///< In eye space.
+    double depth = 0.0;      ///< Of the middle of the box.
+};
+
+/// Collects the bodies in sight of one frame. @thread Main thread, with the context current.
+class FrameItems
+{
+public:
+    /// @param gpu  Not owned; gives each body its place in graphics memory.
+    FrameItems(GpuScene& gpu, const TambVizCore::RenderingOptions& options,
+               const Projection& projection);
+
+    /// Adds what is visible below a node to @p items.
+    ///
+    /// @param drawn  grows by the boxes of what is in sight, in eye space.
+    void Collect(TambVizCore::Node& root, std::vector<FrameItem>& items,
+                 TambVizCore::VizBox& drawn);
+
+private:
+    /// What a node takes over from the nodes above it.
+    struct Inherited
+    {
+        double world[16];
+        TambVizCore::RGBAColor color;
+        bool hasColor = false;
+        bool auxiliary = false;
+        std::uint32_t flags = 0;
+    };
+
+    void collect(TambVizCore::Node& node, const Inherited& above);
+    void addItem(TambVizCore::GeoNode& node, const Inherited& state);
+    bool mayCull(const FrameItem& item) const;
+
+    GpuScene& m_gpu;
+    const TambVizCore::RenderingOptions& m_options;
+    const Projection& m_projection;
+    std::vector<FrameItem>* m_items = nullptr; ///< Not owned; while collecting.
+    TambVizCore::VizBox* m_drawn = nullptr;    ///< Not owned; while collecting.
+};
+
+} // namespace ViewOpenGl
+
+#endif

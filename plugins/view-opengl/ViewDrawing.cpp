@@ -1,0 +1,77 @@
+// What the view draws into a picture, and in which order.
+#include "View3dOpenGlSG.h"
+#include "objects/AxesObject.h"
+
+#include <OrvikCore/ViewObjectManager.h>
+#include <TambVizCore/Matrix.h>
+
+#include <algorithm>
+
+namespace ViewOpenGl {
+namespace {
+
+/// The square of the axes: its share of the picture's smaller side, and pixels of the window.
+constexpr double kAxesShare = 0.18;
+constexpr int kLeastAxesPixels = 48;
+
+/// Only the turn of a view.
+void withoutPlace(const double* view, double* turn)
+{
+    std::copy_n(view, 16, turn);
+    turn[12] = turn[13] = turn[14] = 0.0;
+}
+
+} // namespace
+
+void View3dOpenGlSG::drawPicture(int width, int height)
+{
+    Background background;
+    GetViewportBackground(1, background.top);
+    GetViewportBackground(2, background.bottom);
+    Projection projection = MakeProjection(*GetCamera(), width, height);
+    prepareObjects(projection.view);
+    projection = m_renderer.Draw(*m_root, worldObjects(), *GetRenderingOptions(), projection,
+                                 background, textLabels().Bounds(projection.view));
+    const double pixelScale = m_height > 0 ? static_cast<double>(height) / m_height : 1.0;
+    if (GetViewObjectManager()->IsEnabled())
+        textLabels().Draw(projection, width, height, pixelScale);
+    drawAxes(projection, width, height);
+    drawOverlay(width, height);
+    glViewport(0, 0, width, height);
+    m_renderer.EndFrame();
+}
+
+void View3dOpenGlSG::drawAxes(const Projection& projection, int width, int height)
+{
+    const OrvikCore::AViewObject* const axes = GetViewObjectManager()->Get(kAxesName);
+    if (axes == nullptr || !axes->IsVisible())
+        return;
+    const int side =
+        std::max(kLeastAxesPixels, static_cast<int>(kAxesShare * std::min(width, height)));
+    Projection corner;
+    withoutPlace(projection.view, corner.view);
+    corner.halfHeight = AxesObject::Reach();
+    corner.pixelSize = 2.0 * corner.halfHeight / side;
+    glViewport(0, 0, side, side);
+    m_renderer.DrawInset(cornerObjects(), *GetRenderingOptions(), corner);
+}
+
+void View3dOpenGlSG::drawOverlay(int width, int height)
+{
+    const RubberBand* const band = rubberBand();
+    if (band == nullptr || !band->IsVisible() || m_width == 0 || m_height == 0)
+        return;
+    Projection pixels;
+    TambVizCore::SetIdentity(pixels.view);
+    // Window pixels count from the top left, y down.
+    pixels.view[5] = -1.0;
+    pixels.view[12] = -0.5 * m_width;
+    pixels.view[13] = 0.5 * m_height;
+    pixels.halfHeight = 0.5 * m_height;
+    pixels.aspect = static_cast<double>(m_width) / m_height;
+    pixels.pixelSize = static_cast<double>(m_height) / height;
+    glViewport(0, 0, width, height);
+    m_renderer.DrawInset(overlayObjects(), *GetRenderingOptions(), pixels);
+}
+
+} // namespace ViewOpenGl
