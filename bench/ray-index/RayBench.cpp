@@ -260,6 +260,15 @@ void pickByTree(benchmark::State& state)
     state.SetItemsProcessed(state.iterations());
 }
 
+void findInTree(benchmark::State& state)
+{
+    const OrvikRay::InstanceTree& tree = instanceTree(state.range(0));
+    Places places(15.0 * std::cbrt(static_cast<double>(state.range(0))));
+    std::vector<std::size_t> found;
+    for (auto _ : state)
+        tree.Find(through(state.range(0), places), found);
+}
+
 void sizes(benchmark::internal::Benchmark* bench)
 {
     bench->Arg(kThousand)->Arg(4 * kThousand)->Arg(16 * kThousand)->Arg(kMillion);
@@ -291,6 +300,7 @@ BENCHMARK(searchFaces<true>)->Name("Faces/search/embree")->Apply(sizes);
 BENCHMARK(searchFaces<false>)->Name("Faces/search/own")->Apply(sizes);
 BENCHMARK(pick)->Name("Pick/one_body")->Arg(kMillion)->Apply(threads);
 BENCHMARK(pickLinear)->Name("Pick/instances/linear")->Arg(5 * kThousand)->Apply(threads);
+BENCHMARK(findInTree)->Name("Pick/instances/find")->Arg(5 * kThousand);
 BENCHMARK(pickByTree)->Name("Pick/instances/tree")->Arg(5 * kThousand)->Apply(threads);
 
 } // namespace

@@ -38,28 +38,11 @@ Line::Line(const Vector3& start, const Vector3& along, double aperture, double a
 void Line::invert()
 {
     const double components[3] = {direction.x, direction.y, direction.z};
-    for (std::size_t i = 0; i < 3; ++i)
-        m_inverse[i] = components[i] == 0.0 ? kInfinity : 1.0 / components[i];
-}
-
-bool Line::Clip(const Box& box, double margin, double& enter, double& leave) const
-{
-    const double from[3] = {origin.x, origin.y, origin.z};
+    const double places[3] = {origin.x, origin.y, origin.z};
     for (std::size_t i = 0; i < 3; ++i) {
-        const double low = double{box.lo[i]} - margin - from[i];
-        const double high = double{box.hi[i]} + margin - from[i];
-        if (m_inverse[i] == kInfinity) {
-            if (low > 0.0 || high < 0.0)
-                return false;
-            continue;
-        }
-        const double first = low * m_inverse[i];
-        const double second = high * m_inverse[i];
-        enter = std::max(enter, std::min(first, second));
-        leave = std::min(leave, std::max(first, second));
+        m_origin[i] = places[i];
+        m_inverse[i] = components[i] == 0.0 ? kInfinity : 1.0 / components[i];
     }
-    // The products round: a box that is only touched must not be lost.
-    return enter <= leave + std::abs(leave) * 1e-12;
 }
 
 double Line::RadiusAt(const Box& box) const

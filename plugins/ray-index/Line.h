@@ -6,6 +6,11 @@
 
 #include <TambVizCore/IGeometryIndex.h>
 
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+
 namespace OrvikRay {
 
 /// A query's line in double precision, with what boxes are tested against. Distances along it are
@@ -43,8 +48,33 @@ public:
 private:
     void invert();
 
+    double m_origin[3];
     double m_inverse[3]; ///< Infinite where the direction is 0.
 };
+
+// In the header, because walking a tree consists of little else.
+inline bool Line::Clip(const Box& box, double margin, double& enter, double& leave) const
+{
+    double first = enter;
+    double last = leave;
+    for (std::size_t i = 0; i < 3; ++i) {
+        const double inverse = m_inverse[i];
+        const double low = double{box.lo[i]} - margin - m_origin[i];
+        const double high = double{box.hi[i]} + margin - m_origin[i];
+        if (inverse == std::numeric_limits<double>::infinity()) {
+            if (low > 0.0 || high < 0.0)
+                return false;
+            continue;
+        }
+        const bool isRising = inverse > 0.0;
+        first = std::max(first, (isRising ? low : high) * inverse);
+        last = std::min(last, (isRising ? high : low) * inverse);
+    }
+    enter = first;
+    leave = last;
+    // The products round: a box that is only touched must not be lost.
+    return first <= last + std::abs(last) * 1e-12;
+}
 
 } // namespace OrvikRay
 

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <optional>
 
 namespace TambVizCore {
 
@@ -26,11 +25,18 @@ struct WorldRay
     double ApertureAt(double distance) const { return radius + radiusGrowth * distance; }
 };
 
+/// An instance whose box the ray meets.
+struct Met
+{
+    std::size_t instance;
+    double enter; ///< Along the ray, nothing of the instance lies before; world units.
+};
+
 /// An instance that the ray may hit, with the query in the units of its geometry.
 struct Candidate
 {
     std::size_t instance;
-    const IGeometryIndex* index;
+    const IGeometryIndex* index; ///< Null for an instance scaled to nothing.
     PartKinds kinds;
     GeometryQuery query;
     std::vector<ClipPlane> planes;
@@ -65,6 +71,9 @@ bool makeWorldRay(const PickQuery& query, WorldRay& ray)
 /// The largest aperture that the ray can have inside a box.
 double largestAperture(const WorldRay& ray, const VizBox& box)
 {
+    if (ray.radiusGrowth == 0.0) {
+        return ray.radius;
+    }
     float center[3];
     box.GetCenter(center);
     const double away =
@@ -74,12 +83,13 @@ double largestAperture(const WorldRay& ray, const VizBox& box)
     return ray.ApertureAt(away + box.Radius());
 }
 
-bool meets(const WorldRay& ray, const VizBox& box)
+/// @param enter  receives where the ray enters the box grown by its aperture.
+bool meets(const WorldRay& ray, const VizBox& box, double& enter)
 {
-    double tMin = 0.0;
-    double tMax = kInfinity;
+    double leave = kInfinity;
+    enter = 0.0;
     return !box.IsEmpty() &&
-           box.Clip(ray.origin, ray.direction, largestAperture(ray, box), tMin, tMax);
+           box.Clip(ray.origin, ray.direction, largestAperture(ray, box), enter, leave);
 }
 
 /// Carries a plane of the world into the units of a geometry placed by @p m.
@@ -101,20 +111,14 @@ ClipPlane toLocal(const ClipPlane& plane, const double* m)
     return local;
 }
 
-std::optional<Candidate> makeCandidate(std::size_t position, const PickInstance& instance,
-                                       const WorldRay& ray, std::span<const ClipPlane> planes)
+void fillCandidate(std::size_t position, const PickInstance& instance, const WorldRay& ray,
+                   std::span<const ClipPlane> planes, Candidate& candidate)
 {
-    if (instance.geometry == nullptr || instance.geometry->Index() == nullptr) {
-        return std::nullopt;
-    }
-    if (!meets(ray, instance.geometry->BoundingBox().Transformed(instance.world))) {
-        return std::nullopt;
-    }
-    Candidate candidate{};
-    if (!InvertMatrix(instance.world, candidate.inverse)) {
-        return std::nullopt;
-    }
     candidate.instance = position;
+    candidate.index = nullptr;
+    if (!InvertMatrix(instance.world, candidate.inverse)) {
+        return;
+    }
     candidate.index = instance.geometry->Index();
     candidate.kinds = instance.kinds;
     std::copy(instance.world, instance.world + 16, candidate.world);
@@ -128,54 +132,117 @@ std::optional<Candidate> makeCandidate(std::size_t position, const PickInstance&
     for (const ClipPlane& plane : planes) {
         candidate.planes.push_back(toLocal(plane, instance.world));
     }
-    return candidate;
+    query.clipPlanes = candidate.planes;
 }
 
-Best findFace(std::vector<Candidate>& candidates)
+/// The instances that the ray meets, nearest first. Each is made ready when it is asked for, so
+/// that those behind what is hit cost nothing but their boxes.
+class Candidates
 {
-    Best best;
-    for (Candidate& candidate : candidates) {
-        if ((candidate.kinds & ToPartKinds(PartKind::Face)) == 0) {
-            continue;
-        }
-        GeometryHit hit;
-        if (best.candidate != nullptr) {
-            candidate.query.maxDistance = best.hit.distance;
-        }
-        if (candidate.index->FindFace(candidate.query, hit) &&
-            (best.candidate == nullptr || hit.distance < best.hit.distance)) {
-            best = {&candidate, hit};
+public:
+    Candidates(std::span<const PickInstance> instances, const WorldRay& ray,
+               std::span<const ClipPlane> planes);
+
+    /// @return the candidate of a rank, if it may reach to a distance that is not beyond a limit;
+    ///         else null, and then all of higher ranks are beyond as well. Valid while this lives.
+    Candidate* At(std::size_t rank, double limit);
+
+private:
+    std::span<const PickInstance> m_instances;
+    const WorldRay& m_ray;
+    std::span<const ClipPlane> m_planes;
+    std::vector<Met> m_met;
+    std::vector<Candidate> m_ready; ///< By rank; reserved for all, so that none moves.
+};
+
+Candidates::Candidates(std::span<const PickInstance> instances, const WorldRay& ray,
+                       std::span<const ClipPlane> planes)
+    : m_instances(instances), m_ray(ray), m_planes(planes)
+{
+    for (std::size_t i = 0; i < instances.size(); ++i) {
+        const Geometry* const geometry = instances[i].geometry;
+        double enter = 0.0;
+        if (geometry != nullptr && geometry->Index() != nullptr &&
+            meets(ray, geometry->BoundingBox().Transformed(instances[i].world), enter)) {
+            m_met.push_back({i, enter});
         }
     }
-    return best;
+    std::sort(m_met.begin(), m_met.end(), [](const Met& a, const Met& b) {
+        return a.enter < b.enter || (a.enter == b.enter && a.instance < b.instance);
+    });
+    m_ready.reserve(m_met.size());
+}
+
+Candidate* Candidates::At(std::size_t rank, double limit)
+{
+    // Hits are single precision, boxes are not: one that begins at the limit is not beyond.
+    if (rank >= m_met.size() || m_met[rank].enter > limit + std::abs(limit) * 1e-6) {
+        return nullptr;
+    }
+    while (m_ready.size() <= rank) {
+        const std::size_t instance = m_met[m_ready.size()].instance;
+        fillCandidate(instance, m_instances[instance], m_ray, m_planes, m_ready.emplace_back());
+    }
+    return &m_ready[rank];
+}
+
+bool hasKind(const Candidate& candidate, PartKind kind)
+{
+    return candidate.index != nullptr && (candidate.kinds & ToPartKinds(kind)) != 0;
+}
+
+Best findFace(Candidates& candidates)
+{
+    Best best;
+    float limit = std::numeric_limits<float>::max();
+    for (std::size_t rank = 0;; ++rank) {
+        Candidate* const candidate = candidates.At(rank, static_cast<double>(limit));
+        if (candidate == nullptr) {
+            return best;
+        }
+        candidate->query.maxDistance = limit;
+        GeometryHit hit;
+        if (!hasKind(*candidate, PartKind::Face) ||
+            !candidate->index->FindFace(candidate->query, hit)) {
+            continue;
+        }
+        // Of equally near ones, the first of the list counts.
+        if (best.candidate == nullptr || hit.distance < limit ||
+            candidate->instance < best.candidate->instance) {
+            best = {candidate, hit};
+            limit = hit.distance;
+        }
+    }
 }
 
 /// Finds the edge or vertex that passes nearest to the ray, not farther away than a limit.
-Best findThin(std::vector<Candidate>& candidates, PartKind kind, const WorldRay& ray, float limit)
+Best findThin(Candidates& candidates, PartKind kind, const WorldRay& ray, float limit)
 {
     Best best;
     double bestDeviation = kInfinity;
-    for (Candidate& candidate : candidates) {
-        if ((candidate.kinds & ToPartKinds(kind)) == 0) {
-            continue;
+    for (std::size_t rank = 0;; ++rank) {
+        Candidate* const candidate = candidates.At(rank, static_cast<double>(limit));
+        if (candidate == nullptr) {
+            return best;
         }
-        candidate.query.maxDistance = limit;
+        candidate->query.maxDistance = limit;
         GeometryHit hit;
-        const bool found = kind == PartKind::Vertex
-                               ? candidate.index->FindVertex(candidate.query, hit)
-                               : candidate.index->FindEdge(candidate.query, hit);
-        if (!found) {
+        if (!hasKind(*candidate, kind) ||
+            !(kind == PartKind::Vertex ? candidate->index->FindVertex(candidate->query, hit)
+                                       : candidate->index->FindEdge(candidate->query, hit))) {
             continue;
         }
-        const double deviation = static_cast<double>(hit.deviation) * candidate.scale;
+        const double deviation = static_cast<double>(hit.deviation) * candidate->scale;
         const double tie = 1e-6 * ray.ApertureAt(static_cast<double>(hit.distance));
-        const bool nearer = best.candidate != nullptr && hit.distance < best.hit.distance;
-        if (deviation < bestDeviation - tie || (deviation <= bestDeviation + tie && nearer)) {
-            best = {&candidate, hit};
+        const bool isEarlier =
+            best.candidate != nullptr &&
+            (hit.distance < best.hit.distance ||
+             (hit.distance == best.hit.distance && candidate->instance < best.candidate->instance));
+        if (deviation < bestDeviation - tie || (deviation <= bestDeviation + tie && isEarlier)) {
+            best = {candidate, hit};
             bestDeviation = deviation;
         }
     }
-    return best;
 }
 
 void writeResult(const Best& best, const WorldRay& ray, PickResult& result)
@@ -224,7 +291,8 @@ void collect(const Node& node, const double* parentWorld, Walk& walk)
     }
     PickInstance instance;
     MultiplyMatrices(parentWorld, node.Transform(), instance.world);
-    if (!meets(walk.ray, node.SubtreeBounds().Transformed(instance.world))) {
+    double enter = 0.0;
+    if (!meets(walk.ray, node.SubtreeBounds().Transformed(instance.world), enter)) {
         return;
     }
     const GeoNode* const geoNode = node.AsGeoNode();
@@ -244,20 +312,12 @@ void collect(const Node& node, const double* parentWorld, Walk& walk)
 bool PickNearest(std::span<const PickInstance> instances, const PickQuery& query,
                  PickResult& result)
 {
-    // 1. Keep the instances whose boxes the ray meets.
+    // 1. The instances whose boxes the ray meets.
     WorldRay ray{};
     if (!makeWorldRay(query, ray)) {
         return false;
     }
-    std::vector<Candidate> candidates;
-    for (std::size_t i = 0; i < instances.size(); ++i) {
-        if (auto candidate = makeCandidate(i, instances[i], ray, query.clipPlanes)) {
-            candidates.push_back(std::move(*candidate));
-        }
-    }
-    for (Candidate& candidate : candidates) {
-        candidate.query.clipPlanes = candidate.planes;
-    }
+    Candidates candidates(instances, ray, query.clipPlanes);
 
     // 2. The nearest face; it hides what lies behind it by more than the aperture.
     const bool wantsFace = (query.kinds & ToPartKinds(PartKind::Face)) != 0;

@@ -6,7 +6,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <random>
 #include <string>
+#include <vector>
 
 namespace TambVizCore {
 namespace {
@@ -23,6 +26,31 @@ PickQuery downAt(float x, float y, double aperture = 0.0)
     query.ray = Ray(origin, direction, aperture);
     return query;
 }
+
+/// Counts what it is asked.
+class CountingIndex : public BruteForceIndex
+{
+public:
+    using BruteForceIndex::BruteForceIndex;
+
+    bool FindFace(const GeometryQuery& query, GeometryHit& hit) const override
+    {
+        ++questions;
+        return BruteForceIndex::FindFace(query, hit);
+    }
+    bool FindEdge(const GeometryQuery& query, GeometryHit& hit) const override
+    {
+        ++questions;
+        return BruteForceIndex::FindEdge(query, hit);
+    }
+    bool FindVertex(const GeometryQuery& query, GeometryHit& hit) const override
+    {
+        ++questions;
+        return BruteForceIndex::FindVertex(query, hit);
+    }
+
+    mutable int questions = 0;
+};
 
 void place(Node& node, double x, double y, double z, double scale = 1.0)
 {
@@ -272,6 +300,72 @@ TEST_F(ScenePick, KindsMayBeSwitchedOffPerInstance)
     ASSERT_TRUE(PickNearest({&instance, 1}, downAt(0.5f, 0.05f, 0.1), hit));
     EXPECT_EQ(hit.kind, PartKind::Edge);
     EXPECT_EQ(hit.instance, 0u);
+}
+
+TEST_F(ScenePick, OfEquallyNearFacesThatOfTheFirstInstanceCounts)
+{
+    PickInstance instances[3];
+    for (PickInstance& instance : instances) {
+        instance.geometry = top->GetGeometry().get();
+    }
+    instances[0].world[14] = -1.0;
+    instances[2].world[12] = -0.5; // Begins elsewhere, lies in the same plane.
+    PickResult hit;
+
+    ASSERT_TRUE(PickNearest(instances, downAt(0.25f, 0.25f), hit));
+
+    EXPECT_EQ(hit.instance, 1u);
+}
+
+TEST_F(ScenePick, WhatLiesBehindTheHitIsNotAsked)
+{
+    std::string error;
+    const auto counted = SquareBuilder().Build(error);
+    const auto* const index = new CountingIndex(*counted);
+    counted->PublishIndex(std::unique_ptr<const IGeometryIndex>(index));
+    PickInstance instances[2];
+    instances[0].geometry = counted.get();
+    instances[0].world[14] = -5.0;
+    instances[1].geometry = top->GetGeometry().get();
+    PickResult hit;
+
+    ASSERT_TRUE(PickNearest(instances, downAt(0.5f, 0.5f, 0.1), hit));
+
+    EXPECT_EQ(hit.instance, 1u);
+    EXPECT_EQ(index->questions, 0);
+}
+
+TEST_F(ScenePick, TheNearestOfManyIsThatOfLookingAtEach)
+{
+    std::mt19937 random(4);
+    std::uniform_real_distribution<double> number(-1.0, 1.0);
+    std::vector<PickInstance> instances(60);
+    for (PickInstance& instance : instances) {
+        instance.geometry = top->GetGeometry().get();
+        for (int i = 0; i < 15; ++i) {
+            instance.world[i] = i % 4 == 3 ? 0.0 : 2.0 * number(random);
+        }
+    }
+    for (int i = 0; i < 200; ++i) {
+        PickQuery query =
+            downAt(static_cast<float>(number(random)), static_cast<float>(number(random)));
+        query.kinds = ToPartKinds(PartKind::Face);
+        PickResult nearest;
+        bool isHit = false;
+        for (std::size_t at = 0; at < instances.size(); ++at) {
+            PickResult alone;
+            if (PickNearest({&instances[at], 1}, query, alone) &&
+                (!isHit || alone.distance < nearest.distance)) {
+                nearest = alone;
+                nearest.instance = at;
+                isHit = true;
+            }
+        }
+        PickResult hit;
+        ASSERT_EQ(PickNearest(instances, query, hit), isHit);
+        EXPECT_EQ(hit.instance, nearest.instance);
+        EXPECT_EQ(hit.distance, nearest.distance);
+    }
 }
 
 TEST_F(ScenePick, NormalsAreTurnedWithTheNode)
