@@ -1,5 +1,7 @@
 #include "TambVizCore/GeoNode.h"
 
+#include "TambVizCore/VisibilityStamp.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -62,6 +64,7 @@ void GeoNode::SetCategory(Category category)
     if (m_category != category) {
         m_category = category;
         touch(Change::Appearance);
+        AdvanceVisibilityStamp();
     }
 }
 
@@ -129,6 +132,9 @@ void GeoNode::SetAllParts(std::uint32_t flags, bool on)
     }
     if (changed) {
         noteChange(0, static_cast<std::uint32_t>(m_partStates.size()));
+        if ((flags & PartState::kShown) != 0) {
+            AdvanceVisibilityStamp();
+        }
     }
 }
 
@@ -172,6 +178,9 @@ bool GeoNode::setFlag(std::uint32_t partIndex, std::uint32_t flag, bool on)
     }
     m_partStates[partIndex].flags ^= flag;
     noteChange(partIndex, 1);
+    if (flag == PartState::kShown) {
+        AdvanceVisibilityStamp();
+    }
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "TambVizCore/GeoNode.h"
 #include "TambVizCore/Matrix.h"
+#include "TambVizCore/VisibilityStamp.h"
 
 #include <algorithm>
 #include <atomic>
@@ -153,6 +154,7 @@ void Node::SetVisible(bool visible)
     if (m_visible != visible) {
         m_visible = visible;
         touch(Change::Appearance);
+        AdvanceVisibilityStamp();
     }
 }
 
@@ -194,6 +196,7 @@ void Node::SetAuxiliary(bool auxiliary)
     if (m_auxiliary != auxiliary) {
         m_auxiliary = auxiliary;
         touch(Change::Appearance);
+        AdvanceVisibilityStamp();
     }
 }
 
@@ -265,6 +268,7 @@ void Node::touch(Change change)
     switch (change) {
     case Change::Structure:
         m_stamps.structure = stamp;
+        AdvanceVisibilityStamp();
         break;
     case Change::Transform:
         m_stamps.transform = stamp;

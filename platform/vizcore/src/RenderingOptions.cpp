@@ -1,6 +1,7 @@
 #include "TambVizCore/RenderingOptions.h"
 
 #include "TambVizCore/Settings.h"
+#include "TambVizCore/VisibilityStamp.h"
 
 #include <algorithm>
 
@@ -29,6 +30,15 @@ RenderingOptions RenderingOptions::CreateDefault()
     return RenderingOptions();
 }
 
+template <class T> void RenderingOptions::assignSeen(T& field, const T& value)
+{
+    const std::uint64_t before = m_revision;
+    assign(field, value);
+    if (m_revision != before) {
+        AdvanceVisibilityStamp();
+    }
+}
+
 template <class T> void RenderingOptions::assign(T& field, const T& value)
 {
     if (!(field == value)) {
@@ -39,17 +49,17 @@ template <class T> void RenderingOptions::assign(T& field, const T& value)
 
 void RenderingOptions::SetShowFaces(bool show)
 {
-    assign(m_showFaces, show);
+    assignSeen(m_showFaces, show);
 }
 
 void RenderingOptions::SetShowEdges(bool show)
 {
-    assign(m_showEdges, show);
+    assignSeen(m_showEdges, show);
 }
 
 void RenderingOptions::SetShowVertices(bool show)
 {
-    assign(m_showVertices, show);
+    assignSeen(m_showVertices, show);
 }
 
 void RenderingOptions::SetShowTessellation(bool show)
@@ -59,12 +69,12 @@ void RenderingOptions::SetShowTessellation(bool show)
 
 void RenderingOptions::SetShowPointClouds(bool show)
 {
-    assign(m_showPointClouds, show);
+    assignSeen(m_showPointClouds, show);
 }
 
 void RenderingOptions::SetShowPMI(bool show)
 {
-    assign(m_showPMI, show);
+    assignSeen(m_showPMI, show);
 }
 
 void RenderingOptions::SetDefaultBodyColor(const RGBAColor& color)
@@ -106,7 +116,7 @@ void RenderingOptions::SetClipPlanes(const std::vector<ClipPlane>& planes)
 {
     std::vector<ClipPlane> kept = planes;
     kept.resize(std::min(kept.size(), kMaxClipPlanes));
-    assign(m_clipPlanes, kept);
+    assignSeen(m_clipPlanes, kept);
 }
 
 } // namespace TambVizCore

@@ -69,6 +69,8 @@ public:
 
 private:
     template <class T> void assign(T& field, const T& value);
+    /// The same for what decides what can be picked.
+    template <class T> void assignSeen(T& field, const T& value);
 
     bool m_showFaces = true;
     bool m_showEdges = true;
