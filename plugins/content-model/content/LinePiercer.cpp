@@ -134,15 +134,14 @@ public:
     {
     }
 
-    void Run(std::span<const TambVizCore::PartState> states, std::span<const ClipPlane> planes,
-             std::vector<LineHit>& hits)
+    void Run(std::size_t position, const Visibility& seen, std::vector<LineHit>& hits)
     {
         if (!m_geometry->Index() || !TambVizCore::InvertMatrix(m_instance.world, m_inverse))
             return;
         transform(m_inverse, m_line.origin, 1.0, m_local.origin);
         transform(m_inverse, m_line.direction, 0.0, m_local.direction);
         std::vector<ClipPlane> localPlanes;
-        for (const ClipPlane& plane : planes)
+        for (const ClipPlane& plane : seen.planes)
             localPlanes.push_back(toLocal(plane, m_instance.world));
         const double start = startOfQuery();
         GeometryQuery query;
@@ -150,7 +149,7 @@ public:
             query.origin[i] = static_cast<float>(m_local.origin[i] + start * m_local.direction[i]);
             query.direction[i] = static_cast<float>(m_local.direction[i]);
         }
-        query.partStates = states;
+        query.partStates = seen.StatesOf(position, *m_geometry);
         query.clipPlanes = localPlanes;
         const std::size_t first = hits.size();
         GeometryHit hit;
@@ -228,11 +227,10 @@ Ray ToRay(const WorldLine& line)
     return {origin, direction, 1e-6 * farthest};
 }
 
-void PierceShape(const Model& model, const ModelInstance& instance, const WorldLine& line,
-                 std::span<const TambVizCore::PartState> states, std::span<const ClipPlane> planes,
-                 std::vector<LineHit>& hits)
+void PierceShape(const Model& model, std::size_t position, const ModelInstance& instance,
+                 const WorldLine& line, const Visibility& seen, std::vector<LineHit>& hits)
 {
-    Piercer(model, instance, line).Run(states, planes, hits);
+    Piercer(model, instance, line).Run(position, seen, hits);
 }
 
 } // namespace OrvikModel

@@ -1,13 +1,13 @@
 #ifndef ORVIKMODEL_CONTENT_LINEPIERCER_H
 #define ORVIKMODEL_CONTENT_LINEPIERCER_H
 
-#include "content/ModelPicker.h"
+#include "content/Visibility.h"
 
-#include <TambVizCore/ClipPlane.h>
-#include <TambVizCore/PartState.h>
+#include "OrvikCore/IEntityProperties.h"
+
 #include <TambVizCore/Ray.h>
 
-#include <span>
+#include <cstddef>
 #include <vector>
 
 namespace OrvikModel {
@@ -31,11 +31,10 @@ TambVizCore::Ray ToRay(const WorldLine& line);
 /// exact surface where there is one. Places where the line meets several triangles at once, as on
 /// the side between two, count once.
 ///
-/// @param states  By part index of the shape's geometry with parts; empty: every part is shown.
-/// @param planes  World units.
-void PierceShape(const Model& model, const ModelInstance& instance, const WorldLine& line,
-                 std::span<const TambVizCore::PartState> states,
-                 std::span<const TambVizCore::ClipPlane> planes,
+/// @param position  Of the instance, for @p seen.
+/// @param seen      Its hidden parts are not met, nor what its planes cut away.
+void PierceShape(const Model& model, std::size_t position, const ModelInstance& instance,
+                 const WorldLine& line, const Visibility& seen,
                  std::vector<OrvikCore::LineHit>& hits);
 
 } // namespace OrvikModel

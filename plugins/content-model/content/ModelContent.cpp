@@ -1,6 +1,8 @@
 #include "OrvikModel/ModelContent.h"
 
+#include "OrvikModel/ModelRenderer3D.h"
 #include "content/ModelPicker.h"
+#include "content/Visibility.h"
 
 #include "OrvikCore/Document.h"
 
@@ -36,7 +38,8 @@ ModelContent::ModelContent(Document& owner, std::shared_ptr<const Model> model,
     : AContent(owner),
       m_model(std::move(model)),
       m_typeName(std::move(typeName)),
-      m_picker(std::make_unique<ModelPicker>(m_model))
+      m_link(std::make_shared<SceneLink>()),
+      m_picker(std::make_unique<ModelPicker>(m_model, m_link))
 {
 }
 
@@ -72,6 +75,12 @@ bool ModelContent::GetBoundingBox(TambVizCore::VizBox& box) const
 }
 
 void ModelContent::ClearSelection() {}
+
+bool ModelContent::TryHighlight(const TambVizCore::RenderId& id)
+{
+    return TambCommandsInfra::CallGate::Call(
+        [&] { return m_link->renderer && m_link->renderer->HighlightAlike(id); });
+}
 
 bool ModelContent::RayPick(const TambVizCore::Ray& ray, EntityId& hit)
 {

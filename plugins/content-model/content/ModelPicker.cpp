@@ -1,11 +1,15 @@
 #include "content/ModelPicker.h"
 
 #include "OrvikModel/ModelEntity.h"
+#include "OrvikModel/ModelRenderer3D.h"
 #include "content/LinePiercer.h"
 
 #include <OrvikOs/FpMasked.h>
+#include <TambCommandsInfra/CallGate.h>
 #include <TambVizCore/EntityId.h>
 #include <TambVizCore/ScenePick.h>
+#include <TambVizCore/VisibilityStamp.h>
+#include <TambVizCore/VizBox.h>
 
 #include <algorithm>
 #include <cmath>
@@ -14,6 +18,7 @@
 namespace OrvikModel {
 
 using OrvikCore::LineHit;
+using TambCommandsInfra::CallGate;
 using TambVizCore::EntityId;
 using TambVizCore::Geometry;
 using TambVizCore::PickInstance;
@@ -22,7 +27,10 @@ using TambVizCore::PickResult;
 using TambVizCore::Ray;
 using TambVizCore::VizBox;
 
-ModelPicker::ModelPicker(std::shared_ptr<const Model> model) : m_model(std::move(model)) {}
+ModelPicker::ModelPicker(std::shared_ptr<const Model> model, std::shared_ptr<const SceneLink> link)
+    : m_model(std::move(model)), m_link(std::move(link))
+{
+}
 
 ModelPicker::~ModelPicker() = default;
 
@@ -46,6 +54,22 @@ void ModelPicker::prepare() const
     });
 }
 
+/// @return what can be seen at present.
+std::shared_ptr<const Visibility> ModelPicker::visibility() const
+{
+    std::shared_ptr<const Visibility> kept = m_visibility.Get();
+    if (kept->stamp == TambVizCore::GetVisibilityStamp())
+        return kept;
+    CallGate::Call([this] {
+        Visibility now;
+        now.stamp = TambVizCore::GetVisibilityStamp();
+        if (m_link->renderer)
+            m_link->renderer->CaptureVisibility(m_instances, now);
+        m_visibility.Set(std::move(now));
+    });
+    return m_visibility.Get();
+}
+
 bool ModelPicker::Pick(const Ray& ray, TambVizCore::PartKinds kinds, EntityId& hit) const
 {
     const OrvikOs::FpMasked masked;
@@ -53,8 +77,11 @@ bool ModelPicker::Pick(const Ray& ray, TambVizCore::PartKinds kinds, EntityId& h
     PickQuery query;
     query.ray = ray;
     query.kinds = kinds;
+    const std::shared_ptr<const Visibility> seen = visibility();
+    query.clipPlanes = seen->planes;
     std::vector<std::size_t> found;
     m_tree.Find(query, found);
+    std::erase_if(found, [&seen](std::size_t position) { return seen->IsHidden(position); });
     std::vector<PickInstance> instances;
     std::vector<std::shared_ptr<const Geometry>> geometries; // A shape may change its geometry.
     instances.reserve(found.size());
@@ -63,6 +90,7 @@ bool ModelPicker::Pick(const Ray& ray, TambVizCore::PartKinds kinds, EntityId& h
         geometries.push_back(m_instances[position].node->shape->WithParts());
         PickInstance& instance = instances.emplace_back();
         instance.geometry = geometries.back().get();
+        instance.partStates = seen->StatesOf(position, *geometries.back());
         std::copy_n(m_instances[position].world, 16, instance.world);
     }
     PickResult result;
@@ -75,7 +103,7 @@ bool ModelPicker::Pick(const Ray& ray, TambVizCore::PartKinds kinds, EntityId& h
     return true;
 }
 
-bool ModelPicker::Intersect(const double* origin, const double* direction, bool /*visibleOnly*/,
+bool ModelPicker::Intersect(const double* origin, const double* direction, bool visibleOnly,
                             std::vector<LineHit>& hits) const
 {
     const OrvikOs::FpMasked masked;
@@ -87,9 +115,11 @@ bool ModelPicker::Intersect(const double* origin, const double* direction, bool 
     query.ray = ToRay(line);
     std::vector<std::size_t> found;
     m_tree.Find(query, found);
+    const auto seen = visibleOnly ? visibility() : std::make_shared<const Visibility>();
     std::vector<LineHit> all;
     for (const std::size_t position : found)
-        PierceShape(*m_model, m_instances[position], line, {}, {}, all);
+        if (!seen->IsHidden(position))
+            PierceShape(*m_model, position, m_instances[position], line, *seen, all);
     if (all.empty())
         return false;
     std::stable_sort(all.begin(), all.end(),

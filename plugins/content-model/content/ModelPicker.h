@@ -2,11 +2,12 @@
 #define ORVIKMODEL_CONTENT_MODELPICKER_H
 
 #include "OrvikModel/Model.h"
+#include "content/Visibility.h"
 
 #include "OrvikCore/IEntityProperties.h"
 
+#include <OrvikOs/Snapshot.h>
 #include <TambVizCore/PartKind.h>
-#include <TambVizCore/VizBox.h>
 
 #include <OrvikRay/InstanceTree.h>
 
@@ -22,22 +23,19 @@ class Ray;
 
 namespace OrvikModel {
 
-/// A shape of a model where it stands in the world.
-struct ModelInstance
-{
-    const ModelNode* node = nullptr; ///< Not owned; lives as long as the model.
-    double world[16];                ///< Column-major.
-};
-
 /// Answers the picks of a content. Parts and index of a shape are made when a ray meets its box for
 /// the first time.
+///
+/// What is hidden or cut away in the scene is not hit. The picker keeps a copy of that state, which
+/// crosses the call gate again only after something has changed: a loop of picks never does.
 ///
 /// @thread  Any thread, any number at the same time.
 class ModelPicker
 {
 public:
     /// @param model  Not null; shared.
-    explicit ModelPicker(std::shared_ptr<const Model> model);
+    /// @param link   Not null; to what draws the model.
+    ModelPicker(std::shared_ptr<const Model> model, std::shared_ptr<const SceneLink> link);
     ~ModelPicker();
     ModelPicker(const ModelPicker&) = delete;
     ModelPicker& operator=(const ModelPicker&) = delete;
@@ -54,11 +52,14 @@ public:
 
 private:
     void prepare() const;
+    std::shared_ptr<const Visibility> visibility() const;
 
     std::shared_ptr<const Model> m_model;
+    std::shared_ptr<const SceneLink> m_link;
     mutable std::once_flag m_prepareOnce;
     mutable std::vector<ModelInstance> m_instances; ///< Written once under m_prepareOnce.
     mutable OrvikRay::InstanceTree m_tree;          ///< Likewise; over the boxes of m_instances.
+    mutable OrvikOs::Snapshot<Visibility> m_visibility;
 };
 
 } // namespace OrvikModel

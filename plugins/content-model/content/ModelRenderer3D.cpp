@@ -3,12 +3,14 @@
 #include "OrvikModel/ModelContent.h"
 #include "OrvikModel/ModelEntity.h"
 #include "content/SceneNodes.h"
+#include "content/Visibility.h"
 
 #include <OrvikOs/FpMasked.h>
 #include <TambVizCore/EntityId.h>
 #include <TambVizCore/GeoNode.h>
 #include <TambVizCore/IView3D.h>
 #include <TambVizCore/RenderId.h>
+#include <TambVizCore/SelectionHolder.h>
 #include <TambVizCore/Utils.h>
 
 #include <algorithm>
@@ -37,12 +39,18 @@ std::uint64_t freeChildId(const Node& parent, std::uint64_t wanted)
 } // namespace
 
 ModelRenderer3D::ModelRenderer3D(ModelContent& drawn, TambVizCore::IView3D& view)
-    : IContentRenderer(&drawn), m_model(drawn.GetModel()), m_view(view)
+    : IContentRenderer(&drawn),
+      m_model(drawn.GetModel()),
+      m_link(drawn.GetSceneLink()),
+      m_view(view)
 {
+    m_link->renderer = this;
 }
 
 ModelRenderer3D::~ModelRenderer3D()
 {
+    if (m_link->renderer == this)
+        m_link->renderer = nullptr;
     ModelRenderer3D::discard();
 }
 
@@ -249,6 +257,34 @@ bool ModelRenderer3D::GetBodyList(std::vector<EntityId>& bodies)
     for (const ModelNode* node : m_model->InOrder())
         if (node->shape && node->kind != NodeKind::Annotation)
             bodies.push_back(MakeEntity(*m_model, *node));
+    return true;
+}
+
+void ModelRenderer3D::CaptureVisibility(const std::vector<ModelInstance>& instances,
+                                        Visibility& visibility) const
+{
+    if (const Node* node = contentNode())
+        OrvikModel::CaptureVisibility(instances, m_view, *node, visibility);
+}
+
+bool ModelRenderer3D::HighlightAlike(const RenderId& id)
+{
+    Match match;
+    TambVizCore::SelectionHolder* marks = m_view.GetSelectionHolder();
+    if (!marks || !findNode(id, match))
+        return false;
+    marks->Highlight(id);
+    if (!match.node || !match.node->shape)
+        return true;
+    for (const ModelNode* node : m_model->InOrder()) {
+        const Node* scene = node->shape == match.node->shape ? sceneNode(*node) : nullptr;
+        if (!scene)
+            continue;
+        RenderId alike = scene->GetRenderId();
+        if (match.partId != 0)
+            alike.AddValue(match.partId);
+        marks->AddHighlight(alike);
+    }
     return true;
 }
 

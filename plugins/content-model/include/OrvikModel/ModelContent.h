@@ -14,6 +14,7 @@
 namespace OrvikModel {
 
 class ModelPicker;
+struct SceneLink;
 
 /// A model in a document, whatever plugin read it: answers picks and what is asked of its entities.
 ///
@@ -41,6 +42,9 @@ public:
     std::string GetTypeName() const override;
     bool GetBoundingBox(TambVizCore::VizBox& box) const override;
     void ClearSelection() override;
+    /// Highlights the item and, where its shape stands in several places, the same of each.
+    /// @return true when the id is one of what draws this content.
+    bool TryHighlight(const TambVizCore::RenderId& id) override;
     bool RayPick(const TambVizCore::Ray& ray, TambVizCore::EntityId& hit) override;
     bool RayPickKind(const TambVizCore::Ray& ray, TambVizCore::PartKind kind,
                      TambVizCore::EntityId& hit) override;
@@ -71,9 +75,13 @@ public:
     /// @return never null; shared with the renderers.
     const std::shared_ptr<const Model>& GetModel() const { return m_model; }
 
+    /// @return never null; leads to the 3D renderer of this content. Main thread.
+    const std::shared_ptr<SceneLink>& GetSceneLink() const { return m_link; }
+
 private:
     std::shared_ptr<const Model> m_model;
     std::string m_typeName;
+    std::shared_ptr<SceneLink> m_link; ///< Shared with the 3D renderer.
     std::unique_ptr<ModelPicker> m_picker;
 };
 

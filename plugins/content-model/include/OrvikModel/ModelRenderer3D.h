@@ -20,6 +20,9 @@ class Node;
 namespace OrvikModel {
 
 class ModelContent;
+struct ModelInstance;
+struct SceneLink;
+struct Visibility;
 
 /// Draws a model into a 3D view: one scene node for the content under the scene's root, and below
 /// it one for each node of the model that stands in space, with the node's number as id and its
@@ -53,6 +56,14 @@ public:
     std::wstring GetToolTip(const TambVizCore::RenderId& id) override;
     bool GetBodyList(std::vector<TambVizCore::EntityId>& bodies) override;
 
+    /// Copies what of the model can be seen; everything while nothing is drawn.
+    void CaptureVisibility(const std::vector<ModelInstance>& instances,
+                           Visibility& visibility) const;
+
+    /// Highlights an item and, where its shape stands in several places, the same of each.
+    /// @return false when the id is not one of this renderer.
+    bool HighlightAlike(const TambVizCore::RenderId& id);
+
 private:
     void discard() override;
 
@@ -72,9 +83,10 @@ private:
     void setBounds();
 
     std::shared_ptr<const Model> m_model;
-    TambVizCore::IView3D& m_view; ///< Not owned.
-    std::uint64_t m_nodeId = 0;   ///< Of the content's node; 0 while nothing is drawn.
-    double m_sag = 0.0;           ///< As handed to ModelShape::Retessellate.
+    std::shared_ptr<SceneLink> m_link; ///< Shared with the content; leads here while this lives.
+    TambVizCore::IView3D& m_view;      ///< Not owned.
+    std::uint64_t m_nodeId = 0;        ///< Of the content's node; 0 while nothing is drawn.
+    double m_sag = 0.0;                ///< As handed to ModelShape::Retessellate.
     double m_maxAngleDegrees = 0.0;
 };
 

@@ -1,0 +1,74 @@
+#ifndef ORVIKMODEL_CONTENT_VISIBILITY_H
+#define ORVIKMODEL_CONTENT_VISIBILITY_H
+
+#include "OrvikModel/Model.h"
+
+#include <TambVizCore/ClipPlane.h>
+#include <TambVizCore/Geometry.h>
+#include <TambVizCore/PartState.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <unordered_map>
+#include <vector>
+
+namespace TambVizCore {
+class IView3D;
+class Node;
+} // namespace TambVizCore
+
+namespace OrvikModel {
+
+class ModelRenderer3D;
+
+/// A shape of a model where it stands in the world.
+struct ModelInstance
+{
+    const ModelNode* node = nullptr; ///< Not owned; lives as long as the model.
+    double world[16];                ///< Column-major.
+};
+
+/// What of a model could be seen at one moment: a copy of what the scene says, for picks on the
+/// worker.
+struct Visibility
+{
+    /// The states of an instance's parts, some of them hidden.
+    struct Mask
+    {
+        std::shared_ptr<const TambVizCore::Geometry> geometry; ///< Whose parts they are.
+        std::vector<TambVizCore::PartState> states;
+    };
+
+    bool IsHidden(std::size_t instance) const { return !hidden.empty() && hidden[instance]; }
+
+    /// @return the states of the parts of @p geometry in an instance; empty when all are shown.
+    std::span<const TambVizCore::PartState> StatesOf(std::size_t instance,
+                                                     const TambVizCore::Geometry& geometry) const;
+
+    std::uint64_t stamp = 0;  ///< TambVizCore::GetVisibilityStamp() of that moment; 0 for none.
+    std::vector<bool> hidden; ///< By instance; empty when nothing is hidden.
+    std::unordered_map<std::size_t, Mask> masks; ///< By instance.
+    std::vector<TambVizCore::ClipPlane> planes;  ///< World units.
+};
+
+/// Copies what a view says of the instances of a model. What has no scene node is hidden.
+///
+/// @param instances   In the order of their nodes' numbers.
+/// @param contentNode The scene node that all are below.
+/// @thread  Main thread.
+void CaptureVisibility(const std::vector<ModelInstance>& instances, TambVizCore::IView3D& view,
+                       const TambVizCore::Node& contentNode, Visibility& visibility);
+
+/// Leads from a content to what draws it. Shared by both; each may go first.
+///
+/// @thread  Main thread.
+struct SceneLink
+{
+    ModelRenderer3D* renderer = nullptr; ///< Not owned; null while nothing draws the content.
+};
+
+} // namespace OrvikModel
+
+#endif
