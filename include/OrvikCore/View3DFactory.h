@@ -13,6 +13,8 @@ class IView3D;
 
 namespace OrvikCore {
 
+class ACamera;
+
 class AView3DControllerAdapter;
 
 /// Makes the 3D views of sessions from the view plugin named in the configuration.
@@ -51,7 +53,12 @@ public:
     ///         or when the plugin does not give one.
     AView3DControllerAdapter* CreateView3DControllerAdapter();
 
-    /// @return the factory of cameras; valid until Terminate(), empty before Init().
+    /// Adds a camera of a plugin (transferred in; null is ignored) to the factory of cameras. A
+    /// name that is there already is never found again.
+    void AddCameraPrototype(ACamera* prototype);
+
+    /// @return the factory of cameras; valid until Terminate(), without the core's own before
+    /// Init().
     const ACameraFactory& GetCameraFactory() const;
 
 private:

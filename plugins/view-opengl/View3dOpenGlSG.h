@@ -16,7 +16,8 @@
 
 namespace OrvikCore {
 class ViewOpDrag;
-}
+class ViewOpZoom;
+} // namespace OrvikCore
 
 namespace ViewOpenGl {
 
@@ -60,7 +61,8 @@ public:
     void ClearViewport() override;
 
 protected:
-    /// Follows drags with the rubber band and selects at their end, before the base does its work.
+    /// Zooms to the pointer; follows drags with the rubber band and selects at their end, before
+    /// the base does its work.
     void ControllerNotify(OrvikCore::IViewOp* op) override;
 
 private:
@@ -70,6 +72,7 @@ private:
     void drawOverlay(int width, int height);
     void followDrag(const OrvikCore::ViewOpDrag& op);
     void selectInBand();
+    void zoomToPointer(OrvikCore::ViewOpZoom& op);
     bool pickAtPixel(int x, int y, TambVizCore::PartKinds kinds,
                      TambVizCore::ScenePickResult& result);
 

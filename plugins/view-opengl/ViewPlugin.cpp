@@ -1,7 +1,10 @@
+#include "PerspectiveCamera.h"
 #include "View3dOpenGlSG.h"
 
 #include <OrvikCore/APluginFactory.h>
+#include <OrvikCore/View3DFactory.h>
 
+#include <memory>
 #include <string_view>
 
 namespace ViewOpenGl {
@@ -29,7 +32,17 @@ protected:
         setDescription(L"Draws the 3D view with OpenGL");
     }
 
-    void doInitialize(void** const) override { m_initialized = true; }
+    /// Adds the cameras of perspective beside the core's.
+    void doInitialize(void** const) override
+    {
+        // The factory owns what is added.
+        OrvikCore::View3DFactory& factory = OrvikCore::View3DFactory::Instance();
+        factory.AddCameraPrototype(
+            std::make_unique<PerspectiveCamera<OrvikCore::CameraYUp>>(nullptr).release());
+        factory.AddCameraPrototype(
+            std::make_unique<PerspectiveCamera<OrvikCore::CameraZUp>>(nullptr).release());
+        m_initialized = true;
+    }
 };
 
 } // namespace

@@ -128,6 +128,11 @@ AView3DControllerAdapter* View3DFactory::CreateView3DControllerAdapter()
     return static_cast<AView3DControllerAdapter*>(createObject(file, name, kView3DSection));
 }
 
+void View3DFactory::AddCameraPrototype(ACamera* prototype)
+{
+    m_cameraFactory.AddPrototype(prototype);
+}
+
 const ACameraFactory& View3DFactory::GetCameraFactory() const
 {
     return m_cameraFactory;
