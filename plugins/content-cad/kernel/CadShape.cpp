@@ -1,10 +1,19 @@
 #include "kernel/CadShape.h"
 
+#include "kernel/ExactMeasure.h"
+#include "kernel/ExactSurfaces.h"
+#include "kernel/KernelGuard.h"
+#include "kernel/Tessellation.h"
+
 #include <OrvikRay/RayIndex.h>
+
+#include <numbers>
+#include <utility>
 
 namespace OrvikCad {
 
 using TambVizCore::Geometry;
+using TambVizCore::PartKind;
 
 namespace {
 
@@ -12,6 +21,23 @@ std::shared_ptr<const Geometry> emptyGeometry()
 {
     std::string error;
     return TambVizCore::GeometryBuilder().Build(error);
+}
+
+/// Held while one shape of the process is tessellated anew; leaked, as threads may outlive statics.
+std::mutex& tessellating()
+{
+    static auto* const mutex = new std::mutex();
+    return *mutex;
+}
+
+/// @return the part where it stands in the world; a null shape where it has no exact geometry.
+TopoDS_Shape placed(const OrvikModel::PlacedPart& part)
+{
+    const auto* shape = dynamic_cast<const CadShape*>(part.shape);
+    if (!shape)
+        return {};
+    const TopoDS_Shape found = part.partId == 0 ? shape->Shape() : shape->Parts().Find(part.partId);
+    return found.IsNull() ? found : PlaceShape(found, part.world);
 }
 
 } // namespace
@@ -28,6 +54,7 @@ CadShape::~CadShape() = default;
 void CadShape::SetMesh(ShapeMesh mesh)
 {
     m_box = mesh.geometry->BoundingBox();
+    m_ownParameters = mesh.parameters;
     m_mesh.Set(std::move(mesh));
 }
 
@@ -47,5 +74,59 @@ std::shared_ptr<const Geometry> CadShape::WithParts() const
 
 /// What is drawn has its parts from the start.
 void CadShape::MakeParts() const {}
+
+bool CadShape::Retessellate(double sag, double maxAngleDegrees) const
+{
+    MeshParameters parameters = m_ownParameters;
+    if (sag > 0.0)
+        parameters.sag = sag;
+    if (maxAngleDegrees > 0.0)
+        parameters.angleRadians = maxAngleDegrees * std::numbers::pi / 180.0;
+    const std::lock_guard<std::mutex> lock(tessellating());
+    if (parameters == m_mesh.Get()->parameters)
+        return false;
+    std::wstring failure;
+    m_mesh.Set(CutShape(m_shape, m_parts, parameters, failure));
+    return true;
+}
+
+bool CadShape::MeasureExact(std::uint64_t partId, OrvikCore::EntityMeasure what,
+                            OrvikCore::MeasureResult& result) const
+{
+    const TopoDS_Shape measured = partId == 0 ? m_shape : m_parts.Find(partId);
+    bool isMeasured = false;
+    if (!measured.IsNull())
+        RunGuarded([&] { isMeasured = MeasureShape(measured, what, result); });
+    return isMeasured;
+}
+
+bool CadShape::MeasureDistanceExact(const OrvikModel::PlacedPart& from,
+                                    const OrvikModel::PlacedPart& to,
+                                    OrvikCore::DistanceResult& result) const
+{
+    bool isMeasured = false;
+    RunGuarded([&] {
+        const TopoDS_Shape placedFrom = placed(from);
+        const TopoDS_Shape placedTo = placed(to);
+        isMeasured = !placedFrom.IsNull() && !placedTo.IsNull() &&
+                     MeasureShapeDistance(placedFrom, placedTo, result);
+    });
+    return isMeasured;
+}
+
+bool CadShape::Refine(std::uint64_t facePartId, const double* origin, const double* direction,
+                      double parameter, OrvikModel::RefinedHit& hit) const
+{
+    if (static_cast<PartKind>(facePartId >> 32) != PartKind::Face)
+        return false;
+    std::call_once(m_surfacesOnce,
+                   [this] { m_surfaces = std::make_unique<const ExactSurfaces>(m_parts); });
+    bool isMet = false;
+    const auto meet = [&] {
+        isMet = m_surfaces->Meet(*m_mesh.Get(), static_cast<std::uint32_t>(facePartId), origin,
+                                 direction, parameter, hit);
+    };
+    return RunGuarded(meet).empty() && isMet;
+}
 
 } // namespace OrvikCad

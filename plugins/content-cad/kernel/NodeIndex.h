@@ -14,6 +14,22 @@ struct ModelNode;
 
 namespace OrvikCad {
 
+/// For containers by label.
+struct LabelHash
+{
+    std::size_t operator()(const TDF_Label& label) const
+    {
+        return static_cast<std::size_t>(TDF_LabelMapHasher::HashCode(label, IntegerLast()));
+    }
+};
+
+struct LabelEqual
+{
+    bool operator()(const TDF_Label& a, const TDF_Label& b) const { return a.IsEqual(b); }
+};
+
+template <class Value> using LabelMap = std::unordered_map<TDF_Label, Value, LabelHash, LabelEqual>;
+
 /// Finds the nodes that were made from a label: one for each place where it stands in the tree.
 ///
 /// A label of a part gives its Body, or the Assembly that groups its bodies; one of a component
@@ -39,18 +55,7 @@ public:
     }
 
 private:
-    struct Hash
-    {
-        std::size_t operator()(const TDF_Label& label) const
-        {
-            return static_cast<std::size_t>(TDF_LabelMapHasher::HashCode(label, IntegerLast()));
-        }
-    };
-    struct Equal
-    {
-        bool operator()(const TDF_Label& a, const TDF_Label& b) const { return a.IsEqual(b); }
-    };
-    std::unordered_map<TDF_Label, std::vector<OrvikModel::ModelNode*>, Hash, Equal> m_nodes;
+    LabelMap<std::vector<OrvikModel::ModelNode*>> m_nodes;
 };
 
 } // namespace OrvikCad

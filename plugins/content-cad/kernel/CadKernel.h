@@ -1,0 +1,22 @@
+#ifndef ORVIKCAD_KERNEL_CADKERNEL_H
+#define ORVIKCAD_KERNEL_CADKERNEL_H
+
+#include "interface/ICadKernel.h"
+
+namespace OrvikCad {
+
+/// The kernel behind ICadKernel: Open CASCADE with its documents.
+///
+/// @thread  As ICadKernel. Making one silences the kernel's own output for the process.
+class CadKernel final : public ICadKernel
+{
+public:
+    CadKernel();
+
+    bool Read(const std::wstring& fileName, CadFormat format, const CadTessellation& tessellation,
+              OrvikModel::Model& model, CadMessages& messages) override;
+};
+
+} // namespace OrvikCad
+
+#endif

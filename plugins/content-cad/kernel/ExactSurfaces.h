@@ -1,0 +1,57 @@
+#ifndef ORVIKCAD_KERNEL_EXACTSURFACES_H
+#define ORVIKCAD_KERNEL_EXACTSURFACES_H
+
+#include "kernel/LineMeeting.h"
+#include "kernel/ShapeMesh.h"
+#include "kernel/ShapeParts.h"
+
+#include <GeomAbs_SurfaceType.hxx>
+#include <Geom_Surface.hxx>
+#include <OrvikModel/ModelShape.h>
+#include <gp_Trsf.hxx>
+
+#include <optional>
+#include <vector>
+
+namespace OrvikCad {
+
+/// The surfaces of a shape's faces, ready for lines to be met with.
+///
+/// @thread  Any thread; nothing changes after it was made.
+class ExactSurfaces
+{
+public:
+    explicit ExactSurfaces(const ShapeParts& parts);
+
+    /// Finds where a line meets the surface of a face near to where it met a triangle of the face.
+    ///
+    /// Planes, cylinders, cones and spheres are met by formula. On others the place is looked for
+    /// by Newton's method, from the vertex of the face's triangles that lies nearest.
+    ///
+    /// @param mesh               What the triangle belongs to.
+    /// @param face               From 0.
+    /// @param origin, direction  double[3], the line; the direction has any length but 0.
+    /// @param parameter          Where the triangle was met, in multiples of the direction.
+    /// @return false when the surface is not met within what the tessellation allows.
+    bool Meet(const ShapeMesh& mesh, std::uint32_t face, const double* origin,
+              const double* direction, double parameter, OrvikModel::RefinedHit& hit) const;
+
+private:
+    struct Surface
+    {
+        Handle(Geom_Surface) geometry; ///< Without trimming; null for a face without a surface.
+        GeomAbs_SurfaceType type = GeomAbs_OtherSurface;
+        gp_Trsf place;   ///< From the surface to the shape.
+        gp_Trsf inverse; ///< From the shape to the surface.
+        /// The body lies on the side to which the product of the derivatives, each placed, points.
+        bool isFlipped = false;
+    };
+    static std::optional<LineMeeting> meet(const Surface& surface, const ShapeMesh& mesh,
+                                           std::uint32_t face, const NearLine& line);
+
+    std::vector<Surface> m_surfaces; ///< Per face.
+};
+
+} // namespace OrvikCad
+
+#endif

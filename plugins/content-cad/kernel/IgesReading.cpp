@@ -1,0 +1,60 @@
+#include "interface/CadTexts.h"
+#include "kernel/FileReading.h"
+#include "kernel/KernelChecks.h"
+#include "kernel/KernelMessages.h"
+#include "kernel/KernelProgress.h"
+
+#include <OrvikOs/Utf8.h>
+#include <TambCommandsInfra/CancelToken.h>
+
+#include <IGESCAFControl_Reader.hxx>
+#include <Interface_InterfaceModel.hxx>
+
+namespace OrvikCad {
+
+namespace {
+
+constexpr wchar_t kParsing[] = L"Reading ";
+constexpr wchar_t kTransferring[] = L"Making shapes of ";
+
+/// Lines have 80 columns; the 73rd names the section, the first of which is the start section.
+bool isIges(std::string_view text)
+{
+    constexpr std::size_t kSectionColumn = 72;
+    return text.size() > kSectionColumn && text[kSectionColumn] == 'S' &&
+           text.substr(0, kSectionColumn).find('\n') == text.npos;
+}
+
+} // namespace
+
+bool ReadIges(const CadFile& file, CadDocument& document, CadMessages& messages)
+{
+    if (!isIges(file.text)) {
+        messages.Fail(kNotIges);
+        return false;
+    }
+    BeginReadingPhase(kParsing, file);
+    const KernelMessages complaints;
+    IGESCAFControl_Reader reader;
+    const std::string name = OrvikOs::WideToUtf8(file.path);
+    const IFSelect_ReturnStatus status = reader.ReadFile(name.c_str());
+    const Handle(XSControl_WorkSession) session = reader.WS();
+    if (status != IFSelect_RetDone || session->Model().IsNull()) {
+        messages.Fail(kIgesUnreadable);
+        return false;
+    }
+    WarnOfBadEntities(session, messages);
+
+    BeginReadingPhase(kTransferring, file);
+    const Handle(KernelProgress) progress = new KernelProgress(KernelProgress::Reports::Yes);
+    Handle(TDocStd_Document) target = document.Document();
+    const bool isTransferred = reader.Transfer(target, progress->Start());
+    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+    WarnOfFailedTransfers(session, messages);
+    if (!isTransferred)
+        messages.Fail(
+            FillText(kNothingTransferred, {std::to_wstring(session->Model()->NbEntities())}));
+    return isTransferred;
+}
+
+} // namespace OrvikCad

@@ -1,0 +1,89 @@
+#include "interface/CadTexts.h"
+#include "kernel/ExternalFiles.h"
+#include "kernel/FileReading.h"
+#include "kernel/FileStream.h"
+#include "kernel/KernelChecks.h"
+#include "kernel/KernelMessages.h"
+#include "kernel/KernelProgress.h"
+#include "kernel/StepScan.h"
+
+#include <OrvikOs/Utf8.h>
+#include <TambCommandsInfra/CancelToken.h>
+
+#include <Interface_InterfaceModel.hxx>
+#include <Interface_Static.hxx>
+#include <STEPCAFControl_Reader.hxx>
+
+namespace OrvikCad {
+
+namespace {
+
+constexpr wchar_t kParsing[] = L"Reading ";
+constexpr wchar_t kTransferring[] = L"Making shapes of ";
+
+/// Fails where the kernel must not see the file at all.
+bool isReadable(const StepScan& scan, CadMessages& messages)
+{
+    if (!scan.isStep)
+        messages.Fail(kNotStep);
+    else if (scan.tooDeepLine > 0)
+        messages.FailAtLine(scan.tooDeepLine,
+                            FillText(kStepNesting, {std::to_wstring(kMaxStepNesting)}));
+    else if (!scan.hasData)
+        messages.Fail(kStepNoData);
+    return !messages.HasError();
+}
+
+bool parse(const CadFile& file, const StepScan& scan, STEPCAFControl_Reader& reader,
+           CadMessages& messages)
+{
+    BeginReadingPhase(kParsing, file);
+    // Text outside of the escapes is UTF-8 by the newer editions of the format; older systems
+    // wrote what their machine used.
+    Interface_Static::SetCVal("read.step.codepage", scan.isUtf8 ? "UTF8" : "iso8859-1");
+    const KernelMessages complaints;
+    FileStream stream(file.text.substr(0, scan.usableBytes), scan.tail);
+    const std::string name = OrvikOs::WideToUtf8(file.path);
+    const IFSelect_ReturnStatus status = reader.ChangeReader().ReadStream(name.c_str(), stream);
+    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+    if (status == IFSelect_RetDone)
+        return true;
+    const std::vector<std::wstring> reasons = complaints.Failures();
+    messages.Fail(FillText(kStepSyntax, {reasons.empty() ? std::to_wstring(status) : reasons[0]}));
+    return false;
+}
+
+} // namespace
+
+bool ReadStep(const CadFile& file, CadDocument& document, CadMessages& messages)
+{
+    const StepScan scan = ScanStep(file.text);
+    if (!isReadable(scan, messages))
+        return false;
+    STEPCAFControl_Reader reader;
+    reader.SetGDTMode(Standard_True);
+    reader.SetViewMode(Standard_True);
+    reader.SetSHUOMode(Standard_True);
+    if (!parse(file, scan, reader, messages))
+        return false;
+    const Handle(XSControl_WorkSession) session = reader.Reader().WS();
+    if (!scan.isComplete)
+        messages.Warn(kStepTruncated);
+    WarnOfBadEntities(session, messages);
+    RefuseFilesElsewhere(session, messages);
+
+    BeginReadingPhase(kTransferring, file);
+    const Handle(KernelProgress) progress = new KernelProgress(KernelProgress::Reports::Yes);
+    Handle(TDocStd_Document) target = document.Document();
+    const KernelMessages complaints;
+    const bool isTransferred = reader.Transfer(target, progress->Start());
+    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+    WarnOfFailedTransfers(session, messages);
+    WarnOfMissingFiles(reader, messages);
+    if (!isTransferred)
+        messages.Fail(
+            FillText(kNothingTransferred, {std::to_wstring(session->Model()->NbEntities())}));
+    return isTransferred;
+}
+
+} // namespace OrvikCad
