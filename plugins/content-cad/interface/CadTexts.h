@@ -17,6 +17,9 @@ inline constexpr wchar_t kNothingTransferred[] =
 inline constexpr wchar_t kWhileReading[] = L"reading";
 inline constexpr wchar_t kWhileTransferring[] = L"making shapes of the file's entities";
 inline constexpr wchar_t kWhileBuilding[] = L"collecting the model's structure";
+inline constexpr wchar_t kWhileReadingPmi[] = L"reading annotations";
+inline constexpr wchar_t kWhileReadingViews[] = L"reading saved views";
+inline constexpr wchar_t kWhileValidating[] = L"comparing validation properties";
 
 inline constexpr wchar_t kNotStep[] = L"this is no STEP file: it does not begin with ISO-10303-21";
 inline constexpr wchar_t kStepNesting[] = L"brackets are nested more than %1 deep";

@@ -5,8 +5,11 @@
 #include "kernel/KernelGuard.h"
 #include "kernel/KernelMessages.h"
 #include "kernel/ModelBuilder.h"
+#include "kernel/PmiReader.h"
 #include "kernel/ReadContext.h"
+#include "kernel/SavedViews.h"
 #include "kernel/Tessellation.h"
+#include "kernel/Validation.h"
 
 #include <OrvikOs/MemoryMappedFile.h>
 #include <TambCommandsInfra/CancelToken.h>
@@ -54,6 +57,14 @@ bool runStep(const wchar_t* doing, CadMessages& messages, const std::function<bo
     return isDone && failure.empty();
 }
 
+/// Runs a step without which the model is still worth showing.
+void tryStep(const wchar_t* doing, CadMessages& messages, const std::function<void()>& step)
+{
+    const std::wstring failure = RunGuarded(step);
+    if (!failure.empty())
+        messages.Warn(FillText(kKernelFailure, {doing, failure}));
+}
+
 bool readInto(const CadFile& file, CadFormat format, CadDocument& document, CadMessages& messages)
 {
     switch (format) {
@@ -82,8 +93,12 @@ bool build(const CadFile& file, const std::shared_ptr<CadDocument>& document,
         messages.Fail(kNoShape);
         return false;
     }
+    tryStep(kWhileReadingPmi, messages, [&] { AddPmi(context); });
     BeginReadingPhase(kTessellating, file);
     Tessellate(shapes, tessellation, model, messages);
+    tryStep(kWhileReadingViews, messages, [&] { AddSavedViews(context); });
+    model.NumberNodes();
+    tryStep(kWhileValidating, messages, [&] { CheckValidation(context); });
     model.source = document;
     return true;
 }

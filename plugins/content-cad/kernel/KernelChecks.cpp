@@ -13,6 +13,7 @@
 #include <cstdlib>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace OrvikCad {
@@ -21,6 +22,9 @@ namespace {
 
 constexpr wchar_t kUnknownEntities[] =
     L"entities of types that are not known, left out: %1, the first of type %2";
+
+/// How the kernel begins what it says of a file that it cannot read.
+constexpr std::string_view kExternalFile = "Can not read external file";
 
 constexpr wchar_t kMoreAlike[] = L" (such entities: %1)";
 
@@ -44,6 +48,8 @@ public:
     void Add(const Handle(Interface_Check) & check, std::uint64_t entity)
     {
         for (int i = 1; i <= check->NbFails(); ++i) {
+            if (std::string_view(check->CFail(i)).starts_with(kExternalFile))
+                continue; // WarnOfMissingFiles tells it.
             const auto [at, isNew] =
                 m_positions.try_emplace(OrvikOs::Utf8ToWide(check->CFail(i)), m_all.size());
             if (isNew)

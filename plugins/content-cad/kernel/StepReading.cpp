@@ -14,6 +14,8 @@
 #include <Interface_Static.hxx>
 #include <STEPCAFControl_Reader.hxx>
 
+#include <filesystem>
+
 namespace OrvikCad {
 
 namespace {
@@ -43,7 +45,9 @@ bool parse(const CadFile& file, const StepScan& scan, STEPCAFControl_Reader& rea
     Interface_Static::SetCVal("read.step.codepage", scan.isUtf8 ? "UTF8" : "iso8859-1");
     const KernelMessages complaints;
     FileStream stream(file.text.substr(0, scan.usableBytes), scan.tail);
-    const std::string name = OrvikOs::WideToUtf8(file.path);
+    // Files that this one refers to are looked for beside it, for which the kernel wants a whole
+    // path.
+    const std::string name = std::filesystem::absolute(OrvikOs::WideToUtf8(file.path)).string();
     const IFSelect_ReturnStatus status = reader.ChangeReader().ReadStream(name.c_str(), stream);
     TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
     if (status == IFSelect_RetDone)
