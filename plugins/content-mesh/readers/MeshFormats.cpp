@@ -2,6 +2,7 @@
 
 #include "readers/ObjReader.h"
 #include "readers/OffReader.h"
+#include "readers/PcdReader.h"
 #include "readers/PlyReader.h"
 #include "readers/PointTextReader.h"
 #include "readers/StlReader.h"
@@ -16,6 +17,7 @@ constexpr MeshFormat kFormats[] = {
     {L"STL", L"Stereolithography", &ReadStl},   {L"OBJ", L"Wavefront OBJ", &ReadObj},
     {L"PLY", L"Polygon File Format", &ReadPly}, {L"OFF", L"Object File Format", &ReadOff},
     {L"XYZ", L"Point cloud", &ReadXyz},         {L"PTS", L"Point cloud", &ReadPts},
+    {L"PCD", L"Point Cloud Data", &ReadPcd},
 };
 
 } // namespace

@@ -43,7 +43,7 @@ private:
     {
         std::array<double, kPlyValueRoles> values{};
         std::vector<std::uint32_t> corners;
-        PlyType colorType = PlyType::UInt8;
+        ScalarType colorType = ScalarType::UInt8;
         bool hasColor = false;
     };
 
@@ -87,15 +87,15 @@ void PlyBinaryRows::readColumns(const PlyElement& element, std::size_t rows,
         const std::size_t count = std::min(kBlockRows, rows - done);
         const std::byte* value = m_at;
         for (const PlyProperty& property : element.properties) {
-            const PlyColumn column{value, rowBytes, property.type, m_isSwapped};
+            const ScalarColumn column{value, rowBytes, property.type, m_isSwapped};
             value += SizeOf(property.type);
             if (property.role >= PlyRole::Corners)
                 continue;
             if (std::uint8_t* bytes = arrays.Bytes(property.role, done))
-                CopyPlyBytes(column, count, bytes);
+                CopyBytes(column, count, bytes);
             else
-                ReadPlyFloats(column, count, arrays.Floats(property.role, done),
-                              IsColor(property.role) ? 4 : 3);
+                ReadScalars(column, count, arrays.Floats(property.role, done),
+                            IsColor(property.role) ? 4 : 3);
         }
         m_at += count * rowBytes;
     }
@@ -107,7 +107,7 @@ bool PlyBinaryRows::readList(const PlyProperty& property, Row& row)
     const std::size_t countBytes = SizeOf(property.countType);
     if (BytesLeft() < countBytes)
         return false;
-    const double announced = ReadPlyValue(m_at, property.countType, m_isSwapped);
+    const double announced = ReadScalar(m_at, property.countType, m_isSwapped);
     const std::size_t valueBytes = SizeOf(property.type);
     // Counts below zero and those that are no numbers can only come from damage.
     if (!(announced >= 0.0 &&
@@ -118,7 +118,7 @@ bool PlyBinaryRows::readList(const PlyProperty& property, Row& row)
     if (property.role == PlyRole::Corners) {
         row.corners.resize(count);
         for (std::size_t i = 0; i < count; ++i)
-            row.corners[i] = ReadPlyIndex(m_at + i * valueBytes, property.type, m_isSwapped);
+            row.corners[i] = ReadIndex(m_at + i * valueBytes, property.type, m_isSwapped);
     }
     m_at += count * valueBytes;
     return true;
@@ -139,7 +139,7 @@ bool PlyBinaryRows::readRow(const PlyElement& element, Row& row)
             continue;
         if (property.role < PlyRole::Corners)
             row.values[static_cast<std::size_t>(property.role)] =
-                ReadPlyValue(m_at, property.type, m_isSwapped);
+                ReadScalar(m_at, property.type, m_isSwapped);
         if (property.role == PlyRole::Red) {
             row.hasColor = true;
             row.colorType = property.type;
@@ -193,7 +193,7 @@ std::uint64_t PlyBinaryRows::readTriangles(const PlyElement& element, std::uint6
             run.countOffset = run.rowBytes;
             run.rowBytes += 13;
             if (SizeOf(property.countType) != 1 ||
-                (property.type != PlyType::Int32 && property.type != PlyType::UInt32))
+                (property.type != ScalarType::Int32 && property.type != ScalarType::UInt32))
                 return 0;
         } else if (property.isList || IsColor(property.role)) {
             return 0;

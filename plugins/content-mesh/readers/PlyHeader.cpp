@@ -14,16 +14,18 @@ namespace {
 struct TypeName
 {
     std::string_view name;
-    PlyType type;
+    ScalarType type;
 };
 
 constexpr TypeName kTypeNames[] = {
-    {"char", PlyType::Int8},      {"int8", PlyType::Int8},       {"uchar", PlyType::UInt8},
-    {"uint8", PlyType::UInt8},    {"short", PlyType::Int16},     {"int16", PlyType::Int16},
-    {"ushort", PlyType::UInt16},  {"uint16", PlyType::UInt16},   {"int", PlyType::Int32},
-    {"int32", PlyType::Int32},    {"uint", PlyType::UInt32},     {"uint32", PlyType::UInt32},
-    {"float", PlyType::Float32},  {"float32", PlyType::Float32}, {"double", PlyType::Float64},
-    {"float64", PlyType::Float64}};
+    {"char", ScalarType::Int8},      {"int8", ScalarType::Int8},
+    {"uchar", ScalarType::UInt8},    {"uint8", ScalarType::UInt8},
+    {"short", ScalarType::Int16},    {"int16", ScalarType::Int16},
+    {"ushort", ScalarType::UInt16},  {"uint16", ScalarType::UInt16},
+    {"int", ScalarType::Int32},      {"int32", ScalarType::Int32},
+    {"uint", ScalarType::UInt32},    {"uint32", ScalarType::UInt32},
+    {"float", ScalarType::Float32},  {"float32", ScalarType::Float32},
+    {"double", ScalarType::Float64}, {"float64", ScalarType::Float64}};
 
 struct RoleName
 {
@@ -52,7 +54,7 @@ constexpr RoleName kRoleNames[] = {
     {"diffuse_alpha", PlyRole::Alpha},
 };
 
-bool findType(std::string_view name, PlyType& type)
+bool findType(std::string_view name, ScalarType& type)
 {
     const auto* found = std::find_if(std::begin(kTypeNames), std::end(kTypeNames),
                                      [&](const TypeName& entry) { return entry.name == name; });
@@ -285,22 +287,6 @@ bool HeaderParser::Run()
 }
 
 } // namespace
-
-std::size_t SizeOf(PlyType type)
-{
-    switch (type) {
-    case PlyType::Int8:
-    case PlyType::UInt8:
-        return 1;
-    case PlyType::Int16:
-    case PlyType::UInt16:
-        return 2;
-    case PlyType::Float64:
-        return 8;
-    default:
-        return 4;
-    }
-}
 
 bool PlyElement::HasLists() const
 {

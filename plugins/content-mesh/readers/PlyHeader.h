@@ -2,6 +2,7 @@
 #define ORVIKMESH_READERS_PLYHEADER_H
 
 #include "readers/ReadMessages.h"
+#include "readers/ScalarKernel.h"
 
 #include <array>
 #include <cstddef>
@@ -18,21 +19,6 @@ enum class PlyFormat
     LittleEndian,
     BigEndian,
 };
-
-enum class PlyType : std::uint8_t
-{
-    Int8,
-    UInt8,
-    Int16,
-    UInt16,
-    Int32,
-    UInt32,
-    Float32,
-    Float64,
-};
-
-/// @return 1, 2, 4 or 8.
-std::size_t SizeOf(PlyType type);
 
 /// What a property means to the mesh. The first ten are the components of a vertex.
 enum class PlyRole : std::uint8_t
@@ -56,10 +42,10 @@ inline constexpr std::size_t kPlyValueRoles = 10;
 
 struct PlyProperty
 {
-    PlyType type = PlyType::Float32;
+    ScalarType type = ScalarType::Float32;
     bool isList = false;
-    PlyType countType = PlyType::UInt8; ///< Of a list.
-    PlyRole role = PlyRole::None;       ///< Each but None at most once in an element.
+    ScalarType countType = ScalarType::UInt8; ///< Of a list.
+    PlyRole role = PlyRole::None;             ///< Each but None at most once in an element.
     std::string name;
 };
 

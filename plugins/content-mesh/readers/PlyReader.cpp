@@ -18,38 +18,21 @@ namespace OrvikMesh {
 
 namespace {
 
-/// Bytes of the data that are looked at to tell text from binary; random ones are never all letters
-/// of numbers.
-constexpr std::size_t kProbeBytes = 256;
-/// Fewer may be binary data that happen to look like text.
-constexpr std::size_t kFewestProbeBytes = 24;
 /// Elements left out that a warning names.
 constexpr std::size_t kMaxNamedElements = 8;
 /// Letters of a name that a message repeats.
 constexpr std::size_t kMaxNameBytes = 64;
 
-bool isNumberLetter(char letter)
-{
-    return (letter >= '0' && letter <= '9') || letter == ' ' || letter == '\t' || letter == '\n' ||
-           letter == '\r' || letter == '.' || letter == '-' || letter == '+' || letter == 'e' ||
-           letter == 'E';
-}
-
 /// Whether the data are what the header says, as far as their first bytes tell.
 bool checkFormat(std::string_view content, const PlyHeader& header, ReadMessages& messages)
 {
-    const std::string_view data = content.substr(header.end, kProbeBytes);
+    const std::string_view data = content.substr(header.end);
     const bool isText = header.format == PlyFormat::Text;
-    if (isText && data.find('\0') != std::string_view::npos) {
-        messages.Fail(kPlyNotText, ReadPlace::Byte(header.end));
-        return false;
-    }
-    if (!isText && data.size() >= kFewestProbeBytes &&
-        std::all_of(data.begin(), data.end(), isNumberLetter)) {
-        messages.Fail(kPlyNotBinary, ReadPlace::Byte(header.end));
-        return false;
-    }
-    return true;
+    if (isText && FindBinaryByte(data) != std::string_view::npos)
+        messages.Fail(kNotText, ReadPlace::Byte(header.end));
+    else if (!isText && LooksLikeNumbers(data))
+        messages.Fail(kNotBinary, ReadPlace::Byte(header.end));
+    return !messages.HasError();
 }
 
 std::wstring shownName(const PlyElement& element)

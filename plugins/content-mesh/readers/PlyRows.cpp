@@ -12,22 +12,22 @@ namespace {
 
 /// What a number of a colour is multiplied with to reach from 0 to 1; 1 for types whose range the
 /// values tell.
-double unitScale(PlyType type)
+double unitScale(ScalarType type)
 {
     switch (type) {
-    case PlyType::Float32:
-    case PlyType::Float64:
+    case ScalarType::Float32:
+    case ScalarType::Float64:
         return 1.0;
-    case PlyType::UInt16:
+    case ScalarType::UInt16:
         return 1.0 / 65535.0;
     default:
         return 1.0 / 255.0;
     }
 }
 
-bool isFloating(PlyType type)
+bool isFloating(ScalarType type)
 {
-    return type == PlyType::Float32 || type == PlyType::Float64;
+    return type == ScalarType::Float32 || type == ScalarType::Float64;
 }
 
 std::size_t componentOf(PlyRole role, PlyRole first)
@@ -49,7 +49,7 @@ PlyVertexArrays::PlyVertexArrays(const PlyElement& element, std::size_t rows, Me
         return;
     m_hasByteColors =
         std::all_of(element.properties.begin(), element.properties.end(), [](const auto& property) {
-            return !IsColor(property.role) || property.type == PlyType::UInt8;
+            return !IsColor(property.role) || property.type == ScalarType::UInt8;
         });
     if (m_hasByteColors) {
         mesh.colors.Resize(rows * 4);
@@ -108,7 +108,7 @@ void PlyVertexArrays::Finish(const PlyElement& element, std::size_t rows)
     TakeColors(m_mesh, m_colors);
 }
 
-std::array<std::uint8_t, 4> ToFaceColor(const std::array<double, 4>& values, PlyType type)
+std::array<std::uint8_t, 4> ToFaceColor(const std::array<double, 4>& values, ScalarType type)
 {
     std::array<std::uint8_t, 4> color{};
     double full = 1.0 / unitScale(type);

@@ -89,7 +89,7 @@ inline bool IsColor(PlyRole role)
 ///
 /// @param values  Red, green, blue, alpha as they stand in the file; alpha 1 of its scale or NaN
 ///                where there is none.
-std::array<std::uint8_t, 4> ToFaceColor(const std::array<double, 4>& values, PlyType type);
+std::array<std::uint8_t, 4> ToFaceColor(const std::array<double, 4>& values, ScalarType type);
 
 } // namespace OrvikMesh
 

@@ -55,7 +55,7 @@ private:
     {
         std::vector<std::uint32_t> corners;
         std::array<double, 4> color{};
-        PlyType colorType = PlyType::UInt8;
+        ScalarType colorType = ScalarType::UInt8;
         bool hasColor = false;
     };
 

@@ -20,8 +20,6 @@ namespace {
 
 /// Bytes that are read between two questions whether to stop: some ten milliseconds.
 constexpr std::size_t kPieceBytes = 2u << 20;
-/// Where bytes are looked for that no text has.
-constexpr std::size_t kProbeBytes = 4096;
 /// Points that tell what the columns mean.
 constexpr std::size_t kProbePoints = 1000;
 /// What reading the lines is of the whole work.
@@ -178,7 +176,7 @@ bool readContent(std::string_view content, LoneNumbers loneNumbers, const ReadOp
     }
     std::string storage;
     const std::string_view text = WithLineFeeds(ToUtf8Text(content, storage), storage);
-    const std::size_t zero = text.substr(0, kProbeBytes).find('\0');
+    const std::size_t zero = FindBinaryByte(text);
     if (zero != std::string_view::npos) {
         messages.Fail(kPointNoText, ReadPlace::Byte(zero));
         return false;

@@ -54,8 +54,8 @@ inline constexpr wchar_t kPlyBadProperty[] =
 inline constexpr wchar_t kPlyJunk[] = L"not understood; lines of the header left out: %1";
 inline constexpr wchar_t kPlyNoVertices[] =
     L"the header announces no element \"vertex\" with x, y and z";
-inline constexpr wchar_t kPlyNotText[] = L"the header announces text, but the data are binary";
-inline constexpr wchar_t kPlyNotBinary[] = L"the header announces binary data, but they are text";
+inline constexpr wchar_t kNotText[] = L"the header announces text, but the data are binary";
+inline constexpr wchar_t kNotBinary[] = L"the header announces binary data, but they are text";
 inline constexpr wchar_t kPlyCut[] =
     L"the file ends in the element \"%1\", after %2 of %3; these were read";
 inline constexpr wchar_t kPlyCutVertices[] =
@@ -78,6 +78,26 @@ inline constexpr wchar_t kOffCutFaces[] =
 inline constexpr wchar_t kPointNoText[] = L"this is no text: a byte is zero";
 inline constexpr wchar_t kPointJunk[] = L"not understood; lines left out, in whole or in part: %1";
 inline constexpr wchar_t kPointCount[] = L"the file announces %1 points and holds %2";
+
+inline constexpr wchar_t kPcdNotPcd[] = L"this is no PCD file: its header is not understood";
+inline constexpr wchar_t kPcdNoData[] = L"the header has no line \"DATA\"";
+inline constexpr wchar_t kPcdBadFormat[] = L"data of the format \"%1\" cannot be read";
+inline constexpr wchar_t kPcdBadNumber[] = L"a number is missing or too large";
+inline constexpr wchar_t kPcdFieldLines[] =
+    L"the lines \"FIELDS\", \"SIZE\", \"TYPE\" and \"COUNT\" do not name as many fields";
+inline constexpr wchar_t kPcdBadField[] =
+    L"the lines \"SIZE\", \"TYPE\" and \"COUNT\" hold a value that is not known";
+inline constexpr wchar_t kPcdNoXyz[] = L"the header has no fields x, y and z";
+inline constexpr wchar_t kPcdNoCount[] = L"the header does not say how many points there are";
+inline constexpr wchar_t kPcdTwoCounts[] =
+    L"the header announces %1 points and an area of %2; the first holds";
+inline constexpr wchar_t kPcdCut[] = L"the file ends after %1 of %2 points; these were read";
+inline constexpr wchar_t kPcdPackedCut[] = L"the file ends in its compressed data";
+inline constexpr wchar_t kPcdPackedSize[] =
+    L"the compressed data announce %1 bytes, the points take %2";
+inline constexpr wchar_t kPcdPackedTooMuch[] =
+    L"the compressed data announce %1 bytes, too much for what the file holds; they were not read";
+inline constexpr wchar_t kPcdPackedDamaged[] = L"the compressed data are damaged";
 
 inline constexpr wchar_t kObjZeroIndex[] = L"an index is 0; faces left out: %1";
 inline constexpr wchar_t kObjBadNormal[] =

@@ -12,6 +12,12 @@ namespace {
 constexpr std::uint32_t kReplacement = 0xFFFD;
 /// Where the line ends are looked for.
 constexpr std::size_t kProbeBytes = 1u << 16;
+/// Bytes of numbers that are looked at.
+constexpr std::size_t kNumberProbeBytes = 256;
+/// Fewer may be binary data that happen to look like text.
+constexpr std::size_t kFewestNumberBytes = 24;
+/// Where a byte that no text has is looked for.
+constexpr std::size_t kBinaryProbeBytes = 4096;
 
 void appendUtf8(std::uint32_t value, std::string& text)
 {
@@ -81,6 +87,19 @@ std::string_view WithLineFeeds(std::string_view text, std::string& storage)
     std::replace(converted.begin(), converted.end(), '\r', '\n');
     storage = std::move(converted);
     return storage;
+}
+
+bool LooksLikeNumbers(std::string_view data)
+{
+    constexpr std::string_view kLetters = "0123456789.+-eE \t\r\n";
+    data = data.substr(0, kNumberProbeBytes);
+    return data.size() >= kFewestNumberBytes &&
+           data.find_first_not_of(kLetters) == std::string_view::npos;
+}
+
+std::size_t FindBinaryByte(std::string_view data)
+{
+    return data.substr(0, kBinaryProbeBytes).find('\0');
 }
 
 } // namespace OrvikMesh

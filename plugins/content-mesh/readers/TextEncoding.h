@@ -1,6 +1,7 @@
 #ifndef ORVIKMESH_READERS_TEXTENCODING_H
 #define ORVIKMESH_READERS_TEXTENCODING_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,16 @@ std::string_view ToUtf8Text(std::string_view content, std::string& storage);
 ///
 /// @return a view of @p text or of @p storage, which @p text may view itself.
 std::string_view WithLineFeeds(std::string_view text, std::string& storage);
+
+/// Tells text from binary data.
+///
+/// @param data  The beginning of what should be numbers.
+/// @return true when all of the first bytes are letters of numbers and blanks, and there are enough
+///         of them to be no coincidence.
+bool LooksLikeNumbers(std::string_view data);
+
+/// @return the place of a byte that no text has among the first; npos when there is none.
+std::size_t FindBinaryByte(std::string_view data);
 
 } // namespace OrvikMesh
 

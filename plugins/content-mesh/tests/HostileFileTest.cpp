@@ -88,6 +88,50 @@ std::string pointText()
     return text;
 }
 
+std::string pcdHeader(const std::string& format)
+{
+    return "# .PCD v0.7\nVERSION 0.7\nFIELDS x y z rgb normal_x normal_y normal_z\n"
+           "SIZE 4 4 4 4 4 4 4\nTYPE F F F U F F F\nCOUNT 1 1 1 1 1 1 1\nWIDTH 40\nHEIGHT 1\n"
+           "VIEWPOINT 0 0 0 1 0 0 0\nPOINTS 40\nDATA " +
+           format + "\n";
+}
+
+std::string pcdText()
+{
+    std::string text = pcdHeader("ascii");
+    for (int i = 0; i < 40; ++i)
+        text += std::to_string(i) + " " + std::to_string(i * i % 17) + " 0.5 16711680 0 0 1\n";
+    return text;
+}
+
+std::string pcdBinary()
+{
+    ByteWriter bytes(pcdHeader("binary"));
+    for (int i = 0; i < 40; ++i)
+        bytes.PutAll<float>({static_cast<float>(i), static_cast<float>(i * i % 17), 0.5f})
+            .Put<std::uint32_t>(0x00FF8000)
+            .PutAll<float>({0, 0, 1});
+    return bytes.Bytes();
+}
+
+/// Runs of plain bytes and copies of what stands just before.
+std::string pcdCompressed()
+{
+    ByteWriter packed;
+    std::size_t unpacked = 0;
+    while (unpacked < 40 * 28) {
+        packed.PutAll<std::uint8_t>({3, 0, 0, 128, 63});
+        unpacked += 4;
+        if (unpacked + 12 <= 40 * 28) {
+            packed.PutAll<std::uint8_t>({7 << 5, 3, 3});
+            unpacked += 12;
+        }
+    }
+    ByteWriter bytes(pcdHeader("binary_compressed"));
+    bytes.Put(static_cast<std::uint32_t>(packed.Bytes().size())).Put<std::uint32_t>(40 * 28);
+    return bytes.Bytes() + packed.Bytes();
+}
+
 /// A reading either gives triangles whose indices are in range, or says why not.
 void expectSound(const ReadResult& result)
 {
@@ -162,6 +206,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Subject{"PlyBigEndian", plyBinary(true), &ReadPlyBytes},
                     Subject{"OffText", offText(), &ReadOffBytes},
                     Subject{"OffBinary", offBinary(), &ReadOffBytes},
+                    Subject{"PcdText", pcdText(), &ReadPcdBytes},
+                    Subject{"PcdBinary", pcdBinary(), &ReadPcdBytes},
+                    Subject{"PcdCompressed", pcdCompressed(), &ReadPcdBytes},
                     Subject{"Xyz", pointText(), &ReadXyzText},
                     Subject{"Pts", pointText(), &ReadPtsText}),
     [](const testing::TestParamInfo<Subject>& subject) { return std::string(subject.param.name); });

@@ -3,6 +3,7 @@
 #include "readers/MeshFormats.h"
 #include "readers/ObjReader.h"
 #include "readers/OffReader.h"
+#include "readers/PcdReader.h"
 #include "readers/PlyReader.h"
 #include "readers/PointTextReader.h"
 #include "readers/StlReader.h"
@@ -199,6 +200,11 @@ ReadResult ReadPlyBytes(std::string_view bytes, const ReadOptions& options)
 ReadResult ReadOffBytes(std::string_view bytes, const ReadOptions& options)
 {
     return ReadBytes(&OrvikMesh::ReadOffContent, bytes, options);
+}
+
+ReadResult ReadPcdBytes(std::string_view bytes, const ReadOptions& options)
+{
+    return ReadBytes(&OrvikMesh::ReadPcdContent, bytes, options);
 }
 
 ReadResult ReadXyzText(std::string_view text, const ReadOptions& options)

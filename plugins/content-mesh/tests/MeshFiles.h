@@ -116,6 +116,7 @@ ReadResult ReadBytes(const OrvikMesh::ContentReader& reader, std::string_view by
 
 ReadResult ReadPlyBytes(std::string_view bytes, const OrvikMesh::ReadOptions& options = {});
 ReadResult ReadOffBytes(std::string_view bytes, const OrvikMesh::ReadOptions& options = {});
+ReadResult ReadPcdBytes(std::string_view bytes, const OrvikMesh::ReadOptions& options = {});
 ReadResult ReadXyzText(std::string_view text, const OrvikMesh::ReadOptions& options = {});
 ReadResult ReadPtsText(std::string_view text, const OrvikMesh::ReadOptions& options = {});
 ReadResult ReadStlBytes(std::string_view bytes, const OrvikMesh::ReadOptions& options = {});
