@@ -117,6 +117,9 @@ void ObjPiece::scanContinued()
         if (goesOn)
             joined.replace(joined.rfind('\\'), std::string::npos, " ");
     }
+    // A backslash before a CR alone would ask for the next line again.
+    for (std::size_t at = 0; (at = joined.find("\\\r", at)) != std::string::npos;)
+        joined[at] = ' ';
 
     const ObjScan before = m_scan;
     m_scan.begin = m_scan.at = joined.data();
