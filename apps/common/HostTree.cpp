@@ -35,7 +35,9 @@ void HostTree::ConstructionEnd()
     m_current = nullptr;
     if (!m_constructions.empty())
         return;
-    markHighlighted();
+    if (m_isFilling)
+        return;
+    showAllHighlights();
     notifyRows();
 }
 
@@ -79,11 +81,9 @@ void HostTree::SetCurrentNodeEnabled(bool const& enabled)
 
 void HostTree::HighlightNode(RenderId const& path)
 {
-    HostTreeRow* const row = findHighlightRow(path);
-    if (row == nullptr || !m_wanted.insert(path).second)
+    if (findHighlightRow(path) == nullptr || !m_wanted.insert(path).second)
         return;
-    row->m_isHighlighted = true;
-    m_highlighted.push_back(row);
+    showHighlight(path);
     if (m_observer != nullptr)
         m_observer->HighlightChanged();
 }
@@ -93,7 +93,7 @@ void HostTree::ClearHighlight()
     if (m_wanted.empty())
         return;
     m_wanted.clear();
-    markHighlighted();
+    showAllHighlights();
     if (m_observer != nullptr)
         m_observer->HighlightChanged();
 }
@@ -190,10 +190,28 @@ void HostTree::fill(HostTreeRow& row)
     if (row.m_isFilled || &row == m_root.get())
         return;
     row.m_isFilled = true;
-    if (m_fillRows && m_fillRows(row.Path()))
-        notifyRows();
+    const bool hasRows = askForRows(row);
     // What the row stood for has a row of its own now, or none.
-    markHighlighted();
+    const auto stoodFor = m_highlighted.extract(&row);
+    row.m_isHighlighted = false;
+    if (!stoodFor.empty())
+        for (const RenderId& path : stoodFor.mapped())
+            showHighlight(path);
+    if (hasRows)
+        notifyRows();
+}
+
+/// The construction in which the rows come leaves highlights and the observer to fill().
+bool HostTree::askForRows(const HostTreeRow& row)
+{
+    struct Filling
+    {
+        explicit Filling(bool& flag) : m_flag(flag) { m_flag = true; }
+        ~Filling() { m_flag = false; }
+        bool& m_flag;
+    };
+    const Filling filling(m_isFilling);
+    return m_fillRows && m_fillRows(row.Path());
 }
 
 void HostTree::fillBelow(HostTreeRow& row)
@@ -204,17 +222,21 @@ void HostTree::fillBelow(HostTreeRow& row)
         fillBelow(*row.m_children[i]);
 }
 
-void HostTree::markHighlighted()
+void HostTree::showHighlight(const RenderId& path)
 {
-    for (HostTreeRow* const row : m_highlighted)
+    if (HostTreeRow* const row = findHighlightRow(path)) {
+        row->m_isHighlighted = true;
+        m_highlighted[row].push_back(path);
+    }
+}
+
+void HostTree::showAllHighlights()
+{
+    for (const auto& [row, paths] : m_highlighted)
         row->m_isHighlighted = false;
     m_highlighted.clear();
-    for (const RenderId& path : m_wanted) {
-        if (HostTreeRow* const row = findHighlightRow(path)) {
-            row->m_isHighlighted = true;
-            m_highlighted.push_back(row);
-        }
-    }
+    for (const RenderId& path : m_wanted)
+        showHighlight(path);
 }
 
 void HostTree::notifyRows() const

@@ -11,6 +11,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -97,8 +98,10 @@ private:
     HostTreeRow& enterRow(std::uint64_t id, const std::wstring& name,
                           const OrvikCore::ATreeItemStyle* style);
     void fill(HostTreeRow& row);
+    bool askForRows(const HostTreeRow& row);
     void fillBelow(HostTreeRow& row);
-    void markHighlighted();
+    void showHighlight(const TambVizCore::RenderId& path);
+    void showAllHighlights();
     void notifyRows() const;
 
     FillRows m_fillRows;
@@ -109,8 +112,10 @@ private:
     std::vector<Construction> m_constructions;          ///< Those that go on, the innermost last.
     HostTreeRow* m_current = nullptr;                   ///< Not owned; entered last and not closed.
     std::unordered_set<TambVizCore::RenderId> m_wanted; ///< Paths of what is highlighted.
-    std::vector<HostTreeRow*> m_highlighted;            ///< Not owned; the rows that show it.
-    IHostTreeObserver* m_observer = nullptr;            ///< Not owned.
+    /// The rows that show what is highlighted (not owned), with the paths that each stands for.
+    std::unordered_map<HostTreeRow*, std::vector<TambVizCore::RenderId>> m_highlighted;
+    bool m_isFilling = false;
+    IHostTreeObserver* m_observer = nullptr; ///< Not owned.
 };
 
 } // namespace Pellux
