@@ -65,6 +65,8 @@ Command findCommand(const std::string& word, const std::string& summary)
     command.resultHelp = "the entities that are selected now, in the order of the model tree; the "
                          "empty list for none";
     command.summary = summary;
+    command.help = "What was selected before is given up; (let ((before (sel:get))) ... (sel:add "
+                   "before)) around the call keeps it.";
     command.effect = CommandEffect::Changes;
     return command;
 }
@@ -179,7 +181,7 @@ Command byBoxCommand()
         PointParameter("other-corner", "the opposite corner"), how,
         KindParameter("only what is of this kind, such as face; bodies of every kind when left "
                       "out")};
-    command.help = "What counts of an entity is the box around it.";
+    command.help = "What counts of an entity is the box around it. " + command.help;
     command.example = "(sel:by-box '(0 0 0) '(10 10 10) 'enclosed)";
     command.handler = [name = command.name](const Arguments& arguments) {
         return selectByBox(name, arguments);

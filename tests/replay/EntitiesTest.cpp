@@ -1,0 +1,99 @@
+#include "BatchProcess.h"
+#include "SampleFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+/// Each expression as an --eval of its own behind the file.
+std::vector<std::string> evals(const std::string& file, const std::vector<std::string>& forms)
+{
+    std::vector<std::string> arguments = {file};
+    for (const std::string& form : forms) {
+        arguments.emplace_back("--eval");
+        arguments.push_back(form);
+    }
+    return arguments;
+}
+
+/// A box of 10 x 20 x 30 in a file of the test's folder.
+class Entities : public testing::Test
+{
+protected:
+    Entities() { m_process.Write("box.stl", BoxStl(10, 20, 30)); }
+
+    Outcome run(const std::vector<std::string>& forms) const
+    {
+        return m_process.Run(evals("box.stl", forms));
+    }
+
+    /// Gives names to three faces and an edge of the box.
+    std::vector<std::string> withNames(std::vector<std::string> forms) const
+    {
+        std::vector<std::string> all = {"(define top (app:pick-face 5 5 100 0 0 -1 0))",
+                                        "(define bottom (app:pick-face 5 5 -100 0 0 1 0))",
+                                        "(define side (app:pick-face 100 5 5 -1 0 0 0))",
+                                        "(define edge (app:pick-edge 10 5 100 0 0 -1 1))",
+                                        "(define box (entity:body top))"};
+        all.insert(all.end(), forms.begin(), forms.end());
+        return all;
+    }
+
+    BatchProcess m_process;
+};
+
+TEST_F(Entities, TellTheirStructure)
+{
+    m_process.ExpectGolden(
+        "entity-structure",
+        run(withNames({"(entity:type top)", "(entity:name box)", "(entity:name top)",
+                       "(entity:color top)", "(entity:layer top)",
+                       "(equal? box (entity:parent top))", "(entity:parent box)",
+                       "(entity:name (entity:parent box))", "(entity:parent (entity:parent box))",
+                       "(entity:box top)", "(entity:box box)", "(length (entity:children box))",
+                       "(map entity:type (entity:children box))", "(doc:tree)",
+                       "(length (cadddr (car (cadddr (car (doc:tree #t))))))"})));
+}
+
+TEST_F(Entities, OfAClosedDocumentAreRefused)
+{
+    m_process.ExpectGolden("entity-closed",
+                           run(withNames({"(doc:load \"box.stl\")", "(entity:name top)"})));
+}
+
+TEST_F(Entities, AreSelectedByNameKindAndBox)
+{
+    m_process.ExpectGolden(
+        "entity-selection",
+        run({"(sel:get)", "(sel:by-name \"b?x\")", "(sel:get)", "(sel:by-name \"nothing*\")",
+             "(sel:get)", "(length (sel:by-kind 'face))", "(length (sel:by-kind 'vertex))",
+             "(sel:by-kind 'body)",
+             "(map entity:box (sel:by-box '(-1 -1 -1) '(20 30 1) "
+             "'enclosed 'face))",
+             "(length (sel:by-box '(-1 -1 -1) '(20 30 1) 'touching 'face))",
+             "(sel:set (app:pick-face 5 5 100 0 0 -1 0) (app:pick-face 500 0 0 0 0 1 0))",
+             "(length (sel:get))", "(sel:add (entity:body (car (sel:get))))", "(length (sel:get))",
+             "(sel:clear)", "(sel:get)", "(sel:by-kind \"fase\")"}));
+}
+
+TEST_F(Entities, HaveNoMeasureThatDoesNotFit)
+{
+    m_process.ExpectGolden(
+        "entity-no-measure",
+        run(withNames({"(entity:radius top)", "(entity:curve top)", "(entity:surface edge)",
+                       "(entity:area edge)", "(entity:measure top 'radius)",
+                       "(entity:exact? top 'radius)"})));
+}
+
+TEST_F(Entities, HaveAThicknessBehindAPoint)
+{
+    m_process.ExpectGolden("thickness", run({"(measure:thickness '(5 5 100) '(0 0 -1))",
+                                             "(measure:thickness '(5 5 100) '(0 0 1))",
+                                             "(measure:thickness '(105 5 105) '(-1 0 -1) 'normal)",
+                                             "(measure:thickness '(5 5 100) '(0 0 0))"}));
+}
+
+} // namespace
