@@ -134,6 +134,7 @@ protected:
         waitUntilIdle();
         m_session.DeleteAllRenderers();
         OrvikCore::SessionMgr::Instance().Terminate();
+        waitUntilIdle(); // After a wait that ended early the engine's end may still be in the ring.
     }
 
     /// @return a content of the session's document, which owns it.
