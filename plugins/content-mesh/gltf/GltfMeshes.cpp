@@ -9,7 +9,6 @@
 namespace OrvikMesh {
 
 using OrvikModel::ModelShape;
-using OrvikModel::NodeKind;
 
 namespace {
 
@@ -20,15 +19,6 @@ std::int64_t keyOf(const JsonValue* value)
         return -1;
     const auto number = ToWhole(*value);
     return number ? static_cast<std::int64_t>(*number) : -2;
-}
-
-/// @return what @p shape is, by what it is made of.
-NodeKind kindOf(const ModelShape& shape)
-{
-    const auto geometry = shape.Present();
-    if (geometry->TriangleCount() > 0)
-        return geometry->IsClosed() ? NodeKind::PolyBody : NodeKind::Mesh;
-    return geometry->SegmentCount() > 0 ? NodeKind::Wire : NodeKind::PointCloud;
 }
 
 } // namespace
@@ -84,7 +74,8 @@ void GltfMeshes::readMesh(std::uint64_t mesh, std::vector<MeshPiece>& pieces)
         piece.shape = shapeOf(mesh, number++, primitive, key);
         if (!piece.shape)
             continue;
-        piece.kind = kindOf(*piece.shape);
+        piece.kind = KindOf(*piece.shape);
+        piece.name = Name(mesh);
         const auto material = WholeMember(primitive, "material");
         if (material && m_file.Element(GltfList::Materials, *material) &&
             piece.shape->Present()->Colors().IsEmpty())

@@ -3,6 +3,7 @@
 
 #include "gltf/GltfFile.h"
 #include "gltf/GltfMessages.h"
+#include "gltf/ModelPieces.h"
 #include "gltf/ShapeArrays.h"
 
 #include <OrvikModel/Model.h>
@@ -16,14 +17,6 @@
 #include <vector>
 
 namespace OrvikMesh {
-
-/// One primitive of a mesh as it is shown.
-struct MeshPiece
-{
-    OrvikModel::NodeKind kind = OrvikModel::NodeKind::Mesh;
-    std::shared_ptr<const OrvikModel::ModelShape> shape; ///< Never null.
-    std::optional<TambVizCore::RGBAColor> color;         ///< Empty where its vertices have colours.
-};
 
 /// The meshes of a file, each read when the first node names it. Nodes share what is read, and so
 /// do primitives of the same numbers. One thread.

@@ -13,7 +13,6 @@ namespace OrvikMesh {
 
 using OrvikModel::Model;
 using OrvikModel::ModelNode;
-using OrvikModel::NodeKind;
 
 namespace {
 
@@ -71,11 +70,11 @@ private:
     std::uint64_t m_done = 0;
 };
 
-void setPiece(const MeshPiece& piece, ModelNode& node)
+/// A node without a name is called after its number.
+void nameNode(std::uint64_t number, ModelNode& node)
 {
-    node.kind = piece.kind;
-    node.shape = piece.shape;
-    node.color = piece.color;
+    if (node.name.empty())
+        node.name = L"Node " + std::to_wstring(number);
 }
 
 bool SceneBuilder::fail(std::wstring reason)
@@ -214,8 +213,7 @@ std::unique_ptr<ModelNode> SceneBuilder::makeNode(std::uint64_t number, const Js
         node->transform.emplace(matrix, matrix + 16);
     if (FindMember(element, "mesh") && !addPieces(number, element, *node))
         return nullptr;
-    if (node->name.empty())
-        node->name = L"Node " + std::to_wstring(number);
+    nameNode(number, *node);
     return node;
 }
 
@@ -229,25 +227,14 @@ bool SceneBuilder::addPieces(std::uint64_t number, const JsonValue& element, Mod
         return true;
     }
     const std::vector<MeshPiece>& pieces = m_meshes.Pieces(*mesh);
-    const std::wstring meshName = m_meshes.Name(*mesh);
     if (node.name.empty())
-        node.name = meshName;
+        node.name = m_meshes.Name(*mesh);
+    nameNode(number, node);
     m_shapeCount += pieces.size();
-    const JsonValue* children = FindList(element, "children");
-    if (pieces.size() == 1 && (!children || children->Empty())) {
-        setPiece(pieces.front(), node);
-        return true;
-    }
     if (!m_file.Budget().Take(kNodeBytes * pieces.size()))
         return fail(kGltfTooMuch);
-    for (std::size_t i = 0; i < pieces.size(); ++i) {
-        auto body = std::make_unique<ModelNode>();
-        body->name = meshName.empty() ? node.name : meshName;
-        if (pieces.size() > 1)
-            body->name += L" " + std::to_wstring(i + 1);
-        setPiece(pieces[i], *body);
-        node.children.push_back(std::move(body));
-    }
+    const JsonValue* children = FindList(element, "children");
+    ShowPieces(pieces, children && !children->Empty(), node);
     return true;
 }
 
