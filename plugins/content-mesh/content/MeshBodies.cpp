@@ -1,5 +1,6 @@
 #include "content/MeshBodies.h"
 
+#include "content/ArraySharing.h"
 #include "content/ClosedShells.h"
 #include "content/MeshShape.h"
 
@@ -37,14 +38,6 @@ RGBAColor toColor(const MeshColor& color)
     return {toByte(color.red), toByte(color.green), toByte(color.blue), toByte(color.alpha)};
 }
 
-/// Hands an array over without a copy.
-template <class T> SharedArray<T> share(MeshArray<T>&& array)
-{
-    const std::size_t size = array.Size();
-    const auto owner = std::make_shared<MeshArray<T>>(std::move(array));
-    return SharedArray<T>(std::shared_ptr<const T>(owner, owner->Data()), size);
-}
-
 /// The runs of triangles that become one body.
 struct BodyPlan
 {
@@ -71,9 +64,9 @@ std::unique_ptr<ModelNode> makeCloud(MeshData&& mesh, const std::wstring& name)
     std::vector<std::uint32_t> points(mesh.VertexCount());
     std::iota(points.begin(), points.end(), 0u);
     GeometryBuilder builder;
-    builder.SetPositions(share(std::move(mesh.positions)));
-    builder.SetNormals(share(std::move(mesh.normals)));
-    builder.SetColors(share(std::move(mesh.colors)));
+    builder.SetPositions(Share(std::move(mesh.positions)));
+    builder.SetNormals(Share(std::move(mesh.normals)));
+    builder.SetColors(Share(std::move(mesh.colors)));
     builder.SetPoints(SharedArray<std::uint32_t>(std::move(points)));
     auto node = makeNode(NodeKind::PointCloud, name, builder);
     node->pointSizePixels = kCloudPointPixels;
@@ -181,10 +174,10 @@ std::unique_ptr<ModelNode> BodyMaker::build(const BodyPlan& plan, MeshData&& arr
     const bool isClosed = AreClosedShells(arrays.positions.Data(), arrays.VertexCount(),
                                           arrays.triangles.Data(), arrays.triangles.Size() / 3);
     builder.SetClosed(isClosed);
-    builder.SetPositions(share(std::move(arrays.positions)));
-    builder.SetNormals(share(std::move(arrays.normals)));
-    builder.SetColors(share(std::move(arrays.colors)));
-    builder.SetTriangles(share(std::move(arrays.triangles)));
+    builder.SetPositions(Share(std::move(arrays.positions)));
+    builder.SetNormals(Share(std::move(arrays.normals)));
+    builder.SetColors(Share(std::move(arrays.colors)));
+    builder.SetTriangles(Share(std::move(arrays.triangles)));
     auto node = makeNode(isClosed ? NodeKind::PolyBody : NodeKind::Mesh, plan.name, builder);
     if (material && !keepsColors)
         node->color = toColor(material->color);

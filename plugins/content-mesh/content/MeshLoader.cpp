@@ -1,6 +1,9 @@
 #include "content/MeshLoader.h"
 
 #include "content/MeshBodies.h"
+#include "content/ShapeOfArrays.h"
+#include "gltf/GltfReader.h"
+#include "import/ImportReader.h"
 #include "readers/MeshFormats.h"
 
 #include "OrvikCore/IApplication.h"
@@ -12,11 +15,17 @@
 
 #include <OrvikModel/ModelContent.h>
 
+#include <algorithm>
+#include <set>
 #include <utility>
+#include <vector>
 
 namespace OrvikMesh {
 
 using OrvikModel::Model;
+using OrvikModel::ModelNode;
+using OrvikModel::ModelShape;
+using OrvikModel::NodeKind;
 using TambCommandsInfra::CancelToken;
 using TambCommandsInfra::Progress;
 using TambVizCore::Utils;
@@ -24,6 +33,7 @@ using TambVizCore::Utils;
 namespace {
 
 constexpr wchar_t kPhase[] = L"Reading ";
+constexpr const wchar_t* kGltfExtensions[] = {L"GLTF", L"GLB"};
 constexpr wchar_t kNoReader[] = L"no reader for this kind of file";
 
 /// Ends the progress that it began, however the reading ends.
@@ -36,16 +46,10 @@ public:
     ProgressPhase& operator=(const ProgressPhase&) = delete;
 };
 
-bool readByExtension(const std::wstring& fileName, const ReadOptions& options, MeshData& mesh,
-                     ReadMessages& messages)
+bool isGltf(const std::wstring& extension)
 {
-    const MeshFormat* format =
-        FindMeshFormat(Utils::ToUpperAscii(Utils::GetFileExtension(fileName)));
-    if (!format) {
-        messages.Fail(kNoReader);
-        return false;
-    }
-    return format->read(fileName, options, mesh, messages);
+    return std::find(std::begin(kGltfExtensions), std::end(kGltfExtensions), extension) !=
+           std::end(kGltfExtensions);
 }
 
 std::wstring stemOf(const std::wstring& fileName)
@@ -62,18 +66,62 @@ bool hasWindow()
     return application && !application->IsBatchMode();
 }
 
-/// Builds what is drawn from what was read.
-void fillModel(MeshData&& mesh, Model& model, ReadMessages& messages)
+/// Reads a format that has one list of bodies.
+bool readBodies(const MeshFormat& format, const ReadOptions& options, Model& model,
+                ReadMessages& messages)
 {
-    const std::size_t triangles = mesh.TriangleCount();
+    MeshData mesh;
+    return format.read(model.path, options, mesh, messages) &&
+           ReadGuarded(
+               [&] {
+                   model.nodes = MakeBodies(std::move(mesh), stemOf(model.path), messages);
+                   model.NumberNodes();
+                   return true;
+               },
+               messages);
+}
+
+/// Reads the nodes of the model by the extension of its path.
+bool readNodes(const ReadOptions& options, Model& model, ReadMessages& messages)
+{
+    const std::wstring extension = Utils::ToUpperAscii(Utils::GetFileExtension(model.path));
+    if (const MeshFormat* format = FindMeshFormat(extension))
+        return readBodies(*format, options, model, messages);
+    if (isGltf(extension))
+        return ReadGltf(model.path, options, &MakeShape, model, messages);
+    if (IsImportFormat(extension))
+        return ReadImported(model.path, options, &MakeShape, model, messages);
+    messages.Fail(kNoReader);
+    return false;
+}
+
+/// Finds the different shapes below some nodes, and sets how large the points of clouds are drawn.
+void collectShapes(const std::vector<std::unique_ptr<ModelNode>>& nodes,
+                   std::set<const ModelShape*>& shapes)
+{
+    for (const auto& node : nodes) {
+        if (node->shape)
+            shapes.insert(node->shape.get());
+        if (node->kind == NodeKind::PointCloud)
+            node->pointSizePixels = kCloudPointPixels;
+        collectShapes(node->children, shapes);
+    }
+}
+
+/// Makes what somebody may soon ask for.
+void prepareShapes(Model& model)
+{
+    std::set<const ModelShape*> shapes;
+    collectShapes(model.nodes, shapes);
+    std::size_t triangles = 0;
+    for (const ModelShape* shape : shapes)
+        triangles += shape->Present()->TriangleCount();
     const bool isPicked = hasWindow();
-    model.nodes = MakeBodies(std::move(mesh), stemOf(model.path), messages);
-    model.NumberNodes();
-    for (const auto& node : model.nodes) {
+    for (const ModelShape* shape : shapes) {
         if (isPicked)
-            node->shape->WithParts();
+            shape->WithParts();
         else if (triangles <= kEagerPartTriangles)
-            node->shape->MakeParts();
+            shape->MakeParts();
     }
 }
 
@@ -84,6 +132,10 @@ MeshLoader::MeshLoader(Mode mode)
     typeName = mode == Mode::Import ? "OrvikMesh::MeshImporter" : "OrvikMesh::MeshLoader";
     isImporter = mode == Mode::Import;
     for (const MeshFormat& format : MeshFormats())
+        validExtensions.emplace(format.extension, format.name);
+    for (const wchar_t* extension : kGltfExtensions)
+        validExtensions.emplace(extension, L"glTF 2.0");
+    for (const ImportFormat& format : ImportFormats())
         validExtensions.emplace(format.extension, format.name);
 }
 
@@ -103,14 +155,12 @@ std::shared_ptr<Model> MeshLoader::readModel(const std::wstring& fileName)
     ReadMessages messages(fileName);
     auto model = std::make_shared<Model>();
     model->path = fileName;
-    MeshData mesh;
-    const bool isRead = readByExtension(fileName, options, mesh, messages) &&
-                        ReadGuarded(
-                            [&] {
-                                fillModel(std::move(mesh), *model, messages);
-                                return true;
-                            },
-                            messages);
+    const bool isRead = readNodes(options, *model, messages) && ReadGuarded(
+                                                                    [&] {
+                                                                        prepareShapes(*model);
+                                                                        return true;
+                                                                    },
+                                                                    messages);
     for (const std::wstring& warning : messages.Warnings())
         addWarningMessage(warning);
     if (isRead)

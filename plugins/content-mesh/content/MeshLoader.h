@@ -14,7 +14,8 @@ namespace OrvikMesh {
 /// The name under which the renderer factories for meshes are registered.
 inline constexpr char kMeshTypeName[] = "Mesh";
 
-/// Reads STL and OBJ files into a document, as loader or as importer.
+/// Reads meshes and point clouds into a document, as loader or as importer: the formats that have a
+/// reader, glTF, and the long tail through OrvikMeshImport.dll.
 ///
 /// The file is read on the calling thread; only adding the content crosses the call gate. The
 /// running job can cancel it. What goes wrong is told by GetErrorMessage() and

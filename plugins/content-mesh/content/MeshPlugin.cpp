@@ -47,7 +47,7 @@ protected:
     void describe() override
     {
         setName("OrvikMesh");
-        setDescription(L"Reads meshes from STL and OBJ files");
+        setDescription(L"Reads meshes and point clouds");
         addGetProduct("Mesh");
     }
 

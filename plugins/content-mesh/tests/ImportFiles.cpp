@@ -349,9 +349,10 @@ std::string threeMf()
 std::vector<ImportSample> ImportSamples()
 {
     return {
-        {"3ds", threeDs()}, {"3mf", threeMf()}, {"lwo", lightWave()}, {"ac", kAc3d},
-        {"amf", kAmf},      {"dae", kCollada},  {"dxf", kDxf},        {"fbx", kFbx},
-        {"nff", kNff},      {"x", kDirectX},    {"x3d", kX3d},        {"xgl", kXgl},
+        {"3ds", threeDs()}, {"3mf", threeMf()}, {"b3d", blitz()},  {"lwo", lightWave()},
+        {"ac", kAc3d},      {"amf", kAmf},      {"dae", kCollada}, {"dxf", kDxf},
+        {"fbx", kFbx},      {"nff", kNff},      {"x", kDirectX},   {"x3d", kX3d},
+        {"xgl", kXgl},
     };
 }
 

@@ -1,6 +1,7 @@
 #include "content/MeshLoader.h"
 
 #include "FakeSession.h"
+#include "GltfFiles.h"
 #include "Models.h"
 
 #include "OrvikCore/Document.h"
@@ -81,6 +82,28 @@ TEST_F(MeshLoaderTest, ChoosesTheReaderByTheExtension)
 
     ASSERT_EQ(m_document.GetContentList().size(), 2u);
     EXPECT_EQ(contentAt(1).GetModel()->nodes[0]->shape->Present()->TriangleCount(), 1u);
+}
+
+TEST_F(MeshLoaderTest, ReadsAGltfFileAsATree)
+{
+    m_loader.Load(m_folder.Write("all.glb", AllSorts().Binary()), m_document);
+
+    ASSERT_EQ(m_document.GetContentList().size(), 1u) << m_loader.GetErrorMessage();
+    const OrvikModel::ModelNode& top = *contentAt(0).GetModel()->nodes.at(0);
+    EXPECT_EQ(top.children.at(0)->kind, OrvikModel::NodeKind::PolyBody);
+    EXPECT_EQ(top.children.at(0)->shape, top.children.at(1)->shape);
+    EXPECT_EQ(top.children.at(2)->children.at(1)->kind, OrvikModel::NodeKind::Wire);
+    EXPECT_GT(top.children.at(2)->children.at(2)->pointSizePixels, 1.0f);
+}
+
+TEST_F(MeshLoaderTest, OffersTheLongTailWithoutLoadingItsLibrary)
+{
+    EXPECT_TRUE(m_loader.CanLoad(L"GLTF"));
+    EXPECT_TRUE(m_loader.CanLoad(L"DAE"));
+
+    m_loader.Load(m_folder.Write("a.dae", ""), m_document);
+
+    EXPECT_THAT(m_loader.GetErrorMessage(), EndsWith(L"a.dae: the file is empty"));
 }
 
 TEST_F(MeshLoaderTest, ReadsAnyCaseOfTheExtension)
