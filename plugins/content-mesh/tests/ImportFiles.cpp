@@ -46,7 +46,8 @@ std::string threeDs()
     append(uses, std::uint16_t{0});
     const std::string material =
         chunk(0xAFFF, chunk(0xA000, std::string("red\0", 4)) +
-                          chunk(0xA020, chunk(0x0011, std::string("\xFF\0\0", 3))));
+                          chunk(0xA020, chunk(0x0011, std::string("\xFF\0\0", 3))) +
+                          chunk(0xA050, chunk(0x0030, std::string("\x32\0", 2))));
     const std::string mesh =
         chunk(0x4100, chunk(0x4110, points) + chunk(0x4120, faces + chunk(0x4130, uses)));
     const std::string object = chunk(0x4000, std::string("Tri\0", 4) + mesh);
@@ -156,31 +157,29 @@ std::string zip(const std::vector<std::pair<std::string, std::string>>& entries)
     return bytes + std::string(2, '\0');
 }
 
-constexpr char kAc3d[] =
-    "AC3Db\n"
-    "MATERIAL \"red\" rgb 1 0 0  amb 0.2 0.2 0.2  emis 0 0 0  spec 0.5 0.5 0.5  shi 10  trans 0.5\n"
-    "OBJECT world\n"
-    "kids 2\n"
-    "OBJECT poly\n"
-    "name \"left\"\n"
-    "loc 1 2 3\n"
-    "numvert 4\n"
-    "0 0 0\n"
-    "1 0 0\n"
-    "1 1 0\n"
-    "0 1 0\n"
-    "numsurf 1\n"
-    "SURF 0x10\n"
-    "mat 0\n"
-    "refs 4\n"
-    "0 0 0\n"
-    "1 1 0\n"
-    "2 1 1\n"
-    "3 0 1\n"
-    "kids 0\n"
-    "OBJECT group\n"
-    "name \"grp\"\n"
-    "kids 0\n";
+constexpr char kAc3d[] = "AC3Db\n"
+                         "OBJECT world\n"
+                         "kids 2\n"
+                         "OBJECT poly\n"
+                         "name \"left\"\n"
+                         "loc 1 2 3\n"
+                         "numvert 4\n"
+                         "0 0 0\n"
+                         "1 0 0\n"
+                         "1 1 0\n"
+                         "0 1 0\n"
+                         "numsurf 1\n"
+                         "SURF 0x10\n"
+                         "mat 0\n"
+                         "refs 4\n"
+                         "0 0 0\n"
+                         "1 1 0\n"
+                         "2 1 1\n"
+                         "3 0 1\n"
+                         "kids 0\n"
+                         "OBJECT group\n"
+                         "name \"grp\"\n"
+                         "kids 0\n";
 
 constexpr char kAmf[] =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
