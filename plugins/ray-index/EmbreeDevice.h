@@ -25,6 +25,8 @@ public:
     ~EmbreeScene();
     EmbreeScene(const EmbreeScene&) = delete;
     EmbreeScene& operator=(const EmbreeScene&) = delete;
+    EmbreeScene(EmbreeScene&&) = delete;
+    EmbreeScene& operator=(EmbreeScene&&) = delete;
 
     RTCScene Handle() const { return m_scene; }
     std::size_t MemoryBytes() const { return m_bytes + m_copy.capacity() * sizeof(float); }
@@ -56,6 +58,8 @@ public:
     ~EmbreeDevice();
     EmbreeDevice(const EmbreeDevice&) = delete;
     EmbreeDevice& operator=(const EmbreeDevice&) = delete;
+    EmbreeDevice(EmbreeDevice&&) = delete;
+    EmbreeDevice& operator=(EmbreeDevice&&) = delete;
 
     const EmbreeApi& Api() const { return m_api; }
 

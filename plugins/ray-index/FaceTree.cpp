@@ -2,8 +2,6 @@
 
 namespace OrvikRay {
 
-IFaceTree::~IFaceTree() = default;
-
 NearestFace::Verdict NearestFace::Offer(std::uint32_t triangle)
 {
     Candidate candidate;

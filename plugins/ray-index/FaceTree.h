@@ -54,7 +54,7 @@ private:
 class IFaceTree
 {
 public:
-    virtual ~IFaceTree();
+    virtual ~IFaceTree() = default;
 
     /// Offers all triangles that may be the nearest one, and few others.
     virtual void Search(NearestFace& nearest) const = 0;
