@@ -154,7 +154,7 @@ public:
         const std::size_t first = hits.size();
         GeometryHit hit;
         while (m_geometry->Index()->FindFace(query, hit)) {
-            add(hit, start, first, hits);
+            add(hit, first, hits);
             query.minDistance = std::nextafter(std::max(hit.distance, 0.0f),
                                                std::numeric_limits<float>::infinity());
         }
@@ -174,16 +174,18 @@ private:
         return std::max(0.0, ahead - m_size);
     }
 
-    void add(const GeometryHit& hit, double start, std::size_t first, std::vector<LineHit>& hits)
+    void add(const GeometryHit& hit, std::size_t first, std::vector<LineHit>& hits)
     {
         const std::uint64_t partId =
             hit.partIndex == TambVizCore::kNoPart ? 0 : m_geometry->Parts()[hit.partIndex].id;
-        RefinedHit refined;
-        const double near = start + static_cast<double>(hit.distance);
-        const bool isExact = m_instance.node->shape->Refine(partId, m_local.origin,
-                                                            m_local.direction, near, refined);
-        if (!isExact && !passTriangle(*m_geometry, hit.primitive, m_local, refined))
+        RefinedHit flat;
+        if (!passTriangle(*m_geometry, hit.primitive, m_local, flat))
             return;
+        RefinedHit refined;
+        const bool isExact = m_instance.node->shape->Refine(
+            partId, m_local.origin, m_local.direction, flat.parameter, refined);
+        if (!isExact)
+            refined = flat;
         LineHit placed = place(m_instance, m_inverse, refined);
         placed.entity = MakeEntity(m_model, *m_instance.node, partId);
         placed.exact = isExact;

@@ -1,8 +1,10 @@
 #include "content/Measures.h"
 
 #include "content/Placement.h"
+#include "content/TriangleMeasures.h"
 
 #include <cmath>
+#include <vector>
 
 namespace OrvikModel {
 
@@ -30,20 +32,80 @@ void placeDirection(const double* world, double scale, double* direction)
         direction[i] = (world[i] * x + world[4 + i] * y + world[8 + i] * z) / scale;
 }
 
-/// Asks the exact geometry of a single shape.
-bool measureExact(const ModelNode& node, std::uint64_t partId, EntityMeasure what,
+/// Measures a shape or one part of it: exactly where that is possible, else from its triangles.
+bool measureShape(const ModelNode& node, std::uint64_t partId, EntityMeasure what,
                   MeasureResult& result)
 {
     double world[16];
     GetWorldTransform(node, world);
     const std::optional<double> scale = UniformScale(world);
-    MeasureResult exact;
-    if (!node.shape || !scale || !node.shape->MeasureExact(partId, what, exact))
+    MeasureResult measured;
+    if (scale && node.shape->MeasureExact(partId, what, measured)) {
+        PlaceMeasure(what, world, *scale, measured);
+        measured.exact = true;
+    } else if (!MeasureTriangles(node.shape->Present(), partId, world, what, measured)) {
         return false;
-    PlaceMeasure(what, world, *scale, exact);
-    exact.exact = true;
-    result = exact;
+    }
+    result = measured;
     return true;
+}
+
+/// Adds a measure up over several shapes; each must have it.
+bool addUp(const std::vector<const ModelNode*>& shapes, EntityMeasure what, MeasureResult& result)
+{
+    MeasureResult sum;
+    sum.exact = true;
+    for (const ModelNode* node : shapes) {
+        MeasureResult one;
+        if (!measureShape(*node, 0, what, one))
+            return false;
+        sum.value += one.value;
+        sum.exact = sum.exact && one.exact;
+    }
+    result = sum;
+    return !shapes.empty();
+}
+
+/// The centre of several shapes: of their volume where all are closed, else of their area, else of
+/// their length.
+bool findCenter(const std::vector<const ModelNode*>& shapes, MeasureResult& result)
+{
+    for (const EntityMeasure weight :
+         {EntityMeasure::Volume, EntityMeasure::Area, EntityMeasure::Length}) {
+        MeasureResult total;
+        if (!addUp(shapes, weight, total) || !(total.value > 0.0))
+            continue;
+        MeasureResult center;
+        center.exact = true;
+        for (const ModelNode* node : shapes) {
+            MeasureResult share;
+            MeasureResult own;
+            measureShape(*node, 0, weight, share);
+            if (!measureShape(*node, 0, EntityMeasure::Center, own))
+                return false;
+            for (int i = 0; i < 3; ++i)
+                center.vector[i] += own.vector[i] * share.value / total.value;
+            center.exact = center.exact && own.exact && share.exact;
+        }
+        result = center;
+        return true;
+    }
+    return false;
+}
+
+bool measureGroup(const std::vector<const ModelNode*>& shapes, EntityMeasure what,
+                  MeasureResult& result)
+{
+    switch (what) {
+    case EntityMeasure::Area:
+    case EntityMeasure::Volume:
+    case EntityMeasure::Length:
+        return addUp(shapes, what, result);
+    case EntityMeasure::Center:
+        return findCenter(shapes, result);
+    default:
+        return false;
+    }
 }
 
 } // namespace
@@ -75,10 +137,15 @@ void PlaceMeasure(EntityMeasure what, const double* world, double scale, Measure
     }
 }
 
-bool MeasureNode(const Model& /*model*/, const ModelNode& node, std::uint64_t partId,
+bool MeasureNode(const Model& model, const ModelNode* node, std::uint64_t partId,
                  EntityMeasure what, MeasureResult& result)
 {
-    return measureExact(node, partId, what, result);
+    if (partId != 0)
+        return measureShape(*node, partId, what, result);
+    const std::vector<const ModelNode*> shapes = ShapesBelow(model, node);
+    if (shapes.size() == 1)
+        return measureShape(*shapes.front(), 0, what, result);
+    return measureGroup(shapes, what, result);
 }
 
 } // namespace OrvikModel

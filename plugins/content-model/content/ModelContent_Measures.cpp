@@ -21,25 +21,30 @@ bool ModelContent::Measure(const EntityId& entity, EntityMeasure what, MeasureRe
 {
     const OrvikOs::FpMasked masked;
     const EntityMatch match = FindEntity(*m_model, entity);
-    if (!match.node || (match.partId != 0 && !HasPart(*match.node, match.partId)))
+    if (!match.IsFound() || (match.partId != 0 && !HasPart(*match.node, match.partId)))
         return false;
-    return MeasureNode(*m_model, *match.node, match.partId, what, result);
+    return MeasureNode(*m_model, match.node, match.partId, what, result);
 }
 
 bool ModelContent::MeasureDistance(const EntityId& from, const EntityId& to,
                                    DistanceResult& result) const
 {
     const OrvikOs::FpMasked masked;
-    const EntityMatch one = FindEntity(*m_model, from);
-    const EntityMatch other = FindEntity(*m_model, to);
-    return one.IsFound() && other.IsFound() && MeasureDistanceExact(*m_model, one, other, result);
+    std::vector<PlacedShape> shapes;
+    DistanceResult distance;
+    if (!GetShapes(to, shapes) || !MeasureDistanceToShapes(from, shapes, distance))
+        return false;
+    MeasureDistanceExact(*m_model, FindEntity(*m_model, from), FindEntity(*m_model, to), distance);
+    result = distance;
+    return true;
 }
 
-bool ModelContent::MeasureDistanceToShapes(const EntityId& /*from*/,
-                                           const std::vector<PlacedShape>& /*to*/,
-                                           DistanceResult& /*result*/) const
+bool ModelContent::MeasureDistanceToShapes(const EntityId& from, const std::vector<PlacedShape>& to,
+                                           DistanceResult& result) const
 {
-    return false;
+    const OrvikOs::FpMasked masked;
+    std::vector<PlacedShape> shapes;
+    return GetShapes(from, shapes) && MeasureDistanceOfShapes(shapes, to, result);
 }
 
 bool ModelContent::IntersectLine(const double* origin, const double* direction, bool visibleOnly,
