@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -95,5 +96,57 @@ TEST_F(Entities, HaveAThicknessBehindAPoint)
                                              "(measure:thickness '(105 5 105) '(-1 0 -1) 'normal)",
                                              "(measure:thickness '(5 5 100) '(0 0 0))"}));
 }
+
+#ifdef ORVIK_CAD_MODELS
+
+/// A generated model, copied to where its path is the same for everybody.
+class EntitiesOfSolids : public testing::Test
+{
+protected:
+    std::string copy(const std::string& model) const
+    {
+        namespace fs = std::filesystem;
+        fs::copy_file(fs::path(ORVIK_CAD_MODELS) / model, m_process.Folder() / model);
+        return model;
+    }
+
+    BatchProcess m_process;
+};
+
+TEST_F(EntitiesOfSolids, HaveBoresWithADiameter)
+{
+    m_process.ExpectGolden("hole-diameter",
+                           m_process.Run({copy("assembly_ap242.step"), "--script",
+                                          SourceFile("examples/hole-diameter.scm")}));
+}
+
+TEST_F(EntitiesOfSolids, AreThoseOfTheExampleToo)
+{
+    const Outcome outcome = m_process.Run({SourceFile("examples/bored-plate.step"), "--script",
+                                           SourceFile("examples/hole-diameter.scm")});
+
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_NE(outcome.output.find("hole plate: a bore at (50 30 5) of diameter 12 mm, exact\n"),
+              std::string::npos)
+        << outcome.output;
+}
+
+TEST_F(EntitiesOfSolids, HaveNamesColorsLayersAndExactSizes)
+{
+    m_process.ExpectGolden(
+        "entity-solid",
+        m_process.Run(evals(
+            copy("assembly_ap242.step"),
+            {"(define wall (app:pick-face 51 30 20 0.6 0 -1 0))",
+             "(entity:name (entity:parent (entity:body wall)))", "(entity:color wall)",
+             "(entity:layer wall)", "(entity:measure wall 'radius)",
+             "(entity:measure wall 'origin)", "(entity:exact? wall 'direction)",
+             "(measure:distance wall (app:pick-face 20 20 50 0 0 -1 0))",
+             "(measure:angle wall (app:pick-face 20 20 50 0 0 -1 0))",
+             "(measure:thickness '(20 20 50) '(0 0 -1))", "(length (sel:by-name \"*M6\" 'body))",
+             "(view:tessellation 0.01 5)", "(entity:radius wall)"})));
+}
+
+#endif
 
 } // namespace

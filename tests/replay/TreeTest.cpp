@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <regex>
+#include <set>
 #include <string>
 
 namespace {
+
+namespace fs = std::filesystem;
 
 const std::string gear = SourceFile("examples/gear.stl");
 
@@ -72,16 +77,74 @@ TEST(Tree, IsNotPrintedAfterAFailure)
     process.ExpectGolden("tree-failure", process.Run({"absent.stl", "--tree"}));
 }
 
+/// Checks what test:walk-tree printed: every row came back, and only groups and what has a text
+/// but no shape is without an id in the view.
+void expectEveryRowBack(const Outcome& outcome)
+{
+    static const std::set<std::string> plain = {
+        "annotation",           "capture", "captures", "datums",   "dimensions",
+        "geometric-tolerances", "notes",   "pmi",      "pmi-type", "scene",
+        "surface-finishes",     "view",    "views"};
+    std::smatch result;
+    ASSERT_EQ(outcome.exitCode, 0) << outcome.errors;
+    ASSERT_TRUE(std::regex_search(outcome.output, result,
+                                  std::regex(R"(\n\((\d+) (\d+) \((.*)\) \(\)\)\n$)")))
+        << outcome.output;
+    EXPECT_GT(std::stoi(result[1]), 2);
+    EXPECT_GT(std::stoi(result[2]), 1);
+    const std::string kinds = result[3];
+    const std::regex word("[a-z-]+");
+    for (std::sregex_iterator kind(kinds.begin(), kinds.end(), word), end; kind != end; ++kind)
+        EXPECT_TRUE(plain.contains(kind->str())) << kind->str();
+}
+
 TEST(Tree, ConvertsEveryRowThereAndBack)
 {
     BatchProcess process;
     process.UseTestCommands();
     process.Write("two.obj", kTwoGroups);
 
-    const Outcome outcome = process.Run({"two.obj", gear, "--eval", "(test:walk-tree)"});
-
-    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
-    EXPECT_NE(outcome.output.find("(\"scene\") ())\n"), std::string::npos) << outcome.output;
+    expectEveryRowBack(process.Run({"two.obj", gear, "--eval", "(test:walk-tree)"}));
 }
+
+#ifdef ORVIK_CAD_MODELS
+
+TEST(Tree, ConvertsEveryRowOfEveryCadModelThereAndBack)
+{
+    BatchProcess process;
+    process.UseTestCommands();
+    int count = 0;
+    for (const fs::directory_entry& entry : fs::directory_iterator(ORVIK_CAD_MODELS)) {
+        const std::string extension = entry.path().extension().string();
+        if (extension != ".step" && extension != ".stp" && extension != ".iges" &&
+            extension != ".brep")
+            continue;
+        SCOPED_TRACE(entry.path().filename().string());
+        expectEveryRowBack(process.Run({entry.path().string(), "--eval", "(test:walk-tree)"}));
+        ++count;
+    }
+    EXPECT_GT(count, 10);
+}
+
+/// Prints the tree of a generated model, copied to where its path is the same for everybody.
+void expectTree(const std::string& golden, const std::string& model)
+{
+    BatchProcess process;
+    fs::copy_file(fs::path(ORVIK_CAD_MODELS) / model, process.Folder() / model);
+
+    process.ExpectGolden(golden, process.Run({model, "--tree"}));
+}
+
+TEST(Tree, OfAnAssemblyHasReferencesAndBodies)
+{
+    expectTree("tree-assembly", "assembly_ap242.step");
+}
+
+TEST(Tree, OfAnnotationsAndViewsHasTheirGroups)
+{
+    expectTree("tree-annotations", "views.step");
+}
+
+#endif
 
 } // namespace
