@@ -269,7 +269,25 @@ void ObjAssembler::Finish(ReadMessages& messages)
     warn(messages, kShortFace, m_shortFaces);
     warn(messages, kNonFiniteFace, m_nonFinite);
     warn(messages, kFanned, m_fanned);
+    if (m_hasFaces && m_pointLines.count > 0) {
+        m_leftOut.first = m_leftOut.count == 0 ? m_pointLines.first
+                                               : std::min(m_leftOut.first, m_pointLines.first);
+        m_leftOut.count += m_pointLines.count;
+    }
     warn(messages, kObjLeftOut, m_leftOut);
+}
+
+bool ObjAssembler::MakeCloud(ReadMessages& messages)
+{
+    m_mesh.positions = std::move(m_points);
+    m_mesh.colors = std::move(m_pointColors);
+    if (m_fileNormalCount == m_pointCount && m_fileNormalCount > 0)
+        m_mesh.normals = std::move(m_normals);
+    NormalizeNormals(m_mesh);
+    if (!FinishPoints(m_mesh, messages))
+        return false;
+    messages.Warn(kObjOnlyPoints);
+    return true;
 }
 
 void ObjAssembler::fillVertices()
@@ -310,7 +328,10 @@ void ObjAssembler::addCounts(const ObjScan& scan)
     add(m_shortFaces, scan.shortFaces);
     add(m_badNumbers, scan.badNumbers);
     add(m_junkLines, scan.junkLines);
+    add(m_pointLines, scan.pointLines);
     add(m_leftOut, scan.leftOut);
+    m_hasFaces =
+        m_hasFaces || scan.faceCount > 0 || scan.zeroIndices.count > 0 || scan.shortFaces.count > 0;
 }
 
 void ObjAssembler::warn(ReadMessages& messages, const wchar_t* reason,

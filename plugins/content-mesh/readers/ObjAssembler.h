@@ -36,6 +36,15 @@ public:
     /// Completes the mesh and says what was left out.
     void Finish(ReadMessages& messages);
 
+    /// True when there was a face, if only a bad one.
+    bool HasFaces() const { return m_hasFaces; }
+
+    /// Makes a point cloud of all points; after Finish(), when there are no faces. Normals are
+    /// theirs where there are as many.
+    ///
+    /// @return false with an error when there is none.
+    bool MakeCloud(ReadMessages& messages);
+
     /// Names of the material libraries, each once, as they stand in the file.
     const std::vector<std::string>& Libraries() const { return m_libraries; }
     /// Names of the materials, in the order of MeshData::materials, as they stand in the file.
@@ -103,7 +112,9 @@ private:
     Occurrences m_shortFaces;
     Occurrences m_badNumbers;
     Occurrences m_junkLines;
+    Occurrences m_pointLines;
     Occurrences m_leftOut;
+    bool m_hasFaces = false;
 };
 
 } // namespace OrvikMesh

@@ -268,12 +268,11 @@ bool isSilent(const char* at, const char* end)
            startsWith(at, end, "c_interp", 8) || startsWith(at, end, "d_interp", 8);
 }
 
-/// Points, lines, curves and surfaces.
+/// Lines, curves and surfaces.
 bool isElement(const char* at, const char* end)
 {
-    return startsWith(at, end, "p", 1) || startsWith(at, end, "l", 1) ||
-           startsWith(at, end, "curv", 4) || startsWith(at, end, "curv2", 5) ||
-           startsWith(at, end, "surf", 4);
+    return startsWith(at, end, "l", 1) || startsWith(at, end, "curv", 4) ||
+           startsWith(at, end, "curv2", 5) || startsWith(at, end, "surf", 4);
 }
 
 /// The words that belong to free-form curves and surfaces.
@@ -301,7 +300,9 @@ bool skipOther(ObjScan& scan, const char* at)
         scan.nameEnd = next;
         return false;
     }
-    if (isElement(at, scan.end))
+    if (startsWith(at, scan.end, "p", 1))
+        note(scan.pointLines, at);
+    else if (isElement(at, scan.end))
         note(scan.leftOut, at);
     else if (!isSilent(at, scan.end) && !isFreeForm(at, scan.end))
         note(scan.junkLines, at);

@@ -71,6 +71,7 @@ struct ObjScan
     ScanOccurrences shortFaces;
     ScanOccurrences zeroIndices;
     ScanOccurrences junkLines;
+    ScanOccurrences pointLines; ///< Elements that are points.
     ScanOccurrences leftOut;
 };
 

@@ -55,6 +55,8 @@ bool ReadObjContent(const std::wstring& path, std::string_view content, const Re
                                                      static_cast<double>(pieces.size()));
     }
     assembler.Finish(messages);
+    if (!assembler.HasFaces() && mesh.TriangleCount() == 0)
+        return assembler.MakeCloud(messages);
     if (mesh.TriangleCount() == 0) {
         messages.Fail(kNoTriangle);
         return false;

@@ -12,10 +12,13 @@ namespace OrvikMesh {
 /// get flat ones. Texture coordinates are skipped. Each pair of point and normal becomes one
 /// vertex, in the order of first use.
 ///
-/// Errors: no face at all. Warnings, each with a count and the first line: faces with an index 0 or
-/// out of range, with fewer than three vertices or with a coordinate that is not finite (all left
-/// out; denormals are kept); lines that are not understood; points, lines and curves (left out);
-/// material libraries and materials that are missing.
+/// A file without faces is a point cloud of all its points, with a warning: it may have been cut
+/// short.
+///
+/// Errors: neither a sound face nor a point. Warnings, each with a count and the first line: faces
+/// with an index 0 or out of range, with fewer than three vertices or with a coordinate that is not
+/// finite (all left out; denormals are kept); lines that are not understood; points, lines and
+/// curves (left out); material libraries and materials that are missing.
 bool ReadObj(const std::wstring& path, const ReadOptions& options, MeshData& mesh,
              ReadMessages& messages);
 

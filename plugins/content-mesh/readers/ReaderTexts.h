@@ -104,6 +104,8 @@ inline constexpr wchar_t kObjBadNormal[] =
     L"the index of a normal is out of range; indices replaced: %1";
 inline constexpr wchar_t kObjJunk[] = L"not understood; lines left out, in whole or in part: %1";
 inline constexpr wchar_t kObjLeftOut[] = L"points, lines and curves left out: %1";
+inline constexpr wchar_t kObjOnlyPoints[] =
+    L"the file holds no faces; its points were read as a point cloud";
 inline constexpr wchar_t kObjNoLibrary[] = L"the material library \"%1\" cannot be read: %2";
 inline constexpr wchar_t kObjForeignLibrary[] =
     L"the material library \"%1\" lies outside the folder of the file and was not read";

@@ -390,7 +390,25 @@ TEST(ObjReader, PointsAndLinesAreLeftOutAndCounted)
                 ElementsAre(L"test: line 5: points, lines and curves left out: 2"));
 }
 
-TEST(ObjReader, FileWithoutFacesIsAnError)
+TEST(ObjReader, FileWithoutFacesIsAPointCloudWithAWarning)
 {
-    EXPECT_EQ(ReadObjText(kSquare).error, L"test: the file holds no triangle");
+    const ReadResult result = ReadObjText(
+        "v 0 0 0 1 0 0\nvn 0 0 2\nv 1 2 3 0 0 1\nvn 0 1 0\nv nan 0 0\nvn 1 0 0\np 1 2\n");
+
+    ASSERT_TRUE(result.ok) << result.error.c_str();
+    EXPECT_TRUE(result.mesh.isPointCloud);
+    EXPECT_EQ(result.mesh.VertexCount(), 2u);
+    EXPECT_THAT(result.Vertex(1), ElementsAre(1, 2, 3));
+    EXPECT_THAT(result.Color(1), ElementsAre(0, 0, 255, 255));
+    EXPECT_THAT(result.Normal(0), ElementsAre(0, 0, 1));
+    EXPECT_THAT(
+        result.warnings,
+        ElementsAre(L"test: a coordinate is not a finite number; points left out: 1",
+                    L"test: the file holds no faces; its points were read as a point cloud"));
+}
+
+TEST(ObjReader, FileWithBadFacesAloneIsAnError)
+{
+    EXPECT_EQ(ReadObjText(kSquare + "f 1 2 9\n").error, L"test: the file holds no triangle");
+    EXPECT_EQ(ReadObjText("# nothing\n").error, L"test: the file holds no point");
 }
