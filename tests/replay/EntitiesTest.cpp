@@ -89,6 +89,43 @@ TEST_F(Entities, HaveNoMeasureThatDoesNotFit)
                        "(entity:exact? top 'radius)"})));
 }
 
+TEST_F(Entities, OfAMeshAreMeasuredByTheirTriangles)
+{
+    m_process.ExpectGolden(
+        "entity-mesh",
+        run(withNames({"(entity:measure top 'area)", "(entity:measure box 'area)",
+                       "(entity:measure box 'volume)", "(entity:measure box 'center)",
+                       "(entity:measure top 'normal)", "(entity:measure top 'surface)",
+                       "(entity:measure edge 'length)", "(entity:measure edge 'curve)",
+                       "(entity:measure edge 'direction)", "(entity:measure edge 'center)",
+                       "(entity:exact? box 'volume)", "(measure:distance top bottom)",
+                       "(measure:angle top side)", "(measure:angle top bottom)",
+                       "(measure:angle top edge)", "(measure:angle top box)"})));
+}
+
+TEST_F(Entities, OfAMeshHaveBoresToo)
+{
+    const Outcome outcome = m_process.Run(
+        {SourceFile("examples/gear.stl"), "--script", SourceFile("examples/hole-diameter.scm")});
+
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_NE(outcome.output.find(" of diameter 15.9999999"), std::string::npos) << outcome.output;
+    EXPECT_NE(outcome.output.find(" mm, triangles\n> (app:print \"bores: \""), std::string::npos)
+        << outcome.output;
+}
+
+TEST_F(Entities, ThatAreSelectedLookSo)
+{
+    run({"(view:iso)", "(view:save-image \"plain.png\" 320 240)", "(sel:by-name \"box\")",
+         "(view:save-image \"selected.png\" 320 240)", "(sel:clear)",
+         "(view:save-image \"cleared.png\" 320 240)"});
+
+    const std::string plain = ReadBytes(m_process.Folder() / "plain.png");
+    EXPECT_FALSE(plain.empty());
+    EXPECT_TRUE(plain == ReadBytes(m_process.Folder() / "cleared.png"));
+    EXPECT_FALSE(plain == ReadBytes(m_process.Folder() / "selected.png"));
+}
+
 TEST_F(Entities, HaveAThicknessBehindAPoint)
 {
     m_process.ExpectGolden("thickness", run({"(measure:thickness '(5 5 100) '(0 0 -1))",
