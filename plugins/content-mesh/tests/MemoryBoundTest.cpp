@@ -1,8 +1,9 @@
 #include "MeshFiles.h"
+#include "ProcessMemory.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
+#include <algorithm>
 #include <functional>
 #include <string>
 
@@ -11,27 +12,6 @@
 namespace {
 
 constexpr std::size_t kFileBytes = 6u << 20;
-constexpr std::size_t kFreeBytes = 64u << 20;
-constexpr std::size_t kPerByte = 40;
-
-/// Reads a line of the process's state, in bytes; 0 where the system has none.
-std::size_t processBytes(const std::string& name)
-{
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);)
-        if (line.compare(0, name.size() + 1, name + ":") == 0)
-            return std::stoull(line.substr(name.size() + 1)) * 1024;
-    return 0;
-}
-
-/// Makes the greatest memory so far the present one.
-bool resetPeak()
-{
-    std::ofstream file("/proc/self/clear_refs");
-    file << "5";
-    file.flush();
-    return file.good();
-}
 
 std::string repeated(const std::string& start, const std::function<std::string(std::size_t)>& row)
 {
@@ -99,14 +79,14 @@ TEST_P(MemoryBound, HoldsForFilesThatMakeMuchOfEachByte)
     GTEST_SKIP() << "the sanitizer's own memory counts, too";
 #endif
     const std::string bytes = GetParam().make();
-    if (!resetPeak())
+    if (!ResetPeakMemory())
         GTEST_SKIP() << "the system does not tell how much memory a process took";
-    const std::size_t before = processBytes("VmRSS");
+    const std::size_t before = PresentMemory();
 
     const ReadResult result = GetParam().read(bytes, {});
 
-    const std::size_t peak = processBytes("VmHWM");
-    EXPECT_LE(peak - std::min(peak, before), kFreeBytes + kPerByte * bytes.size());
+    const std::size_t peak = PeakMemory();
+    EXPECT_LE(peak - std::min(peak, before), MemoryAllowedFor(bytes.size()));
     EXPECT_TRUE(result.ok || !result.error.empty());
 }
 
