@@ -35,7 +35,6 @@ constexpr ImportFormat kFormats[] = {
     {L"3MF", L"3D Manufacturing Format"},
     {L"AC", L"AC3D"},
     {L"AMF", L"Additive Manufacturing File"},
-    {L"B3D", L"Blitz3D"},
     {L"DAE", L"COLLADA"},
     {L"DXF", L"Drawing Exchange"},
     {L"FBX", L"Autodesk FBX"},

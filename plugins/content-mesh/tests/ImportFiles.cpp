@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstring>
-#include <initializer_list>
 #include <ostream>
 #include <utility>
 
@@ -85,37 +84,6 @@ std::string lightWave()
     std::string bytes = "FORM";
     appendBackwards(bytes, static_cast<std::uint32_t>(4 + body.size()));
     return bytes + "LWO2" + body;
-}
-
-/// A chunk of a Blitz3D file.
-std::string blitzChunk(const std::string& id, const std::string& content)
-{
-    std::string bytes = id;
-    append(bytes, static_cast<std::uint32_t>(content.size()));
-    return bytes + content;
-}
-
-template <class T> std::string numbers(std::initializer_list<T> values)
-{
-    std::string bytes;
-    for (const T value : values)
-        append(bytes, value);
-    return bytes;
-}
-
-std::string blitz()
-{
-    const std::string points(reinterpret_cast<const char*>(kTriangle), sizeof kTriangle);
-    const std::string mesh =
-        blitzChunk("MESH", numbers({0}) + blitzChunk("VRTS", numbers({0, 0, 0}) + points) +
-                               blitzChunk("TRIS", numbers({0, 0, 1, 2})));
-    const std::string node = blitzChunk(
-        "NODE", std::string("left\0", 5) +
-                    numbers({1.0f, 2.0f, 3.0f, 1.0f, 1.0f, 1.0f, 1.0f, 0.0f, 0.0f, 0.0f}) + mesh);
-    const std::string brush =
-        blitzChunk("BRUS", numbers({0}) + std::string("red\0", 4) +
-                               numbers({1.0f, 0.0f, 0.0f, 1.0f, 0.0f}) + numbers({0, 0}));
-    return blitzChunk("BB3D", numbers({1}) + brush + node);
 }
 
 std::uint32_t crcOf(const std::string& bytes)
@@ -348,10 +316,9 @@ std::string threeMf()
 std::vector<ImportSample> ImportSamples()
 {
     return {
-        {"3ds", threeDs()}, {"3mf", threeMf()}, {"b3d", blitz()},  {"lwo", lightWave()},
-        {"ac", kAc3d},      {"amf", kAmf},      {"dae", kCollada}, {"dxf", kDxf},
-        {"fbx", kFbx},      {"nff", kNff},      {"x", kDirectX},   {"x3d", kX3d},
-        {"xgl", kXgl},
+        {"3ds", threeDs()}, {"3mf", threeMf()}, {"lwo", lightWave()}, {"ac", kAc3d},
+        {"amf", kAmf},      {"dae", kCollada},  {"dxf", kDxf},        {"fbx", kFbx},
+        {"nff", kNff},      {"x", kDirectX},    {"x3d", kX3d},        {"xgl", kXgl},
     };
 }
 
