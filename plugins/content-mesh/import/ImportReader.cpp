@@ -29,7 +29,7 @@ namespace {
 
 /// Formats whose files the library reads well. Those with readers of their own are not among them,
 /// nor those of solids or of motion alone, nor those whose damaged files make it run for ever
-/// (OGEX, SMD) or fault often (ASE).
+/// (OGEX, SMD) or most of a minute (B3D), or fault often (ASE).
 constexpr ImportFormat kFormats[] = {
     {L"3DS", L"3D Studio"},
     {L"3MF", L"3D Manufacturing Format"},
