@@ -20,6 +20,7 @@ inline constexpr wchar_t kWhileBuilding[] = L"collecting the model's structure";
 inline constexpr wchar_t kWhileReadingPmi[] = L"reading annotations";
 inline constexpr wchar_t kWhileReadingViews[] = L"reading saved views";
 inline constexpr wchar_t kWhileValidating[] = L"comparing validation properties";
+inline constexpr wchar_t kWhileWriting[] = L"writing";
 
 inline constexpr wchar_t kNotStep[] = L"this is no STEP file: it does not begin with ISO-10303-21";
 inline constexpr wchar_t kStepNesting[] = L"brackets are nested more than %1 deep";
@@ -43,6 +44,16 @@ inline constexpr wchar_t kTooManyNodes[] =
     L"the assembly holds more than %1 instances; the others were left out";
 inline constexpr wchar_t kTooDeep[] =
     L"the assembly is nested more than %1 deep; what lies deeper was left out";
+
+inline constexpr wchar_t kCannotWrite[] = L"the file cannot be written: %1";
+inline constexpr wchar_t kNotWritable[] =
+    L"the model has no exact shapes of the geometry kernel, so it cannot be written in this format";
+inline constexpr wchar_t kNothingWritten[] =
+    L"the geometry kernel could not turn the model into %1";
+inline constexpr wchar_t kWritingCancelled[] = L"writing was cancelled";
+inline constexpr wchar_t kNoMemoryToWrite[] = L"not enough memory to write the file";
+inline constexpr wchar_t kAnnotationsNotWritten[] = L"annotations that were not written: %1";
+inline constexpr wchar_t kViewsNotWritten[] = L"saved views that were not written: %1";
 
 } // namespace OrvikCad
 

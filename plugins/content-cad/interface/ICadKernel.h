@@ -25,7 +25,7 @@ struct CadTessellation
     double maxAngleDegrees = 0.0; ///< Between neighbouring chords; 0 for 0.35 radians.
 };
 
-/// Reads CAD files: the side of the kernel that the plugin sees. It lives in a library
+/// Reads and writes CAD files: the side of the kernel that the plugin sees. It lives in a library
 /// of its own, which is loaded on first use and stays; this interface names nothing of the kernel.
 ///
 /// @thread  One document at a time, on the worker. Reading polls the process's CancelToken and
@@ -42,6 +42,15 @@ public:
     virtual bool Read(const std::wstring& fileName, CadFormat format,
                       const CadTessellation& tessellation, OrvikModel::Model& model,
                       CadMessages& messages) = 0;
+
+    /// Tells whether a model came from this kernel, so that it can be written.
+    virtual bool CanWrite(const OrvikModel::Model& model) const = 0;
+
+    /// Writes a model whole or not at all: on failure a file that was there is as it was.
+    ///
+    /// @return false when it was not written; @p messages then has an error.
+    virtual bool Write(const std::wstring& fileName, CadFormat format,
+                       const OrvikModel::Model& model, CadMessages& messages) = 0;
 };
 
 /// Name and type of the one function that the kernel's library exports. The kernel (transferred

@@ -2,6 +2,7 @@
 
 #include "interface/CadTexts.h"
 #include "kernel/FileReading.h"
+#include "kernel/FileWriter.h"
 #include "kernel/KernelGuard.h"
 #include "kernel/KernelMessages.h"
 #include "kernel/ModelBuilder.h"
@@ -155,6 +156,17 @@ bool CadKernel::Read(const std::wstring& fileName, CadFormat format,
     if (!isRead)
         model = OrvikModel::Model();
     return isRead;
+}
+
+bool CadKernel::CanWrite(const OrvikModel::Model& model) const
+{
+    return CanWriteModel(model);
+}
+
+bool CadKernel::Write(const std::wstring& fileName, CadFormat format,
+                      const OrvikModel::Model& model, CadMessages& messages)
+{
+    return WriteModel(fileName, format, model, messages);
 }
 
 } // namespace OrvikCad

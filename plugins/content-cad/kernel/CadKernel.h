@@ -15,6 +15,9 @@ public:
 
     bool Read(const std::wstring& fileName, CadFormat format, const CadTessellation& tessellation,
               OrvikModel::Model& model, CadMessages& messages) override;
+    bool CanWrite(const OrvikModel::Model& model) const override;
+    bool Write(const std::wstring& fileName, CadFormat format, const OrvikModel::Model& model,
+               CadMessages& messages) override;
 };
 
 } // namespace OrvikCad

@@ -1,5 +1,6 @@
 #include "kernel/PmiReader.h"
 
+#include "kernel/PartContent.h"
 #include "kernel/PmiText.h"
 
 #include <OrvikOs/Utf8.h>
@@ -14,7 +15,6 @@
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XCAFDoc_GeomTolerance.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
-#include <gp_Trsf.hxx>
 
 #include <algorithm>
 #include <array>
@@ -109,19 +109,6 @@ Matrix product(const Matrix& left, const Matrix& right)
     Matrix result(16);
     TambVizCore::MultiplyMatrices(left.data(), right.data(), result.data());
     return result;
-}
-
-Matrix toMatrix(const TopLoc_Location& location)
-{
-    if (location.IsIdentity())
-        return {};
-    const gp_Trsf& place = location.Transformation();
-    Matrix matrix(16);
-    for (int row = 0; row < 3; ++row)
-        for (int column = 0; column < 4; ++column)
-            matrix[static_cast<std::size_t>(column * 4 + row)] = place.Value(row + 1, column + 1);
-    matrix[15] = 1.0;
-    return matrix;
 }
 
 /// Where nodes stand in the world, before they know their parents.
@@ -288,7 +275,8 @@ private:
         if (!hasEdges(drawn))
             return;
         node.shape = m_context.shapes.Get(drawn, node.name);
-        const Matrix place = product(placeOfBody(label), toMatrix(drawn.Location()));
+        const Matrix place =
+            product(placeOfBody(label), ToTransform(drawn.Location()).value_or(Matrix()));
         if (!place.empty())
             node.transform = place;
     }

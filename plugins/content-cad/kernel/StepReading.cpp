@@ -5,6 +5,8 @@
 #include "kernel/KernelChecks.h"
 #include "kernel/KernelMessages.h"
 #include "kernel/KernelProgress.h"
+#include "kernel/PmiValues.h"
+#include "kernel/SavedViewPlaces.h"
 #include "kernel/StepScan.h"
 
 #include <OrvikOs/Utf8.h>
@@ -84,6 +86,8 @@ bool ReadStep(const CadFile& file, CadDocument& document, CadMessages& messages)
     TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
     WarnOfFailedTransfers(session, messages);
     WarnOfMissingFiles(reader, messages);
+    CorrectPmiValues(session, document);
+    PlaceSavedViews(session, document);
     if (!isTransferred)
         messages.Fail(
             FillText(kNothingTransferred, {std::to_wstring(session->Model()->NbEntities())}));

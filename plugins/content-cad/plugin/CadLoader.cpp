@@ -26,19 +26,6 @@ std::string typeNameOf(CadFormat format, CadLoader::Mode mode)
     return name + (mode == CadLoader::Mode::Import ? "Importer" : "Loader");
 }
 
-OrvikCore::AContentLoader::Extensions extensionsOf(CadFormat format)
-{
-    switch (format) {
-    case CadFormat::Step:
-        return {{L"STEP", L"STEP"}, {L"STP", L"STEP"}, {L"P21", L"STEP"}};
-    case CadFormat::Iges:
-        return {{L"IGES", L"IGES"}, {L"IGS", L"IGES"}};
-    case CadFormat::Brep:
-        return {{L"BREP", L"Open CASCADE BREP"}, {L"BRP", L"Open CASCADE BREP"}};
-    }
-    return {};
-}
-
 /// Gives the tessellation parameters that all renderers share; they are protected there.
 class SharedTessellation : public OrvikCore::IContentRenderer
 {
@@ -71,11 +58,24 @@ void makeIndexes(const ModelNode& node)
 
 } // namespace
 
+OrvikCore::AContentLoader::Extensions ExtensionsOf(CadFormat format)
+{
+    switch (format) {
+    case CadFormat::Step:
+        return {{L"STEP", L"STEP"}, {L"STP", L"STEP"}, {L"P21", L"STEP"}};
+    case CadFormat::Iges:
+        return {{L"IGES", L"IGES"}, {L"IGS", L"IGES"}};
+    case CadFormat::Brep:
+        return {{L"BREP", L"Open CASCADE BREP"}, {L"BRP", L"Open CASCADE BREP"}};
+    }
+    return {};
+}
+
 CadLoader::CadLoader(CadFormat format, Mode mode) : m_format(format)
 {
     typeName = typeNameOf(format, mode);
     isImporter = mode == Mode::Import;
-    validExtensions = extensionsOf(format);
+    validExtensions = ExtensionsOf(format);
 }
 
 CadLoader::~CadLoader() = default;

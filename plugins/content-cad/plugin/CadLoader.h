@@ -15,6 +15,9 @@ namespace OrvikCad {
 /// The name under which the renderer factories for CAD models are registered.
 inline constexpr char kCadTypeName[] = "Cad";
 
+/// @return the extensions of a format in upper case, each with the format's name.
+OrvikCore::AContentLoader::Extensions ExtensionsOf(CadFormat format);
+
 /// Reads STEP, IGES or BREP files into a document, as loader or as importer. There is one for each
 /// format and mode; the kernel's library is loaded when the first file is read.
 ///

@@ -1,4 +1,5 @@
 #include "plugin/CadLoader.h"
+#include "plugin/CadSaver.h"
 
 #include "OrvikCore/APluginFactory.h"
 #include "OrvikCore/SessionMgr.h"
@@ -35,11 +36,25 @@ constexpr NamedLoader kLoaders[] = {
     {"BrepImporter", CadFormat::Brep, CadLoader::Mode::Import},
 };
 
-/// The factory of the CAD plugin: registers loaders, importers and renderer factories.
+/// A saver by the name that a host asks for it.
+struct NamedSaver
+{
+    const char* name;
+    CadFormat format;
+};
+
+constexpr NamedSaver kSavers[] = {
+    {"StepSaver", CadFormat::Step},
+    {"IgesSaver", CadFormat::Iges},
+    {"BrepSaver", CadFormat::Brep},
+};
+
+/// The factory of the CAD plugin: registers loaders, importers, savers and renderer factories.
 class CadPlugin final : public OrvikCore::APluginFactory
 {
 public:
-    /// @return a loader or importer by its name above, renderer factories for "CadRendererFactory"
+    /// @return a loader, importer or saver by its name above, renderer factories for
+    /// "CadRendererFactory"
     ///         and "CadTreeRendererFactory"; each as a pointer to its base of the core.
     void* CreateObject(const char* objectName) override
     {
@@ -47,6 +62,9 @@ public:
             if (std::strcmp(objectName, loader.name) == 0)
                 return static_cast<OrvikCore::AContentLoader*>(
                     new CadLoader(loader.format, loader.mode));
+        for (const NamedSaver& saver : kSavers)
+            if (std::strcmp(objectName, saver.name) == 0)
+                return static_cast<OrvikCore::AContentSaver*>(new CadSaver(saver.format));
         if (std::strcmp(objectName, "CadRendererFactory") == 0)
             return static_cast<OrvikCore::AContentRendererFactory*>(
                 new ModelRendererFactory(kCadTypeName));
@@ -62,7 +80,7 @@ protected:
     void describe() override
     {
         setName("OrvikCad");
-        setDescription(L"Reads CAD models from STEP, IGES and BREP files");
+        setDescription(L"Reads and writes CAD models: STEP, IGES and BREP files");
         addGetProduct("Cad");
     }
 
@@ -73,6 +91,8 @@ protected:
         for (const NamedLoader& loader : kLoaders)
             manager.RegisterContentLoader(
                 std::make_unique<CadLoader>(loader.format, loader.mode).release());
+        for (const NamedSaver& saver : kSavers)
+            manager.RegisterContentSaver(std::make_unique<CadSaver>(saver.format).release());
         manager.RegisterContentRendererFactory(
             std::make_unique<ModelRendererFactory>(kCadTypeName).release());
         manager.RegisterTreeRendererFactory(
