@@ -1,9 +1,15 @@
-#include "interface/CadMessages.h"
-#include "kernel/CadKernel.h"
+#include "kernel/CadDocument.h"
+#include "kernel/KernelText.h"
+#include "kernel/StepTextWriter.h"
+#include "tests/KernelFixture.h"
 #include "tests/ModelText.h"
 
-#include <ScopedTempDir.h>
-#include <gmock/gmock.h>
+#include <TambCommandsInfra/CancelToken.h>
+
+#include <BRepPrimAPI_MakeBox.hxx>
+#include <TDataStd_Name.hxx>
+#include <XCAFDoc_DocumentTool.hxx>
+#include <XCAFDoc_ShapeTool.hxx>
 
 namespace OrvikCad {
 namespace {
@@ -132,7 +138,7 @@ TEST_F(RoundTrip, WarnsOfAnnotationsAndViewsThatAreLeftOut)
                                                path + L": saved views that were not written: 2"));
 }
 
-TEST_F(RoundTrip, LeavesTheOldFileWhenTheNewOneCannotBeWritten)
+TEST_F(RoundTrip, TellsTheFileThatCannotBeWritten)
 {
     const Model model = ReadTestModel("hole_plate.step");
     const std::wstring path = folder.WidePath(L"missing/file.step");
@@ -141,6 +147,22 @@ TEST_F(RoundTrip, LeavesTheOldFileWhenTheNewOneCannotBeWritten)
     EXPECT_FALSE(kernel.Write(path, CadFormat::Step, model, messages));
 
     EXPECT_THAT(messages.Error(), HasSubstr(path + L": the file cannot be written: "));
+}
+
+TEST_F(RoundTrip, LeavesTheOldFileWhenTheJobIsCancelled)
+{
+    const Model model = ReadTestModel("hole_plate.step");
+    const std::wstring path = folder.Write("old.step", "as it was");
+    CadMessages messages(path);
+    auto& token = TambCommandsInfra::CancelToken::Instance();
+    token.Arm(token.NextJobNumber());
+    token.CancelCurrent();
+
+    EXPECT_FALSE(kernel.Write(path, CadFormat::Step, model, messages));
+
+    token.Disarm();
+    EXPECT_EQ(messages.Error(), path + L": writing was cancelled");
+    EXPECT_EQ(std::filesystem::file_size(folder.Path() / "old.step"), 9u);
 }
 
 TEST_F(RoundTrip, RefusesAModelOfAnotherKind)
