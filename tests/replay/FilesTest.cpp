@@ -96,4 +96,52 @@ TEST(Files, AfterAFileThatFailsNothingElseRuns)
     EXPECT_FALSE(fs::exists(process.Folder() / "picture.png"));
 }
 
+/// What --info says of a file, without its name and path.
+std::string shapeOf(const BatchProcess& process, const std::string& file)
+{
+    const Outcome outcome = process.Run({file, "--info=json", "--no-startup"});
+    const std::size_t box = outcome.output.find("\"box\"");
+    const std::size_t segments = outcome.output.find(", \"segments\"");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_NE(segments, std::string::npos) << outcome.output;
+    return outcome.output.substr(box, segments - box);
+}
+
+TEST(Files, WhatIsSavedIsLoadedTheSame)
+{
+    BatchProcess process;
+    const std::string shape = shapeOf(process, gear);
+
+    for (const std::string extension : {"stl", "obj", "ply", "off"}) {
+        const std::string file = "saved." + extension;
+        const Outcome outcome = process.Run({gear, "--eval", "(doc:save \"" + file + "\")"});
+        EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+        EXPECT_EQ(shapeOf(process, file), shape) << file;
+    }
+}
+
+TEST(Files, AFileThatCannotBeSavedIsAnErrorThatNamesIt)
+{
+    BatchProcess process;
+
+    process.ExpectGolden("save-no-format", process.Run({gear, "--eval", "(doc:save \"a.xls\")"}));
+    process.ExpectGolden("save-no-folder",
+                         process.Run({gear, "--eval", "(doc:save \"absent/a.stl\")"}));
+    process.ExpectGolden("save-nothing", process.Run({"--eval", "(doc:save \"a.stl\")"}));
+    process.ExpectGolden("save-no-name",
+                         process.Run({gear, "--eval", "(doc:save \"a.stl\" \"b.stl\")"}));
+}
+
+TEST(Files, OneOfSeveralIsSavedByItsName)
+{
+    BatchProcess process;
+    process.Write("dot.xyz", "1 2 3\n4 5 6\n");
+
+    const Outcome outcome = process.Run({SourceFile("examples/gear.stl"), "dot.xyz", "--eval",
+                                         "(doc:save \"dots.ply\" \"dot.xyz\")"});
+
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_NE(shapeOf(process, "dots.ply").find("\"triangles\": 0"), std::string::npos);
+}
+
 } // namespace

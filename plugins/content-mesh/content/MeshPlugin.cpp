@@ -1,4 +1,5 @@
 #include "content/MeshLoader.h"
+#include "content/MeshSaver.h"
 
 #include "OrvikCore/APluginFactory.h"
 #include "OrvikCore/SessionMgr.h"
@@ -18,13 +19,13 @@ using OrvikModel::ModelTreeRendererFactory;
 
 namespace {
 
-/// The factory of the mesh plugin: registers loader, importer and renderer factories.
+/// The factory of the mesh plugin: registers loader, importer, saver and renderer factories.
 class MeshPlugin final : public OrvikCore::APluginFactory
 {
 public:
-    /// @return a loader for "MeshLoader", an importer for "MeshImporter", renderer factories for
-    ///         "MeshRendererFactory" and "MeshTreeRendererFactory"; each as a pointer to its base
-    ///         of the core.
+    /// @return a loader for "MeshLoader", an importer for "MeshImporter", a saver for "MeshSaver",
+    ///         renderer factories for "MeshRendererFactory" and "MeshTreeRendererFactory"; each as
+    ///         a pointer to its base of the core.
     void* CreateObject(const char* objectName) override
     {
         if (std::strcmp(objectName, "MeshLoader") == 0)
@@ -32,6 +33,8 @@ public:
         if (std::strcmp(objectName, "MeshImporter") == 0)
             return static_cast<OrvikCore::AContentLoader*>(
                 new MeshLoader(MeshLoader::Mode::Import));
+        if (std::strcmp(objectName, "MeshSaver") == 0)
+            return static_cast<OrvikCore::AContentSaver*>(new MeshSaver());
         if (std::strcmp(objectName, "MeshRendererFactory") == 0)
             return static_cast<OrvikCore::AContentRendererFactory*>(
                 new ModelRendererFactory(kMeshTypeName));
@@ -47,7 +50,7 @@ protected:
     void describe() override
     {
         setName("OrvikMesh");
-        setDescription(L"Reads meshes and point clouds");
+        setDescription(L"Reads and writes meshes and point clouds");
         addGetProduct("Mesh");
     }
 
@@ -59,6 +62,7 @@ protected:
             std::make_unique<MeshLoader>(MeshLoader::Mode::Load).release());
         manager.RegisterContentLoader(
             std::make_unique<MeshLoader>(MeshLoader::Mode::Import).release());
+        manager.RegisterContentSaver(std::make_unique<MeshSaver>().release());
         manager.RegisterContentRendererFactory(
             std::make_unique<ModelRendererFactory>(kMeshTypeName).release());
         manager.RegisterTreeRendererFactory(

@@ -2,6 +2,7 @@
 
 #include "OrvikCore/AContentLoader.h"
 #include "OrvikCore/AContentRendererFactory.h"
+#include "OrvikCore/AContentSaver.h"
 #include "OrvikCore/APluginFactory.h"
 #include "OrvikCore/Document.h"
 #include "OrvikCore/PluginManager.h"
@@ -43,7 +44,7 @@ TEST(MeshPlugin, IsOfTypeContentAndDescribesItself)
     EXPECT_TRUE(factory->GetInfo().GetErrors().empty());
 }
 
-TEST(MeshPlugin, RegistersLoaderImporterAndRendererFactories)
+TEST(MeshPlugin, RegistersLoaderImporterSaverAndRendererFactories)
 {
     loadPlugin();
 
@@ -53,6 +54,8 @@ TEST(MeshPlugin, RegistersLoaderImporterAndRendererFactories)
     ASSERT_NE(manager.GetContentImporter(L"part.OBJ"), nullptr);
     EXPECT_TRUE(manager.GetContentImporter(L"part.OBJ")->IsImporter());
     EXPECT_EQ(manager.GetContentLoader(L"part.step"), nullptr);
+    ASSERT_EQ(manager.GetContentSaverList().size(), 1u);
+    EXPECT_EQ(manager.GetContentSaverList().front()->ValidExtensions().size(), 4u);
     EXPECT_NE(manager.GetContentRendererFactory("Mesh"), nullptr);
     EXPECT_NE(manager.GetTreeRendererFactory("Mesh"), nullptr);
 }

@@ -1,0 +1,122 @@
+#include "content/MeshSaver.h"
+
+#include "writers/MeshWriter.h"
+
+#include "OrvikCore/AContent.h"
+#include "OrvikCore/IEntityProperties.h"
+
+#include <OrvikOs/FpMasked.h>
+#include <TambCommandsInfra/CancelToken.h>
+#include <TambCommandsInfra/Progress.h>
+#include <TambVizCore/EntityId.h>
+#include <TambVizCore/Geometry.h>
+#include <TambVizCore/Utils.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace OrvikMesh {
+
+using OrvikCore::IEntityProperties;
+using OrvikCore::PlacedShape;
+using TambCommandsInfra::CancelToken;
+using TambCommandsInfra::Progress;
+using TambVizCore::Geometry;
+using TambVizCore::RGBAColor;
+using TambVizCore::Utils;
+
+namespace {
+
+constexpr wchar_t kPhase[] = L"Writing ";
+constexpr wchar_t kWiresLeftOut[] = L"the format holds no lines; wires left out: %1";
+
+MeshColor toMeshColor(const RGBAColor& color)
+{
+    constexpr float kFull = 255.0f;
+    return {static_cast<float>(color.r) / kFull, static_cast<float>(color.g) / kFull,
+            static_cast<float>(color.b) / kFull, static_cast<float>(color.a) / kFull};
+}
+
+/// Points at the arrays of a shape, which the shape keeps alive.
+BodyToWrite bodyOf(const PlacedShape& shape)
+{
+    const Geometry& geometry = *shape.geometry;
+    BodyToWrite body;
+    body.name = shape.name;
+    if (shape.color)
+        body.color = toMeshColor(*shape.color);
+    std::copy_n(shape.world, body.transform.size(), body.transform.begin());
+    body.positions = geometry.Positions().Span();
+    body.normals = geometry.Normals().Span();
+    body.colors = geometry.Colors().Span();
+    body.triangles = geometry.Triangles().Span();
+    body.isPointCloud = geometry.TriangleCount() == 0;
+    return body;
+}
+
+/// Chooses what a format of triangles and points can hold.
+MeshToWrite meshOf(const std::vector<PlacedShape>& shapes, ReadMessages& messages)
+{
+    MeshToWrite mesh;
+    std::size_t wires = 0;
+    for (const PlacedShape& shape : shapes) {
+        const Geometry& geometry = *shape.geometry;
+        const bool isWire = geometry.TriangleCount() == 0 && geometry.SegmentCount() > 0;
+        if (isWire)
+            ++wires;
+        else
+            mesh.bodies.push_back(bodyOf(shape));
+    }
+    if (wires > 0)
+        messages.Warn(FillText(kWiresLeftOut, {std::to_wstring(wires)}));
+    return mesh;
+}
+
+/// Ends the progress that it began, however the writing ends.
+class ProgressPhase
+{
+public:
+    explicit ProgressPhase(const std::wstring& name) { Progress::Instance().BeginPhase(name); }
+    ~ProgressPhase() { Progress::Instance().End(); }
+    ProgressPhase(const ProgressPhase&) = delete;
+    ProgressPhase& operator=(const ProgressPhase&) = delete;
+};
+
+} // namespace
+
+MeshSaver::MeshSaver()
+{
+    for (const WritableFormat& format : WritableFormats())
+        validExtensions.emplace(format.extension, format.name);
+}
+
+MeshSaver::~MeshSaver() = default;
+
+bool MeshSaver::save(const std::wstring& fileName, OrvikCore::AContent* content)
+{
+    const OrvikOs::FpMasked coordinatesAreData;
+    const ProgressPhase phase(kPhase + Utils::GetFileNameOnly(fileName));
+    ReadMessages messages(fileName);
+    std::vector<PlacedShape> shapes;
+    // A content without shapes leaves the list empty, which the writer reports.
+    dynamic_cast<const IEntityProperties&>(*content).GetShapes(TambVizCore::EntityId(), shapes);
+    const MeshToWrite mesh = meshOf(shapes, messages);
+    const WritableFormat* const format =
+        FindWritableFormat(Utils::ToUpperAscii(Utils::GetFileExtension(fileName)));
+    WriteOptions options;
+    options.isCancelled = [] { return CancelToken::Instance().IsCancelled(); };
+    options.progress = [](double share) { Progress::Instance().Report(share); };
+    const bool isWritten = format != nullptr && format->write(fileName, mesh, options, messages);
+    for (const std::wstring& warning : messages.Warnings())
+        addWarningMessage(warning);
+    if (messages.HasError())
+        setErrorMessage(messages.Error());
+    return isWritten;
+}
+
+bool MeshSaver::canSave(OrvikCore::AContent* content, const std::wstring& /*extension*/)
+{
+    return dynamic_cast<const IEntityProperties*>(content) != nullptr;
+}
+
+} // namespace OrvikMesh
