@@ -4,7 +4,9 @@ namespace OrvikCommands {
 
 void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
 {
+    RegisterAnnotationCommands(table);
     RegisterApplicationCommands(table);
+    RegisterCameraCommands(table);
     RegisterDocumentCommands(table);
     RegisterDocumentFileCommands(table);
     RegisterDocumentTreeCommand(table);
@@ -12,11 +14,13 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterEntityCommands(table);
     RegisterEntityMeasureCommands(table);
     RegisterMeasureCommands(table);
+    RegisterSectionCommands(table);
     RegisterSelectionCommands(table);
     RegisterSelectionFindCommands(table);
     RegisterSettingsCommands(table);
     RegisterTessellationCommands(table);
     RegisterViewCommands(table);
+    RegisterVisibilityCommands(table);
 }
 
 } // namespace OrvikCommands

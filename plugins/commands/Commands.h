@@ -8,7 +8,9 @@ class CommandTable;
 namespace OrvikCommands {
 
 /// Each registers the commands of one topic.
+void RegisterAnnotationCommands(TambCommandsInfra::CommandTable& table);
 void RegisterApplicationCommands(TambCommandsInfra::CommandTable& table);
+void RegisterCameraCommands(TambCommandsInfra::CommandTable& table);
 void RegisterDocumentCommands(TambCommandsInfra::CommandTable& table);
 void RegisterDocumentFileCommands(TambCommandsInfra::CommandTable& table);
 void RegisterDocumentTreeCommand(TambCommandsInfra::CommandTable& table);
@@ -16,11 +18,13 @@ void RegisterDrawingCommands(TambCommandsInfra::CommandTable& table);
 void RegisterEntityCommands(TambCommandsInfra::CommandTable& table);
 void RegisterEntityMeasureCommands(TambCommandsInfra::CommandTable& table);
 void RegisterMeasureCommands(TambCommandsInfra::CommandTable& table);
+void RegisterSectionCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSelectionCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSelectionFindCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSettingsCommands(TambCommandsInfra::CommandTable& table);
 void RegisterTessellationCommands(TambCommandsInfra::CommandTable& table);
 void RegisterViewCommands(TambCommandsInfra::CommandTable& table);
+void RegisterVisibilityCommands(TambCommandsInfra::CommandTable& table);
 
 /// Registers every command of the script language.
 ///

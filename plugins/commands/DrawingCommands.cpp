@@ -20,7 +20,7 @@ using TambCommandsInfra::Presence;
 using TambCommandsInfra::Value;
 using TambCommandsInfra::ValueType;
 
-const char kDrawTriangles[] = "view:draw-triangles";
+const char kDrawMesh[] = "view:draw-mesh";
 
 Command drawArrowCommand()
 {
@@ -29,7 +29,7 @@ Command drawArrowCommand()
     command.parameters = {PointParameter("from", "where the arrow begins"),
                           PointParameter("to", "where its point is")};
     command.summary = "Draws an arrow over the model.";
-    command.help = "It stays until view:clear-drawings.";
+    command.help = "It stays until view:clear-drawing.";
     command.example = "(view:draw-arrow '(0 0 0) '(0 0 50))";
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments& arguments) {
@@ -68,8 +68,7 @@ std::vector<float> triples(const char* parameter, const Arguments& arguments)
                               triple.AsList().size() == 3 && isNumber(triple.AsList()[0]) &&
                               isNumber(triple.AsList()[1]) && isNumber(triple.AsList()[2]);
         if (!isTriple)
-            throw WrongArgument(kDrawTriangles, parameter, "a list of lists of three numbers",
-                                triple);
+            throw WrongArgument(kDrawMesh, parameter, "a list of lists of three numbers", triple);
         for (const Value& number : triple.AsList())
             numbers.push_back(static_cast<float>(number.AsReal()));
     }
@@ -85,12 +84,12 @@ std::vector<int> corners(const Arguments& arguments, std::size_t pointCount)
         const bool isTriple =
             triangle.GetKind() == Value::Kind::List && triangle.AsList().size() == 3;
         if (!isTriple)
-            throw WrongArgument(kDrawTriangles, "triangles", "a list of lists of three integers",
+            throw WrongArgument(kDrawMesh, "triangles", "a list of lists of three integers",
                                 triangle);
         for (const Value& index : triangle.AsList()) {
             if (index.GetKind() != Value::Kind::Integer || index.AsInteger() < 0 ||
                 index.AsInteger() >= static_cast<std::int64_t>(pointCount))
-                throw WrongArgument(kDrawTriangles, "triangles",
+                throw WrongArgument(kDrawMesh, "triangles",
                                     "numbers of points, counted from 0, below " +
                                         std::to_string(pointCount),
                                     index);
@@ -109,17 +108,17 @@ Value drawTriangles(const Arguments& arguments)
     for (const char* const parameter : {"normals", "colors"}) {
         const std::size_t count = arguments[parameter].AsList().size();
         if (count != 0 && count * 3 != points.size())
-            throw WrongArgument(kDrawTriangles, parameter, "one for each point, or none",
+            throw WrongArgument(kDrawMesh, parameter, "one for each point, or none",
                                 arguments[parameter]);
     }
     ViewServices().DrawTessellationData(points, normals, colors, indices);
     return Value();
 }
 
-Command drawTrianglesCommand()
+Command drawMeshCommand()
 {
     Command command;
-    command.name = kDrawTriangles;
+    command.name = kDrawMesh;
     command.parameters = {
         listParameter("points", "lists of x, y and z", "world units", Presence::Required),
         listParameter("triangles", "lists of the numbers of three points, counted from 0", "",
@@ -131,8 +130,8 @@ Command drawTrianglesCommand()
                       "none",
                       "", Presence::Optional)};
     command.summary = "Draws triangles over the model.";
-    command.help = "They stay until view:clear-drawings.";
-    command.example = "(view:draw-triangles '((0 0 0) (10 0 0) (0 10 0)) '((0 1 2)))";
+    command.help = "They stay until view:clear-drawing.";
+    command.example = "(view:draw-mesh '((0 0 0) (10 0 0) (0 10 0)) '((0 1 2)))";
     command.effect = CommandEffect::Changes;
     command.handler = drawTriangles;
     return command;
@@ -141,9 +140,10 @@ Command drawTrianglesCommand()
 Command clearDrawingsCommand()
 {
     Command command;
-    command.name = "view:clear-drawings";
-    command.summary = "Removes the arrows and triangles that were drawn over the model.";
-    command.example = "(view:clear-drawings)";
+    command.name = "view:clear-drawing";
+    command.summary =
+        "Removes the arrows, lines, texts and triangles that were drawn over the model.";
+    command.example = "(view:clear-drawing)";
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments&) {
         ViewServices().ClearDrawingObjects();
@@ -199,7 +199,7 @@ Command updateCommand(const char* name, const char* summary, void (ITambViewServ
 void RegisterDrawingCommands(CommandTable& table)
 {
     table.Register(drawArrowCommand());
-    table.Register(drawTrianglesCommand());
+    table.Register(drawMeshCommand());
     table.Register(clearDrawingsCommand());
     table.Register(incrementalCommand());
     table.Register(setIncrementalCommand());

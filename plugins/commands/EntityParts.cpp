@@ -10,6 +10,7 @@
 #include <TambCommandsInfra/CancelToken.h>
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace OrvikCommands {
@@ -72,6 +73,21 @@ const EntityId& EntityArgument(const std::string& command, const std::string& pa
             command + ": parameter \"" + parameter +
             "\": expected an entity of what is loaded, got one of a document that was closed.");
     return ToEntityId(value);
+}
+
+void CollectEntities(const std::string& command, const Value& value,
+                     std::vector<EntityId>& entities)
+{
+    const bool isMiss = value.GetKind() == Value::Kind::Bool && !value.AsBool();
+    if (value.GetKind() == Value::Kind::List) {
+        for (const Value& element : value.AsList())
+            CollectEntities(command, element, entities);
+    } else if (value.GetKind() == Value::Kind::Object &&
+               std::string_view(value.AsObject()->TypeName()) == "entity") {
+        entities.push_back(EntityArgument(command, "entities", value));
+    } else if (!isMiss) {
+        throw WrongArgument(command, "entities", "entities, lists of entities, or #f", value);
+    }
 }
 
 std::string KindArgument(const std::string& command, const std::string& parameter,

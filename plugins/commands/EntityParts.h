@@ -29,6 +29,15 @@ const TambVizCore::EntityId& EntityArgument(const std::string& command,
                                             const std::string& parameter,
                                             const TambCommandsInfra::Value& value);
 
+/// Adds to @p entities what a value holds: an entity, lists of them, or the #f of a pick that hit
+/// nothing.
+///
+/// @throws CommandError "<command>: parameter \"entities\": expected entities, lists of entities,
+/// or
+///         #f, got ...", and what EntityArgument throws.
+void CollectEntities(const std::string& command, const TambCommandsInfra::Value& value,
+                     std::vector<TambVizCore::EntityId>& entities);
+
 /// @return the kind in an argument of type string; empty for nil.
 /// @throws CommandError for what names no kind.
 std::string KindArgument(const std::string& command, const std::string& parameter,

@@ -2,6 +2,7 @@
 #include "Commands.h"
 #include "EntityObject.h"
 #include "EntityParts.h"
+#include "SceneParts.h"
 #include "Selection.h"
 
 #include <OrvikCore/ASession.h>
@@ -72,40 +73,17 @@ Command clearCommand()
     return command;
 }
 
-/// Takes entities, lists of them, and the #f of a pick that hit nothing.
-void collect(const std::string& command, const Value& value, Entities& entities)
-{
-    const bool isMiss = value.GetKind() == Value::Kind::Bool && !value.AsBool();
-    if (value.GetKind() == Value::Kind::List) {
-        for (const Value& element : value.AsList())
-            collect(command, element, entities);
-    } else if (value.GetKind() == Value::Kind::Object &&
-               std::string_view(value.AsObject()->TypeName()) == "entity") {
-        entities.push_back(EntityArgument(command, "entities", value));
-    } else if (!isMiss) {
-        throw WrongArgument(command, "entities", "entities, lists of entities, or #f", value);
-    }
-}
-
 Command selectCommand(const std::string& word, Previous previous, const std::string& summary)
 {
     Command command;
     command.name = "sel:" + word;
-    Parameter entities;
-    entities.name = "entities";
-    entities.type = ValueType::Any;
-    entities.help = "entities or lists of them; the #f of a pick that hit nothing is left out";
-    entities.presence = Presence::Variadic;
-    command.parameters = {entities};
+    command.parameters = {EntitiesParameter()};
     command.summary = summary;
     command.help = "What is selected is highlighted in the view and in the model tree.";
     command.example = "(" + command.name + " (app:pick-face 0 0 100 0 0 -1 0.5))";
     command.effect = CommandEffect::Changes;
     command.handler = [name = command.name, previous](const Arguments& arguments) {
-        Entities chosen;
-        for (const Value& value : arguments.Rest())
-            collect(name, value, chosen);
-        Select(chosen, previous);
+        Select(EntitiesFrom(name, arguments), previous);
         return Value();
     };
     return command;

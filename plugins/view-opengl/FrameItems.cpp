@@ -19,6 +19,9 @@ using TambVizCore::PartState;
 using TambVizCore::RenderingOptions;
 using TambVizCore::VizBox;
 
+/// What is left of the opacity of what is not selected in an x-ray picture.
+constexpr float kXRayOpacity = 0.15f;
+
 bool isShown(const GeoNode& node, const RenderingOptions& options)
 {
     switch (node.GetCategory()) {
@@ -78,6 +81,7 @@ void FrameItems::collect(Node& node, const Inherited& above)
         state.hasColor = true;
     }
     state.auxiliary |= node.IsAuxiliary();
+    state.opacity *= node.Opacity();
     state.flags |= node.IsHighlighted() ? PartState::kHighlighted : 0u;
     state.flags |= node.IsSelected() ? PartState::kSelected : 0u;
     GeoNode* const geoNode = node.AsGeoNode();
@@ -106,10 +110,18 @@ void FrameItems::addItem(GeoNode& node, const Inherited& state)
     item.color = state.hasColor ? state.color : m_options.GetDefaultBodyColor();
     item.isOwnColored =
         state.hasColor && (state.auxiliary || node.GetCategory() != GeoNode::Category::Model);
+    item.opacity = state.opacity;
+    const bool isSelected = (state.flags & PartState::kSelected) != 0;
+    if (m_options.GetXRay() && !state.auxiliary && !isSelected)
+        item.unselectedOpacity = kXRayOpacity;
     const bool usesColors = !item.hasColor && item.geometry->colors;
-    item.hasTransparency = item.states->hasTransparentParts ||
+    const bool isThinned = item.opacity < 1.0f || item.unselectedOpacity < 1.0f;
+    item.hasTransparency = isThinned || item.states->hasTransparentParts ||
                            (usesColors ? item.geometry->hasTransparentColors : item.color.a != 255);
-    item.hasOpacity = usesColors || item.color.a == 255 || item.states->needsParts;
+    // In a body that is thinned only selected faces may be opaque.
+    item.hasOpacity = item.opacity == 1.0f &&
+                      (isThinned ? item.states->needsParts
+                                 : usesColors || item.color.a == 255 || item.states->needsParts);
     item.flags = state.flags;
     item.mirrored = TambVizCore::Determinant3x3(modelView) < 0.0;
     item.auxiliary = state.auxiliary;

@@ -28,10 +28,12 @@ struct FrameItem
     float normalMatrix[9] = {};
     TambVizCore::RGBAColor color;
     bool hasColor = false;
-    bool isOwnColored = false;    ///< Lines and points take the colour of the node.
-    bool hasTransparency = false; ///< Some places are not opaque.
-    bool hasOpacity = true;       ///< Some places may be opaque.
-    bool culled = false;          ///< Backs are not drawn.
+    bool isOwnColored = false;      ///< Lines and points take the colour of the node.
+    bool hasTransparency = false;   ///< Some places are not opaque.
+    bool hasOpacity = true;         ///< Some places may be opaque.
+    float opacity = 1.0f;           ///< Of the node and all above it.
+    float unselectedOpacity = 1.0f; ///< Of what is not selected, on top.
+    bool culled = false;            ///< Backs are not drawn.
     bool mirrored = false;
     bool auxiliary = false; ///< Drawn beside the model: no section plane cuts it.
     std::uint32_t flags = 0;
@@ -61,6 +63,7 @@ private:
         TambVizCore::RGBAColor color;
         bool hasColor = false;
         bool auxiliary = false;
+        float opacity = 1.0f;
         std::uint32_t flags = 0;
     };
 

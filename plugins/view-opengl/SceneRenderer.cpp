@@ -418,6 +418,10 @@ void SceneRenderer::setUniforms(Shader& shader, const FrameItem& item, const Sty
     glUniform1f(shader.towardEye,
                 style.towardEyePixels * static_cast<float>(m_frame.projection.pixelSize));
     glUniform1i(shader.transparentLayer, style.layer == Layer::Transparent ? 1 : 0);
+    // Lines and points are drawn without blending and stay as they are.
+    const bool isFace = style.kind == PartKind::Face;
+    glUniform1f(shader.opacity, isFace ? item.opacity : 1.0f);
+    glUniform1f(shader.unselectedOpacity, isFace ? item.unselectedOpacity : 1.0f);
     if (style.kind == PartKind::Vertex) {
         const float size = item.node->PointSizePixels();
         const bool cloud = item.node->GetCategory() == GeoNode::Category::PointCloud;

@@ -68,6 +68,8 @@ uniform vec4 highlightColor;
 uniform uint nodeFlags;
 uniform bool orthographic;
 uniform bool transparentLayer;
+uniform float opacity;
+uniform float unselectedOpacity;
 #ifdef PARTS
 uniform usamplerBuffer partOfPrimitive;
 uniform usamplerBuffer partStates;
@@ -127,6 +129,9 @@ void main()
             color = unpackColor(state.r);
     }
 #endif
+    color.a *= opacity;
+    if ((flags & 4u) == 0u)
+        color.a *= unselectedOpacity;
 #ifdef MIXED
     if ((color.a < 1.0) != transparentLayer)
         discard;
@@ -201,6 +206,8 @@ void findUniforms(Shader& shader)
     shader.towardEye = place("towardEye");
     shader.pointSize = place("pointSize");
     shader.transparentLayer = place("transparentLayer");
+    shader.opacity = place("opacity");
+    shader.unselectedOpacity = place("unselectedOpacity");
     shader.clipPlanes = place("clipPlanes");
     glUseProgram(program);
     glUniform1i(place("partOfPrimitive"), kPartOfPrimitiveUnit);

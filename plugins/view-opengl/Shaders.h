@@ -57,6 +57,8 @@ struct Shader
     GLint towardEye = -1;
     GLint pointSize = -1;
     GLint transparentLayer = -1;
+    GLint opacity = -1;
+    GLint unselectedOpacity = -1;
     GLint clipPlanes = -1;
     std::uint64_t frame = 0; ///< The frame whose common uniforms it has.
 };

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cmath>
 #include <stdexcept>
 #include <utility>
 
@@ -179,6 +180,15 @@ void Node::SetSelected(bool selected)
 {
     if (m_selected != selected) {
         m_selected = selected;
+        touch(Change::Appearance);
+    }
+}
+
+void Node::SetOpacity(float opacity)
+{
+    const float clamped = std::isnan(opacity) ? 1.0f : std::clamp(opacity, 0.0f, 1.0f);
+    if (m_opacity != clamped) {
+        m_opacity = clamped;
         touch(Change::Appearance);
     }
 }

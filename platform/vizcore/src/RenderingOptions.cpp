@@ -107,6 +107,11 @@ void RenderingOptions::SetHighlightColor(const RGBAColor& color)
     assign(m_highlightColor, color);
 }
 
+void RenderingOptions::SetXRay(bool xRay)
+{
+    assign(m_xRay, xRay);
+}
+
 void RenderingOptions::SetAntialiasLevel(int level)
 {
     assign(m_antialiasLevel, std::clamp(level, 0, kMaxAntialiasLevel));

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <stdexcept>
 #include <string>
 
@@ -528,6 +529,22 @@ TEST(GeoNode, KeepsItsCategory)
 
     EXPECT_EQ(node.GetCategory(), GeoNode::Category::PMI);
     EXPECT_GT(node.Stamps().appearance, 0u);
+}
+
+TEST(Node, OpacityStaysFromZeroToOneAndIsAChangeOfAppearance)
+{
+    Node node(1);
+    EXPECT_EQ(node.Opacity(), 1.0f);
+    node.SetOpacity(1.0f);
+    EXPECT_EQ(node.Stamps().appearance, 0u);
+    node.SetOpacity(-3.0f);
+    EXPECT_EQ(node.Opacity(), 0.0f);
+    EXPECT_NE(node.Stamps().appearance, 0u);
+    node.SetOpacity(7.0f);
+    EXPECT_EQ(node.Opacity(), 1.0f);
+    node.SetOpacity(0.5f);
+    node.SetOpacity(std::numeric_limits<float>::quiet_NaN());
+    EXPECT_EQ(node.Opacity(), 1.0f);
 }
 
 } // namespace

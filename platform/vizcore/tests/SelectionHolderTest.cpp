@@ -1,5 +1,6 @@
 #include "TestGeometry.h"
 
+#include <TambVizCore/AttributeOpacity.h>
 #include <TambVizCore/AttributeVisibility.h>
 #include <TambVizCore/GeoNode.h>
 #include <TambVizCore/SelectionHolder.h>
@@ -222,6 +223,23 @@ TEST(SelectionHolder, MarksASceneThatComesLater)
     holder.SetSceneRoot(&root);
 
     EXPECT_TRUE(node->IsHighlighted());
+}
+
+using AttributeOpacityTest = MarkedScene;
+
+TEST_F(AttributeOpacityTest, ThinsTheNodeOfAPartAndBringsItBack)
+{
+    const auto former = AttributeOpacity(0.25f).ApplyTo(root, bodyId);
+    ASSERT_NE(former, nullptr);
+    EXPECT_EQ(body->Opacity(), 0.25f);
+
+    ASSERT_NE(former->ApplyTo(root, bodyId), nullptr);
+    EXPECT_EQ(body->Opacity(), 1.0f);
+}
+
+TEST_F(AttributeOpacityTest, UnknownIdGivesNothing)
+{
+    EXPECT_EQ(AttributeOpacity(0.25f).ApplyTo(root, RenderId(1)), nullptr);
 }
 
 using AttributeVisibilityTest = MarkedScene;

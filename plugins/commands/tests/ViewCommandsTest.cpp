@@ -71,11 +71,11 @@ TEST_F(ViewCommands, TrianglesNeedPointsThatAreThere)
 {
     const Value points = List{List{0, 0, 0}, List{1, 0, 0}, List{0, 1, 0}};
 
-    EXPECT_EQ(errorOf("view:draw-triangles", {points, List{List{0, 1, 3}}}),
-              "view:draw-triangles: parameter \"triangles\": expected numbers of points, counted "
+    EXPECT_EQ(errorOf("view:draw-mesh", {points, List{List{0, 1, 3}}}),
+              "view:draw-mesh: parameter \"triangles\": expected numbers of points, counted "
               "from 0, below 3, got the integer 3.");
-    EXPECT_EQ(errorOf("view:draw-triangles", {points, List{List{0, 1}}}),
-              "view:draw-triangles: parameter \"triangles\": expected a list of lists of three "
+    EXPECT_EQ(errorOf("view:draw-mesh", {points, List{List{0, 1}}}),
+              "view:draw-mesh: parameter \"triangles\": expected a list of lists of three "
               "integers, got a list of 2 elements.");
 }
 
@@ -83,8 +83,8 @@ TEST_F(ViewCommands, NormalsBelongToPoints)
 {
     const Value points = List{List{0, 0, 0}, List{1, 0, 0}, List{0, 1, 0}};
 
-    EXPECT_EQ(errorOf("view:draw-triangles", {points, List{List{0, 1, 2}}, List{List{0, 0, 1}}}),
-              "view:draw-triangles: parameter \"normals\": expected one for each point, or none, "
+    EXPECT_EQ(errorOf("view:draw-mesh", {points, List{List{0, 1, 2}}, List{List{0, 0, 1}}}),
+              "view:draw-mesh: parameter \"normals\": expected one for each point, or none, "
               "got a list of 1 element.");
 }
 
@@ -92,7 +92,7 @@ TEST_F(ViewCommands, TrianglesWithoutNormalsAndColorsAreTaken)
 {
     const Value points = List{List{0, 0, 0}, List{1, 0, 0}, List{0, 1, 0}};
 
-    EXPECT_TRUE(run("view:draw-triangles", {points, List{List{0, 1, 2}}}).IsNil());
+    EXPECT_TRUE(run("view:draw-mesh", {points, List{List{0, 1, 2}}}).IsNil());
 }
 
 TEST_F(ViewCommands, WithoutContentThereAreNoTessellationParameters)

@@ -176,5 +176,55 @@ TEST_F(PartStatePicture, NewNodeAtThePlaceOfADeletedOneIsPlain)
     }
 }
 
+TEST_F(PartStatePicture, OpacityThinsEverythingBelowANode)
+{
+    TambVizCore::Node* const group = m_view->GetSceneRoot().CreateChildNode(500);
+    GeoNode* const node = group->CreateChildGeoNode(1);
+    node->SetGeometry(MakeRectangles({{}}));
+    node->SetColor(kRed);
+    node->SetOpacity(0.5f);
+    group->SetOpacity(0.5f);
+    Add(MakeRectangles({{.z = -1.0f}}), kBlue);
+    Draw();
+    EXPECT_GT(ColorAt(0, 0).b, 2 * ColorAt(0, 0).r) << "a quarter of red over blue";
+
+    group->SetOpacity(1.0f);
+    node->SetOpacity(1.0f);
+    EXPECT_EQ(DrawnAt(0, 0), Shows::Red);
+}
+
+TEST_F(PartStatePicture, OpacityZeroShowsNothingOfAFace)
+{
+    GeoNode& node = Add(MakeRectangles({{}}));
+    node.SetOpacity(0.0f);
+
+    EXPECT_EQ(DrawnAt(0, 0), Shows::Background);
+}
+
+TEST_F(PartStatePicture, XRayThinsWhatIsNotSelected)
+{
+    GeoNode& node = addPair();
+    node.SetPartSelected(1, true);
+    Add(MakeRectangles({{.left = -0.9f, .right = 0.9f, .z = -1.0f}}), kBlue).SetSelected(true);
+    Options().SetHighlightColor(kGreen);
+    Options().SetXRay(true);
+    Draw();
+
+    EXPECT_GT(ColorAt(-0.4, 0).b, ColorAt(-0.4, 0).r) << "the selected body behind shines through";
+    EXPECT_GT(ColorAt(0.4, 0).r, ColorAt(0.4, 0).b) << "a selected face is opaque";
+
+    Options().SetXRay(false);
+    EXPECT_EQ(DrawnAt(-0.4, 0), Shows::Red);
+}
+
+TEST_F(PartStatePicture, XRayLeavesDrawingsAlone)
+{
+    Options().SetXRay(true);
+    m_view->DrawMarkupObjects({{-0.5, -0.5, 0.0, 0.5, -0.5, 0.0, 0.5, 0.5, 0.0, -0.5, 0.5, 0.0}},
+                              true, true, kGreen);
+
+    EXPECT_EQ(DrawnAt(0, 0), Shows::Green);
+}
+
 } // namespace
 } // namespace ViewOpenGl

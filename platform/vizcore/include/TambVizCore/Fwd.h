@@ -6,6 +6,7 @@ namespace TambVizCore {
 
 class AView3DAdapter;
 class AView3DAdapterFactory;
+class AttributeOpacity;
 class AttributeVisibility;
 class EntityId;
 class GeoNode;

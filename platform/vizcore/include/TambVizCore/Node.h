@@ -27,7 +27,7 @@ struct NodeStamps
     /// new with all below, whatever its own stamps say.
     std::uint64_t structure = 0;
     std::uint64_t transform = 0;  ///< Transform set.
-    std::uint64_t appearance = 0; ///< Visible, highlighted, selected or colour changed.
+    std::uint64_t appearance = 0; ///< Visible, highlighted, selected, colour or opacity changed.
     std::uint64_t parts = 0;      ///< State of a part changed.
     std::uint64_t subtree = 0;    ///< The largest stamp of this node and all below.
 };
@@ -113,6 +113,12 @@ public:
     const std::optional<RGBAColor>& Color() const { return m_color; }
     void SetColor(const std::optional<RGBAColor>& color);
 
+    /// How opaque everything below is, from 0 (unseen, but picked) to 1; multiplied with that of
+    /// the nodes above and with the alpha of colours. 1 at start.
+    float Opacity() const { return m_opacity; }
+    /// Values outside 0 to 1 are clamped; what is no number counts as 1.
+    void SetOpacity(float opacity);
+
     /// An auxiliary subtree (axes, markup, rubber band) counts neither for the bounds of the nodes
     /// above it nor for picks.
     bool IsAuxiliary() const { return m_auxiliary; }
@@ -164,6 +170,7 @@ private:
     bool m_selected = false;
     bool m_auxiliary = false;
     std::optional<RGBAColor> m_color;
+    float m_opacity = 1.0f;
     NodeStamps m_stamps;
     mutable VizBox m_bounds;
     mutable bool m_boundsKept = false;

@@ -54,6 +54,10 @@ public:
     const RGBAColor& GetHighlightColor() const { return m_highlightColor; }
     void SetHighlightColor(const RGBAColor& color);
 
+    /// Whether everything that is not selected is drawn as through frosted glass; false at start.
+    bool GetXRay() const { return m_xRay; }
+    void SetXRay(bool xRay);
+
     /// Samples per pixel; 0 and 1 mean none.
     int GetAntialiasLevel() const { return m_antialiasLevel; }
     /// Values below 0 become 0, values above 16 become 16.
@@ -84,6 +88,7 @@ private:
     RGBAColor m_tessEdgeColor;
     RGBAColor m_vertexColor;
     RGBAColor m_highlightColor;
+    bool m_xRay = false;
     int m_antialiasLevel = 0;
     std::vector<ClipPlane> m_clipPlanes;
     std::uint64_t m_revision = 0;
