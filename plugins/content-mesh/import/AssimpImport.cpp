@@ -4,6 +4,7 @@
 
 #include <OrvikOs/FaultScope.h>
 
+#include <assimp/BaseImporter.h>
 #include <assimp/Importer.hpp>
 #include <assimp/ProgressHandler.hpp>
 #include <assimp/config.h>
@@ -50,11 +51,14 @@ void tell(std::string_view reason, char* error, std::size_t errorSize)
 /// not reach another one.
 void keepReader(Assimp::Importer& importer, const char* extension)
 {
-    const std::size_t wanted = importer.GetImporterIndex(extension);
-    Assimp::BaseImporter* const kept = importer.GetImporter(wanted);
-    for (std::size_t i = importer.GetImporterCount(); i-- > 0;)
-        if (importer.GetImporter(i) != kept)
-            importer.UnregisterLoader(importer.GetImporter(i));
+    const Assimp::BaseImporter* kept = importer.GetImporter(importer.GetImporterIndex(extension));
+    for (std::size_t i = importer.GetImporterCount(); i-- > 0;) {
+        if (importer.GetImporter(i) == kept)
+            continue;
+        // Who takes a reader out owns it.
+        const std::unique_ptr<Assimp::BaseImporter> removed(importer.GetImporter(i));
+        importer.UnregisterLoader(removed.get());
+    }
 }
 
 void setUp(Assimp::Importer& importer, const char* path, const char* extension,
