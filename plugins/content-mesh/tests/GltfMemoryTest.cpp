@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <ostream>
 
 // How much memory hostile glTF files can make the reader take: files that make much of each byte.
 
@@ -69,6 +70,11 @@ struct Subject
     const char* name;
     std::function<std::string()> make;
 };
+
+void PrintTo(const Subject& subject, std::ostream* out)
+{
+    *out << subject.name;
+}
 
 class GltfMemory : public testing::TestWithParam<Subject>
 {
