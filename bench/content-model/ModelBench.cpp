@@ -169,6 +169,26 @@ void intersectLine(benchmark::State& state)
     state.counters["hits"] = static_cast<double>(hits.size());
 }
 
+/// Between two bodies side by side; the trees over their triangles are built each time.
+void measureDistance(benchmark::State& state)
+{
+    auto model = std::make_shared<Model>();
+    model->number = 1;
+    for (int i = 0; i < 2; ++i) {
+        model->nodes.push_back(makeBody(makeTorus(state.range(0)), L"torus"));
+        model->nodes.back()->transform =
+            std::vector<double>{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 30.0 * i, 1.0 * i, 0, 1};
+    }
+    model->NumberNodes();
+    OrvikCore::Document document(nullptr);
+    const ModelContent content(document, model, "Bench");
+    OrvikCore::DistanceResult result;
+    for (auto _ : state)
+        content.MeasureDistance(OrvikModel::MakeEntity(*model, *model->nodes[0]),
+                                OrvikModel::MakeEntity(*model, *model->nodes[1]), result);
+    state.counters["distance"] = result.distance;
+}
+
 /// The least tree that keeps its rows.
 class RowTree : public OrvikCore::AViewTree
 {
@@ -254,6 +274,11 @@ BENCHMARK(pickBody)
     ->Args({10000, 10});
 BENCHMARK(pickInstances)->Name("Pick/instances")->Arg(1000)->Arg(10000);
 BENCHMARK(intersectLine)->Name("Line/body")->Arg(1000000);
+BENCHMARK(measureDistance)
+    ->Name("Distance/bodies")
+    ->Arg(10000)
+    ->Arg(1000000)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(buildRows)->Name("Tree/rows")->Arg(5000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(convertRows)->Name("Tree/convert")->Arg(5000)->Unit(benchmark::kMillisecond);
 

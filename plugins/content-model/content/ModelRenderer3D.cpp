@@ -2,6 +2,7 @@
 
 #include "OrvikModel/ModelContent.h"
 #include "OrvikModel/ModelEntity.h"
+#include "content/SavedViews.h"
 #include "content/SceneNodes.h"
 #include "content/Visibility.h"
 
@@ -286,6 +287,24 @@ bool ModelRenderer3D::HighlightAlike(const RenderId& id)
         marks->AddHighlight(alike);
     }
     return true;
+}
+
+bool ModelRenderer3D::ShowView(const ModelNode& saved)
+{
+    if (saved.kind != NodeKind::View && saved.kind != NodeKind::Capture)
+        return false;
+    showOnly(ShownByCapture(*m_model, saved));
+    return saved.camera && ShowCamera(*saved.camera, m_view);
+}
+
+/// Shows and hides what draws; groups are shown, because what is below them decides.
+void ModelRenderer3D::showOnly(const std::vector<bool>& shown)
+{
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const ModelNode& node = *m_model->InOrder()[i];
+        if (Node* scene = sceneNode(node))
+            scene->SetVisible(shown[i] || !node.shape);
+    }
 }
 
 ModelRendererFactory::ModelRendererFactory(std::string typeName) : m_typeName(std::move(typeName))

@@ -2,7 +2,9 @@
 
 #include "OrvikModel/ModelContent.h"
 #include "OrvikModel/ModelEntity.h"
+#include "OrvikModel/ModelRenderer3D.h"
 #include "content/TreeRows.h"
+#include "content/Visibility.h"
 
 #include "OrvikCore/AViewTree.h"
 
@@ -35,7 +37,9 @@ EntityId sceneEntity()
 
 ModelTreeRenderer::ModelTreeRenderer(ModelContent& drawn, AViewTree* viewTree,
                                      TambVizCore::Node* sceneNode)
-    : ARendererTree(&drawn, viewTree, sceneNode), m_model(drawn.GetModel())
+    : ARendererTree(&drawn, viewTree, sceneNode),
+      m_model(drawn.GetModel()),
+      m_link(drawn.GetSceneLink())
 {
 }
 
@@ -169,6 +173,14 @@ bool ModelTreeRenderer::ConvertToRenderId(const EntityId& entity, RenderId& path
     if (match.partId != 0)
         path.AddValue(match.partId);
     return true;
+}
+
+bool ModelTreeRenderer::Activate(RenderId& path)
+{
+    const Row row = findRow(path);
+    if (row.kind == RowKind::Node && m_link->renderer)
+        m_link->renderer->ShowView(*row.node);
+    return row.kind != RowKind::None;
 }
 
 bool ModelTreeRenderer::ExpandRenderId(const RenderId& path, std::vector<RenderId>& paths)

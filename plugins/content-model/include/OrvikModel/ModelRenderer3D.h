@@ -64,6 +64,11 @@ public:
     /// @return false when the id is not one of this renderer.
     bool HighlightAlike(const TambVizCore::RenderId& id);
 
+    /// Shows a saved view or a capture: moves the camera there and, for a capture that names what
+    /// it shows, hides the rest of the model.
+    /// @return false when the node is neither, or has no camera that the view could take.
+    bool ShowView(const ModelNode& saved);
+
 private:
     void discard() override;
 
@@ -81,6 +86,7 @@ private:
     static double presentMaxAngle();
     void retessellate();
     void setBounds();
+    void showOnly(const std::vector<bool>& shown);
 
     std::shared_ptr<const Model> m_model;
     std::shared_ptr<SceneLink> m_link; ///< Shared with the content; leads here while this lives.

@@ -17,6 +17,7 @@
 namespace OrvikModel {
 
 class ModelContent;
+struct SceneLink;
 
 /// Draws a model into the model tree: a container row for the content, below it a row for each node
 /// with the ids of RowIdOf(), and below nodes with a shape a row for each face, edge and vertex.
@@ -41,6 +42,9 @@ public:
                            TambVizCore::EntityId& entity) override;
     bool ConvertToRenderId(const TambVizCore::EntityId& entity,
                            TambVizCore::RenderId& path) override;
+    /// Shows the view or the capture whose row it is, as ModelRenderer3D::ShowView().
+    /// @return false when @p path is no row of this renderer.
+    bool Activate(TambVizCore::RenderId& path) override;
     bool ExpandRenderId(const TambVizCore::RenderId& path,
                         std::vector<TambVizCore::RenderId>& paths) override;
     std::wstring GetToolTip(const TambVizCore::RenderId& path) override;
@@ -76,6 +80,7 @@ private:
                     const ModelNode& body);
 
     std::shared_ptr<const Model> m_model;
+    std::shared_ptr<const SceneLink> m_link;      ///< Shared with the content.
     std::unordered_set<std::uint64_t> m_expanded; ///< Numbers of nodes whose parts have rows.
     bool m_madeScene = false;                     ///< The scene row is this renderer's.
 };
