@@ -1,6 +1,7 @@
 #include "readers/ObjAssembler.h"
 
 #include "readers/MeshFinish.h"
+#include "readers/ObjMaterials.h"
 #include "readers/ReaderTexts.h"
 
 #include <OrvikOs/Utf8.h>
@@ -45,7 +46,10 @@ std::uint32_t ObjAssembler::NameTable::IndexOf(const std::string& name)
     return entry->second;
 }
 
-ObjAssembler::ObjAssembler(std::string_view text, MeshData& mesh) : m_text(text), m_mesh(mesh) {}
+ObjAssembler::ObjAssembler(std::string_view text, const ReadOptions& options, MeshData& mesh)
+    : m_text(text), m_options(options), m_mesh(mesh)
+{
+}
 
 void ObjAssembler::TakePoints(std::deque<ObjPiece>& pieces)
 {
@@ -168,6 +172,8 @@ void ObjAssembler::appendFace(std::size_t cornerCount)
         std::copy_n(vertices.data(), 3, m_mesh.triangles.Data() + at);
         return;
     }
+    if (cornerCount > Triangulator::kManyCorners)
+        PollCancel(m_options);
     m_triangulator.Split(m_points.Data(), m_facePoints.data(), cornerCount, m_faceTriangles);
     for (const std::uint32_t corner : m_faceTriangles)
         m_mesh.triangles.PushBack(vertices[corner]);
@@ -228,7 +234,9 @@ void ObjAssembler::applyName(const ObjName& name)
         m_range.material = m_materialNames.IndexOf(name.name);
         break;
     case ObjName::Kind::Library:
-        if (std::find(m_libraries.begin(), m_libraries.end(), name.name) == m_libraries.end())
+        // One more than are read tells that there are more.
+        if (m_libraries.size() <= kMaxLibraries &&
+            std::find(m_libraries.begin(), m_libraries.end(), name.name) == m_libraries.end())
             m_libraries.push_back(name.name);
         break;
     }

@@ -2,6 +2,7 @@
 #define ORVIKMESH_READERS_OBJASSEMBLER_H
 
 #include "readers/MeshData.h"
+#include "readers/MeshReader.h"
 #include "readers/ObjPiece.h"
 #include "readers/ReadMessages.h"
 #include "readers/Triangulate.h"
@@ -22,8 +23,9 @@ class ObjAssembler
 {
 public:
     /// @param text   The whole file, for the lines in messages.
+    /// @param options  Outlives the assembler; asked whether to stop at large polygons.
     /// @param mesh   Empty; filled by Add() and Finish().
-    ObjAssembler(std::string_view text, MeshData& mesh);
+    ObjAssembler(std::string_view text, const ReadOptions& options, MeshData& mesh);
 
     /// Takes the points of all pieces; before the first Add().
     ///
@@ -78,6 +80,7 @@ private:
     void addCounts(const ObjScan& scan);
 
     std::string_view m_text;
+    const ReadOptions& m_options;
     MeshData& m_mesh;
     Triangulator m_triangulator;
 

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <set>
 
 namespace OrvikMesh {
 
@@ -96,8 +97,15 @@ std::vector<std::string> libraryNames(const std::wstring& path, const std::strin
 void readLibraries(const std::wstring& path, const std::vector<std::string>& libraries,
                    MaterialColors& colors, ReadMessages& messages)
 {
+    std::set<std::string> known;
     for (const std::string& rest : libraries) {
         for (const std::string& name : libraryNames(path, rest)) {
+            if (!known.insert(name).second)
+                continue;
+            if (known.size() > kMaxLibraries) {
+                messages.Warn(FillText(kObjManyLibraries, {std::to_wstring(kMaxLibraries)}));
+                return;
+            }
             const std::wstring wideName = OrvikOs::Utf8ToWide(name);
             if (!StaysInFolder(name)) {
                 messages.Warn(FillText(kObjForeignLibrary, {wideName}));

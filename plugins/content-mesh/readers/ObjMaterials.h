@@ -4,12 +4,16 @@
 #include "readers/MeshData.h"
 #include "readers/ReadMessages.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
 namespace OrvikMesh {
+
+/// Material libraries that are read for one file; a hostile one may name a million.
+inline constexpr std::size_t kMaxLibraries = 64;
 
 /// Colours by the name of the material, as it stands in the file.
 using MaterialColors = std::unordered_map<std::string, MeshColor>;

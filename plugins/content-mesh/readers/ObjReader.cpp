@@ -44,7 +44,7 @@ bool ReadObjContent(const std::wstring& path, std::string_view content, const Re
         }
     });
 
-    ObjAssembler assembler(text, mesh);
+    ObjAssembler assembler(text, options, mesh);
     assembler.TakePoints(pieces);
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         PollCancel(options);

@@ -53,14 +53,14 @@ bool readVertices(Body& body, const OffHeader& header, MeshData& mesh, ReadMessa
 }
 
 template <class Body>
-bool readBody(Body&& body, const OffHeader& header, std::size_t bytes, MeshData& mesh,
-              ReadMessages& messages)
+bool readBody(Body&& body, const OffHeader& header, const ReadOptions& options, std::size_t bytes,
+              MeshData& mesh, ReadMessages& messages)
 {
     if (!readVertices(body, header, mesh, messages))
         return false;
     if (header.faces == 0)
         return FinishPoints(mesh, messages);
-    PolygonCollector polygons(mesh);
+    PolygonCollector polygons(mesh, options);
     polygons.Reserve(std::min<std::uint64_t>(header.faces, bytes / kFewestFaceBytes));
     const std::uint64_t faces = body.ReadFaces(polygons);
     if (faces < header.faces)
@@ -88,9 +88,10 @@ bool ReadOffContent(std::string_view content, const ReadOptions& options, MeshDa
     if (!ReadOffHeader(text, header, messages))
         return false;
     if (header.isBinary)
-        return readBody(OffBinaryBody(content, header, options), header, content.size(), mesh,
-                        messages);
-    return readBody(OffTextBody(text, header, options), header, text.size(), mesh, messages);
+        return readBody(OffBinaryBody(content, header, options), header, options, content.size(),
+                        mesh, messages);
+    return readBody(OffTextBody(text, header, options), header, options, text.size(), mesh,
+                    messages);
 }
 
 bool ReadOff(const std::wstring& path, const ReadOptions& options, MeshData& mesh,

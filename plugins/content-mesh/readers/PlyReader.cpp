@@ -50,8 +50,9 @@ bool holdsFaces(const PlyElement& element)
 class PlyBodyReader
 {
 public:
-    PlyBodyReader(const PlyHeader& header, PlyRows& rows, MeshData& mesh, ReadMessages& messages)
-        : m_header(header), m_rows(rows), m_mesh(mesh), m_messages(messages)
+    PlyBodyReader(const PlyHeader& header, PlyRows& rows, const ReadOptions& options,
+                  MeshData& mesh, ReadMessages& messages)
+        : m_header(header), m_rows(rows), m_options(options), m_mesh(mesh), m_messages(messages)
     {
     }
 
@@ -74,6 +75,7 @@ private:
 
     const PlyHeader& m_header;
     PlyRows& m_rows;
+    const ReadOptions& m_options;
     MeshData& m_mesh;
     ReadMessages& m_messages;
     std::optional<PolygonCollector> m_polygons; ///< From when the vertices are read.
@@ -101,7 +103,7 @@ bool PlyBodyReader::readVertices(const PlyElement& element)
     }
     if (!isWhole)
         warnCut(element, rows);
-    m_polygons.emplace(m_mesh);
+    m_polygons.emplace(m_mesh, m_options);
     return isWhole;
 }
 
@@ -199,7 +201,7 @@ bool ReadPlyContent(std::string_view content, const ReadOptions& options, MeshDa
         rows = MakePlyTextRows(WithLineFeeds(content, storage), header, options, messages);
     else
         rows = MakePlyBinaryRows(content, header, options);
-    return PlyBodyReader(header, *rows, mesh, messages).Run();
+    return PlyBodyReader(header, *rows, options, mesh, messages).Run();
 }
 
 bool ReadPly(const std::wstring& path, const ReadOptions& options, MeshData& mesh,

@@ -15,8 +15,8 @@ constexpr std::uint8_t kNoColor[4] = {255, 255, 255, 255};
 
 } // namespace
 
-PolygonCollector::PolygonCollector(MeshData& mesh)
-    : m_mesh(mesh), m_areVerticesFinite(AreFinite(mesh.positions))
+PolygonCollector::PolygonCollector(MeshData& mesh, const ReadOptions& options)
+    : m_mesh(mesh), m_options(options), m_areVerticesFinite(AreFinite(mesh.positions))
 {
     if (mesh.VertexCount() >= kNone)
         throw std::length_error("too many vertices");
@@ -50,6 +50,8 @@ void PolygonCollector::addFace(const std::uint32_t* corners, std::size_t count,
 {
     if (!isSound(corners, count, offset))
         return;
+    if (count > Triangulator::kManyCorners)
+        PollCancel(m_options);
     if (!m_triangulator.Split(m_mesh.positions.Data(), corners, count, m_split))
         m_fanned.Add(offset);
     for (const std::uint32_t corner : m_split)

@@ -2,6 +2,7 @@
 #define ORVIKMESH_READERS_POLYGONCOLLECTOR_H
 
 #include "readers/MeshData.h"
+#include "readers/MeshReader.h"
 #include "readers/ReadMessages.h"
 #include "readers/Triangulate.h"
 
@@ -19,8 +20,9 @@ namespace OrvikMesh {
 class PolygonCollector
 {
 public:
-    /// @param mesh  Has all its positions already; its triangles are appended to.
-    explicit PolygonCollector(MeshData& mesh);
+    /// @param mesh     Has all its positions already; its triangles are appended to.
+    /// @param options  Outlives the collector; asked whether to stop at large polygons.
+    PolygonCollector(MeshData& mesh, const ReadOptions& options);
 
     /// Makes room for so many triangles; a guess.
     void Reserve(std::size_t triangles) { m_mesh.triangles.Reserve(triangles * 3); }
@@ -76,6 +78,7 @@ private:
     void fillColors(const std::uint8_t* color);
 
     MeshData& m_mesh;
+    const ReadOptions& m_options;
     Triangulator m_triangulator;
     std::vector<std::uint32_t> m_split;
     MeshArray<std::uint8_t> m_colors; ///< Four per triangle; empty while no face has a colour.

@@ -109,6 +109,8 @@ inline constexpr wchar_t kObjOnlyPoints[] =
 inline constexpr wchar_t kObjNoLibrary[] = L"the material library \"%1\" cannot be read: %2";
 inline constexpr wchar_t kObjForeignLibrary[] =
     L"the material library \"%1\" lies outside the folder of the file and was not read";
+inline constexpr wchar_t kObjManyLibraries[] =
+    L"more than %1 material libraries; the others were not read";
 inline constexpr wchar_t kObjNoMaterial[] = L"the material \"%1\" is not defined";
 inline constexpr wchar_t kObjMoreMaterials[] = L"further materials that are not defined: %1";
 

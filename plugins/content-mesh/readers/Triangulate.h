@@ -18,6 +18,9 @@ public:
     /// number.
     static constexpr std::size_t kMaxEarCorners = 1024;
 
+    /// Polygons with more corners may take a while: up to some ten milliseconds.
+    static constexpr std::size_t kManyCorners = 64;
+
     /// Splits one polygon, which may be concave and need not be quite flat.
     ///
     /// @param positions  Three floats per vertex.

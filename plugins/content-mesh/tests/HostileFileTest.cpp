@@ -100,10 +100,28 @@ TEST(HostileFile, LongLineOfBackslashesEnds)
 
 TEST(HostileFile, BackslashBeforeALoneReturnEnds)
 {
-    const ReadResult result =
-        ReadObjText("v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 \\\r3\nf 1 2 3\n");
+    const ReadResult result = ReadObjText("v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 \\\r3\nf 1 2 3\n");
 
     EXPECT_EQ(result.mesh.TriangleCount(), 1u);
+}
+
+TEST(HostileFile, ReadingManyLargePolygonsCanBeStopped)
+{
+    std::string vertices;
+    std::string polygon;
+    for (int i = 0; i < 200; ++i) {
+        vertices += std::to_string(i * 7919 % 101) + " " + std::to_string(i * 104729 % 97) + " 0\n";
+        polygon += " " + std::to_string(i);
+    }
+    std::string faces;
+    for (int i = 0; i < 100; ++i)
+        faces += "200" + polygon + "\n";
+    int questions = 0;
+    OrvikMesh::ReadOptions options;
+    options.isCancelled = [&questions] { return ++questions > 50; };
+
+    EXPECT_EQ(ReadOffBytes("OFF\n200 100 0\n" + vertices + faces, options).error,
+              L"test: reading was cancelled");
 }
 
 TEST(HostileFile, FacetWithEndlessVerticesIsLeftOut)

@@ -7,6 +7,7 @@
 #include <limits>
 
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::IsEmpty;
 
 namespace {
@@ -239,6 +240,20 @@ TEST(ObjReader, MaterialLibraryOutsideTheFolderIsNotRead)
     EXPECT_THAT(result.warnings, ElementsAre(path + L": the material library \"../secret.mtl\" "
                                                     L"lies outside the folder of the file and was "
                                                     L"not read"));
+}
+
+TEST(ObjReader, NoMoreThanSomeMaterialLibrariesAreRead)
+{
+    const TempFolder folder;
+    std::string text = kSquare + "f 1 2 3\n";
+    for (int i = 0; i < 200; ++i)
+        text += "mtllib none" + std::to_string(i) + " none" + std::to_string(i) + "\n";
+
+    const ReadResult result = ReadObjFile(folder.Write("a.obj", text));
+
+    ASSERT_EQ(result.warnings.size(), 65u);
+    EXPECT_THAT(result.warnings.back(),
+                EndsWith(L"a.obj: more than 64 material libraries; the others were not read"));
 }
 
 TEST(ObjReader, UndefinedMaterialIsAWarning)
