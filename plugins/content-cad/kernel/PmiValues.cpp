@@ -1,11 +1,14 @@
 #include "kernel/PmiValues.h"
 
+#include "kernel/PmiDrawings.h"
+#include "kernel/PmiRecords.h"
 #include "kernel/PmiText.h"
 #include "kernel/PmiUnits.h"
 
 #include <Interface_EntityIterator.hxx>
 #include <Interface_Graph.hxx>
 #include <Interface_InterfaceModel.hxx>
+#include <StepData_StepModel.hxx>
 #include <StepDimTol_GeometricTolerance.hxx>
 #include <StepRepr_HArray1OfRepresentationItem.hxx>
 #include <StepShape_DimensionalCharacteristicRepresentation.hxx>
@@ -15,6 +18,7 @@
 #include <StepShape_PlusMinusTolerance.hxx>
 #include <StepShape_ShapeDimensionRepresentation.hxx>
 #include <StepShape_ToleranceValue.hxx>
+#include <StepVisual_DraughtingModel.hxx>
 #include <TDF_LabelSequence.hxx>
 #include <XCAFDoc_DimTolTool.hxx>
 #include <XCAFDoc_Dimension.hxx>
@@ -23,6 +27,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 #include <vector>
 
 namespace OrvikCad {
@@ -34,6 +39,7 @@ using Session = Handle(XSControl_WorkSession);
 /// What a file says of one dimension or tolerance.
 struct FileEntry
 {
+    int number = 0; ///< Of the entity.
     std::wstring name;
     std::vector<FileLength> values; ///< The nominal one, or the limits.
     std::optional<FileLength> upper;
@@ -46,6 +52,13 @@ std::wstring wide(const Handle(TCollection_HAsciiString) & text)
         return {};
     const std::string_view bytes = text->ToCString();
     return {bytes.begin(), bytes.end()}; // Only compared.
+}
+
+/// @return the number of an entity in the file.
+int numberOf(const Handle(Standard_Transient) & entity, const Session& session)
+{
+    const auto model = Handle(StepData_StepModel)::DownCast(session->Model());
+    return model.IsNull() ? 0 : model->IdentLabel(entity);
 }
 
 void addValue(const Handle(Standard_Transient) & item, std::vector<FileLength>& values)
@@ -96,22 +109,63 @@ std::vector<FileEntry> readDimensions(const Session& session)
         const auto location = Handle(StepShape_DimensionalLocation)::DownCast(entity);
         if (size.IsNull() && location.IsNull())
             continue;
-        dimensions.push_back({wide(size.IsNull() ? location->Name() : size->Name()), {}, {}, {}});
+        dimensions.push_back({numberOf(entity, session),
+                              wide(size.IsNull() ? location->Name() : size->Name()),
+                              {},
+                              {},
+                              {}});
         readDimension(entity, session, dimensions.back());
     }
     return dimensions;
 }
 
-std::vector<FileEntry> readTolerances(const Session& session)
+/// Finds entities by their numbers in the file.
+class EntitiesByNumber
 {
+public:
+    explicit EntitiesByNumber(const Session& session)
+    {
+        for (int i = 1; i <= session->Model()->NbEntities(); ++i)
+            m_entities.emplace(numberOf(session->Model()->Value(i), session),
+                               session->Model()->Value(i));
+    }
+
+    Handle(Standard_Transient) Find(int number) const
+    {
+        const auto found = m_entities.find(number);
+        return found == m_entities.end() ? nullptr : found->second;
+    }
+
+private:
+    std::unordered_map<int, Handle(Standard_Transient)> m_entities;
+};
+
+/// The value of a tolerance that the kernel dropped, because it is more than a plain measure.
+Handle(Standard_Transient)
+    droppedValue(int tolerance, const StepRecords& records, const EntitiesByNumber& entities)
+{
+    const std::string_view record = records.Find(tolerance);
+    auto arguments = ArgumentsOf(record, "GEOMETRIC_TOLERANCE");
+    if (arguments.empty()) // A record of one type: FLATNESS_TOLERANCE('name','',#value,#shape).
+        arguments = ArgumentsOf(record, record.substr(0, record.find('(')));
+    return arguments.size() < 3 ? nullptr : entities.Find(ReferenceOf(arguments[2]));
+}
+
+std::vector<FileEntry> readTolerances(const Session& session, const StepRecords& records)
+{
+    const EntitiesByNumber entities(session);
     std::vector<FileEntry> tolerances;
     for (int i = 1; i <= session->Model()->NbEntities(); ++i) {
         const auto entity =
             Handle(StepDimTol_GeometricTolerance)::DownCast(session->Model()->Value(i));
         if (entity.IsNull())
             continue;
-        tolerances.push_back({wide(entity->Name()), {}, {}, {}});
-        addValue(entity->Magnitude(), tolerances.back().values);
+        const int number = numberOf(entity, session);
+        tolerances.push_back({number, wide(entity->Name()), {}, {}, {}});
+        if (entity->Magnitude().IsNull())
+            addValue(droppedValue(number, records, entities), tolerances.back().values);
+        else
+            addValue(entity->Magnitude(), tolerances.back().values);
     }
     return tolerances;
 }
@@ -130,7 +184,7 @@ bool agrees(const FileEntry& entry, double number)
 /// The kernel adds its labels in the order of the file's entities, but leaves out those that hang
 /// on nothing.
 /// @param number  What the kernel read; none where it read nothing.
-/// @return the next entry of that name and number, which has values; null when there is none.
+/// @return the next entry of that name and number; null when there is none.
 const FileEntry* nextOf(const std::vector<FileEntry>& entries, std::size_t& position,
                         const std::wstring& name, std::optional<double> number)
 {
@@ -138,7 +192,7 @@ const FileEntry* nextOf(const std::vector<FileEntry>& entries, std::size_t& posi
         if (entries[i].name != name || (number && !agrees(entries[i], *number)))
             continue;
         position = i + 1;
-        return entries[i].values.empty() ? nullptr : &entries[i];
+        return &entries[i];
     }
     return nullptr;
 }
@@ -172,7 +226,8 @@ std::optional<double> numberOf(const XCAFDimTolObjects_DimensionObject& dimensio
     return values->Value(values->Lower());
 }
 
-void correctDimensions(const Session& session, const Handle(XCAFDoc_DimTolTool) & tool)
+void correctDimensions(const Session& session, const Handle(XCAFDoc_DimTolTool) & tool,
+                       LabelsByEntity& found)
 {
     TDF_LabelSequence labels;
     tool->GetDimensionLabels(labels);
@@ -185,24 +240,27 @@ void correctDimensions(const Session& session, const Handle(XCAFDoc_DimTolTool) 
         if (!label.FindAttribute(XCAFDoc_Dimension::GetID(), attribute))
             continue;
         const Handle(XCAFDimTolObjects_DimensionObject) dimension = attribute->GetObject();
-        if (IsAngular(dimension->GetType()))
-            continue;
-        const FileEntry* entry =
-            nextOf(file, position, wide(dimension->GetSemanticName()), numberOf(*dimension));
+        const bool isAngular = IsAngular(dimension->GetType());
+        const FileEntry* entry = nextOf(file, position, wide(dimension->GetSemanticName()),
+                                        isAngular ? std::nullopt : numberOf(*dimension));
         if (!entry)
+            continue;
+        found.emplace(entry->number, label);
+        if (isAngular || entry->values.empty())
             continue;
         dimension->SetValues(arrayOf(*entry));
         attribute->SetObject(dimension);
     }
 }
 
-void correctTolerances(const Session& session, const Handle(XCAFDoc_DimTolTool) & tool)
+void correctTolerances(const Session& session, const StepRecords& records,
+                       const Handle(XCAFDoc_DimTolTool) & tool, LabelsByEntity& found)
 {
     TDF_LabelSequence labels;
     tool->GetGeomToleranceLabels(labels);
     if (labels.IsEmpty())
         return;
-    const std::vector<FileEntry> file = readTolerances(session);
+    const std::vector<FileEntry> file = readTolerances(session, records);
     std::size_t position = 0;
     for (const TDF_Label& label : labels) {
         Handle(XCAFDoc_GeomTolerance) attribute;
@@ -214,18 +272,39 @@ void correctTolerances(const Session& session, const Handle(XCAFDoc_DimTolTool) 
         const FileEntry* entry = nextOf(file, position, wide(tolerance->GetSemanticName()), number);
         if (!entry)
             continue;
+        found.emplace(entry->number, label);
+        if (entry->values.empty())
+            continue;
         tolerance->SetValue(entry->values.front().Millimetres());
         attribute->SetObject(tolerance);
     }
 }
 
+/// The length unit of the models that annotations are drawn in.
+double unitOf(const Session& session)
+{
+    for (int i = 1; i <= session->Model()->NbEntities(); ++i) {
+        const auto model = Handle(StepVisual_DraughtingModel)::DownCast(session->Model()->Value(i));
+        if (!model.IsNull())
+            return LengthUnitOf(model->ContextOfItems());
+    }
+    return 1.0;
+}
+
 } // namespace
 
-void CorrectPmiValues(const Session& session, CadDocument& document)
+void CompletePmi(const Session& session, std::string_view text, CadDocument& document)
 {
     const Handle(XCAFDoc_DimTolTool) tool = XCAFDoc_DocumentTool::DimTolTool(document.Main());
-    correctDimensions(session, tool);
-    correctTolerances(session, tool);
+    TDF_LabelSequence tolerances;
+    tool->GetGeomToleranceLabels(tolerances);
+    const bool hasDrawings = HasDrawings(text);
+    const StepRecords records(tolerances.IsEmpty() && !hasDrawings ? std::string_view() : text);
+    LabelsByEntity found;
+    correctDimensions(session, tool, found);
+    correctTolerances(session, records, tool, found);
+    if (hasDrawings)
+        AddDrawings(records, unitOf(session), found, document);
 }
 
 } // namespace OrvikCad

@@ -86,7 +86,7 @@ bool ReadStep(const CadFile& file, CadDocument& document, CadMessages& messages)
     TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
     WarnOfFailedTransfers(session, messages);
     WarnOfMissingFiles(reader, messages);
-    CorrectPmiValues(session, document);
+    CompletePmi(session, file.text, document);
     PlaceSavedViews(session, document);
     if (!isTransferred)
         messages.Fail(

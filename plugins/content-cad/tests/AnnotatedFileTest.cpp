@@ -91,6 +91,50 @@ TEST_F(AnnotatedFile, KeepsTheSignsOfTolerances)
     EXPECT_THAT(Texts(ReadText(below)), testing::Contains(L"Diameter.1: \u2300 12 -0.02/-0.05"));
 }
 
+TEST_F(AnnotatedFile, ReadsTheValueOfAToleranceThatIsMoreThanAPlainMeasure)
+{
+    const std::string plain = StepTextOf("pmi.step");
+    const std::size_t value = plain.find("= LENGTH_MEASURE_WITH_UNIT(LENGTH_MEASURE(5.E-02)");
+    ASSERT_NE(value, std::string::npos);
+    const std::string unit = plain.substr(plain.find(",#", value) + 1, 4);
+    const std::string complex =
+        Replaced(plain, "= LENGTH_MEASURE_WITH_UNIT(LENGTH_MEASURE(5.E-02)," + unit + ");",
+                 "= ( LENGTH_MEASURE_WITH_UNIT() MEASURE_REPRESENTATION_ITEM() "
+                 "MEASURE_WITH_UNIT(LENGTH_MEASURE(7.E-02)," +
+                     unit + ") REPRESENTATION_ITEM('tolerance value') );");
+
+    EXPECT_THAT(Texts(ReadText(complex)), testing::Contains(L"Flatness.1: \u23E5 0.07"));
+}
+
+TEST_F(AnnotatedFile, DrawsCalloutsInPlanesOfTheirOwn)
+{
+    const std::string plain = StepTextOf("pmi.step");
+    const std::size_t callout = plain.find("DRAUGHTING_CALLOUT('Diameter.1'");
+    ASSERT_NE(callout, std::string::npos);
+    const std::size_t set = plain.find("TESSELLATED_GEOMETRIC_SET('',", callout);
+    const std::string before = plain.substr(set, plain.find(';', set) - set);
+    const std::string curves = before.substr(before.find(",(") + 1);
+    std::string text =
+        Replaced(plain, before,
+                 "( REPOSITIONED_TESSELLATED_ITEM(#900004) "
+                 "REPRESENTATION_ITEM('diameter dimension') TESSELLATED_GEOMETRIC_SET(" +
+                     curves + " )");
+    text = Replaced(text, "ENDSEC;\nEND-ISO",
+                    "#900001 = CARTESIAN_POINT('',(0.,0.,1000.));\n"
+                    "#900002 = DIRECTION('',(0.,0.,1.));\n"
+                    "#900003 = DIRECTION('',(1.,0.,0.));\n"
+                    "#900004 = AXIS2_PLACEMENT_3D('',#900001,#900002,#900003);\n"
+                    "ENDSEC;\nEND-ISO");
+
+    const Model model = ReadText(text);
+
+    const ModelNode& size = *Find(model, NodeKind::PmiSet)->children.at(0)->children.at(0);
+    EXPECT_EQ(size.name, L"Diameter.1 (diameter dimension)");
+    EXPECT_EQ(size.text, L"\u2300 12 +0.1/-0.05");
+    ASSERT_TRUE(size.shape);
+    EXPECT_NEAR(size.shape->BoundingBox().Lo()[2], 1010.0, 0.01);
+}
+
 TEST_F(AnnotatedFile, LooksFromTheEyeOfASavedViewThroughItsWindow)
 {
     const Model model = ReadTestModel("views.step");
