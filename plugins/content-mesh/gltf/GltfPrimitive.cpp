@@ -115,6 +115,7 @@ private:
     void readAttribute(const GltfAccessor& accessor, MeshArray<float>& numbers);
     void readNormals();
     void readColors(const GltfMaterial& material);
+    void sayNothingIsLeft();
 
     std::size_t vertexCount() const { return m_positions.values.count; }
 
@@ -367,6 +368,18 @@ void PrimitiveReader::readColors(const GltfMaterial& material)
     }
 }
 
+/// What was left out last is why there is nothing.
+void PrimitiveReader::sayNothingIsLeft()
+{
+    if (!m_notes.reason.empty())
+        return;
+    m_notes.reason = kGltfNothingLeft;
+    if (m_notes.warnings.empty())
+        return;
+    m_notes.reason = m_notes.warnings.back();
+    m_notes.warnings.pop_back();
+}
+
 bool PrimitiveReader::Run(const GltfMaterial& material)
 {
     if (!findMode() || !findPositions() || !findIndices() || !takeBudget())
@@ -389,8 +402,7 @@ bool PrimitiveReader::Run(const GltfMaterial& material)
         target = std::move(m_corners);
     } else {
         m_shape = ShapeArrays();
-        if (m_notes.reason.empty())
-            m_notes.reason = kGltfNothingLeft;
+        sayNothingIsLeft();
     }
     settleBudget();
     return isRead;

@@ -269,6 +269,28 @@ TEST(GltfReader, LeavesOutWhatIsNotFiniteAndItsVertices)
                             L"number; triangles left out: 2"));
 }
 
+TEST(GltfReader, WhatLeftNothingIsTheError)
+{
+    GltfText text;
+    text.AddFloats({0, 0, 0, 1, 0, 0, std::nanf(""), 1, 0}, 3);
+
+    const GltfResult result = readPrimitive(text, "\"attributes\":{\"POSITION\":0}");
+
+    EXPECT_FALSE(result.ok);
+    EXPECT_EQ(result.error, L"test: mesh 0 \"part\", primitive 0: a coordinate is not a finite "
+                            L"number; triangles left out: 1");
+    EXPECT_THAT(result.warnings, IsEmpty());
+}
+
+TEST(GltfReader, AnEmptyPrimitiveIsTold)
+{
+    GltfText text;
+    text.AddFloats({0, 0, 0}, 3);
+
+    EXPECT_EQ(readPrimitive(text, "\"mode\":5,\"attributes\":{\"POSITION\":0}").error,
+              L"test: mesh 0 \"part\", primitive 0: nothing of it can be shown");
+}
+
 TEST(GltfReader, KeepsOfASharedPoolOnlyWhatAPrimitiveUses)
 {
     GltfText text;
