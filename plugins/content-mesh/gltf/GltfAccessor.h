@@ -45,6 +45,9 @@ struct GltfAccessor
     GltfRun sparseValues;
 };
 
+/// @return true when the numbers are whole ones without sign.
+bool AreIndices(const GltfRun& run);
+
 /// Finds the numbers of an accessor.
 ///
 /// @return false with a reason when they do not lie inside their buffer, or are of no known type.

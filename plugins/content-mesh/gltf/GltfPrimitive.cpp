@@ -2,6 +2,7 @@
 
 #include "gltf/GltfAccessor.h"
 #include "gltf/GltfTexts.h"
+#include "gltf/GltfTopology.h"
 #include "gltf/VertexUse.h"
 #include "readers/MeshFinish.h"
 
@@ -13,81 +14,8 @@ namespace OrvikMesh {
 
 namespace {
 
-/// How vertices hang together, by the numbers that stand in files.
-enum class Mode
-{
-    Points = 0,
-    Lines = 1,
-    LineLoop = 2,
-    LineStrip = 3,
-    Triangles = 4,
-    TriangleStrip = 5,
-    TriangleFan = 6,
-};
-
 /// Bytes of the arrays of one vertex: position, normal, colour, and what finding it takes.
 constexpr std::uint64_t kVertexBytes = 12 + 12 + 4 + 5;
-
-std::size_t arityOf(Mode mode)
-{
-    if (mode == Mode::Points)
-        return 1;
-    return mode < Mode::Triangles ? 2 : 3;
-}
-
-const wchar_t* wordFor(Mode mode)
-{
-    if (mode == Mode::Points)
-        return kGltfPoints;
-    return mode < Mode::Triangles ? kGltfSegments : kGltfTriangles;
-}
-
-/// Corners that each index becomes at most.
-std::size_t growthOf(Mode mode)
-{
-    const bool isRun = mode != Mode::Points && mode != Mode::Lines && mode != Mode::Triangles;
-    return isRun ? arityOf(mode) : 1;
-}
-
-/// Turns strips, loops and fans into single segments and triangles.
-MeshArray<std::uint32_t> unfold(Mode mode, MeshArray<std::uint32_t>&& run)
-{
-    if (growthOf(mode) == 1) {
-        run.Resize(run.Size() - run.Size() % arityOf(mode));
-        return std::move(run);
-    }
-    const std::size_t count = run.Size();
-    MeshArray<std::uint32_t> corners;
-    if (count < arityOf(mode))
-        return corners;
-    corners.Reserve(count * arityOf(mode));
-    const auto add = [&](std::size_t a, std::size_t b) {
-        corners.PushBack(run[a]);
-        corners.PushBack(run[b]);
-    };
-    switch (mode) {
-    case Mode::LineLoop:
-    case Mode::LineStrip:
-        for (std::size_t i = 0; i + 1 < count; ++i)
-            add(i, i + 1);
-        if (mode == Mode::LineLoop)
-            add(count - 1, 0);
-        break;
-    case Mode::TriangleStrip:
-        for (std::size_t i = 0; i + 2 < count; ++i) {
-            add(i, i + 1 + i % 2);
-            corners.PushBack(run[i + 2 - i % 2]);
-        }
-        break;
-    default:
-        for (std::size_t i = 0; i + 2 < count; ++i) {
-            add(i + 1, i + 2);
-            corners.PushBack(run[0]);
-        }
-        break;
-    }
-    return corners;
-}
 
 class PrimitiveReader
 {
@@ -123,7 +51,7 @@ private:
     const JsonValue& m_primitive;
     ShapeArrays& m_shape;
     PrimitiveNotes& m_notes;
-    Mode m_mode = Mode::Triangles;
+    GltfMode m_mode = GltfMode::Triangles;
     GltfAccessor m_positions;
     std::optional<GltfAccessor> m_indices;
     MeshArray<std::uint32_t> m_corners;
@@ -139,7 +67,7 @@ bool PrimitiveReader::findMode()
         m_notes.reason = FillText(kGltfBadMode, {mode ? std::to_wstring(*mode) : L"?"});
         return false;
     }
-    m_mode = static_cast<Mode>(*mode);
+    m_mode = static_cast<GltfMode>(*mode);
     return true;
 }
 
@@ -190,9 +118,9 @@ bool PrimitiveReader::findIndices()
 bool PrimitiveReader::takeBudget()
 {
     const std::uint64_t indices = m_indices ? m_indices->values.count : vertexCount();
-    const std::uint64_t corners = indices * growthOf(m_mode);
+    const std::uint64_t corners = indices * GrowthOf(m_mode);
     const std::uint64_t cornerBytes =
-        sizeof(std::uint32_t) * (growthOf(m_mode) == 1 ? corners : corners + indices);
+        sizeof(std::uint32_t) * (GrowthOf(m_mode) == 1 ? corners : corners + indices);
     // A sparse accessor is read as a whole, and one without bytes is limited by nothing else.
     const bool countsWhole = m_positions.sparseIndices.count > 0 || !m_positions.values.first;
     const std::uint64_t vertices =
@@ -225,9 +153,9 @@ bool PrimitiveReader::readCorners()
         run.Resize(vertexCount());
         std::iota(run.begin(), run.end(), 0u);
     }
-    if (growthOf(m_mode) == 1 && run.Size() % arityOf(m_mode) != 0)
-        m_notes.warnings.push_back(FillText(kGltfRemainder, {std::to_wstring(arityOf(m_mode))}));
-    m_corners = unfold(m_mode, std::move(run));
+    if (GrowthOf(m_mode) == 1 && run.Size() % ArityOf(m_mode) != 0)
+        m_notes.warnings.push_back(FillText(kGltfRemainder, {std::to_wstring(ArityOf(m_mode))}));
+    m_corners = Unfold(m_mode, std::move(run));
     return true;
 }
 
@@ -242,10 +170,10 @@ void PrimitiveReader::dropMissingVertices()
     const auto isMissing = [count](std::uint32_t corner) { return corner >= count; };
     const std::uint32_t first = *std::find_if(m_corners.begin(), m_corners.end(), isMissing);
     const std::size_t leftOut = KeepGoodPieces(
-        m_corners, arityOf(m_mode), [&](std::uint32_t corner) { return !isMissing(corner); });
+        m_corners, ArityOf(m_mode), [&](std::uint32_t corner) { return !isMissing(corner); });
     m_notes.warnings.push_back(
         FillText(kGltfIndexOutside, {std::to_wstring(first), std::to_wstring(count),
-                                     wordFor(m_mode), std::to_wstring(leftOut)}));
+                                     WordFor(m_mode), std::to_wstring(leftOut)}));
 }
 
 void PrimitiveReader::readPositions()
@@ -266,9 +194,9 @@ void PrimitiveReader::dropNonFinite()
         ++good;
     if (good == count)
         return;
-    const std::size_t leftOut = KeepGoodPieces(m_corners, arityOf(m_mode), isGood);
+    const std::size_t leftOut = KeepGoodPieces(m_corners, ArityOf(m_mode), isGood);
     m_notes.warnings.push_back(
-        FillText(kGltfNonFinite, {wordFor(m_mode), std::to_wstring(leftOut)}));
+        FillText(kGltfNonFinite, {WordFor(m_mode), std::to_wstring(leftOut)}));
     MeshArray<std::uint32_t> kept;
     if (!ListUsedVertices(m_corners, count, kept))
         pickVertices(kept);
@@ -325,7 +253,7 @@ void PrimitiveReader::readAttribute(const GltfAccessor& accessor, MeshArray<floa
 void PrimitiveReader::readNormals()
 {
     GltfAccessor accessor;
-    if (arityOf(m_mode) != 3 || !findAttribute("NORMAL", accessor))
+    if (ArityOf(m_mode) != 3 || !findAttribute("NORMAL", accessor))
         return;
     if (accessor.components != 3) {
         m_notes.warnings.push_back(
@@ -395,7 +323,7 @@ bool PrimitiveReader::Run(const GltfMaterial& material)
     if (isRead) {
         readNormals();
         readColors(material);
-        const std::size_t arity = arityOf(m_mode);
+        const std::size_t arity = ArityOf(m_mode);
         MeshArray<std::uint32_t>& target = arity == 3   ? m_shape.mesh.triangles
                                            : arity == 2 ? m_shape.segments
                                                         : m_shape.points;
