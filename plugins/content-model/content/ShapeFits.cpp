@@ -1,5 +1,7 @@
 #include "content/ShapeFits.h"
 
+#include "content/LeastSquares.h"
+
 #include <algorithm>
 #include <map>
 #include <tuple>
@@ -16,97 +18,6 @@ constexpr double kLeastMiddle = 0.965;
 /// With fewer directions anything can look round.
 constexpr std::size_t kLeastDirections = 6;
 
-using Matrix3 = std::array<std::array<double, 3>, 3>;
-
-/// Eigenvectors of a symmetric matrix with their values, least value first; by Jacobi's rotations.
-struct Eigen
-{
-    double value[3];
-    Vector3 vector[3];
-};
-
-void rotate(Matrix3& a, Matrix3& v, std::size_t p, std::size_t q)
-{
-    if (a[p][q] == 0.0)
-        return;
-    const double theta = (a[q][q] - a[p][p]) / (2.0 * a[p][q]);
-    const double t =
-        (theta < 0.0 ? -1.0 : 1.0) / (std::abs(theta) + std::sqrt(theta * theta + 1.0));
-    const double c = 1.0 / std::sqrt(t * t + 1.0);
-    const double s = t * c;
-    for (std::size_t k = 0; k < 3; ++k) {
-        const double kp = a[k][p];
-        const double kq = a[k][q];
-        a[k][p] = c * kp - s * kq;
-        a[k][q] = s * kp + c * kq;
-    }
-    for (std::size_t k = 0; k < 3; ++k) {
-        const double pk = a[p][k];
-        const double qk = a[q][k];
-        a[p][k] = c * pk - s * qk;
-        a[q][k] = s * pk + c * qk;
-        const double vp = v[k][p];
-        const double vq = v[k][q];
-        v[k][p] = c * vp - s * vq;
-        v[k][q] = s * vp + c * vq;
-    }
-}
-
-Eigen findEigen(Matrix3 a)
-{
-    Matrix3 v{{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}};
-    for (int sweep = 0; sweep < 30; ++sweep) {
-        rotate(a, v, 0, 1);
-        rotate(a, v, 0, 2);
-        rotate(a, v, 1, 2);
-    }
-    std::array<std::size_t, 3> order{0, 1, 2};
-    std::sort(order.begin(), order.end(),
-              [&a](std::size_t i, std::size_t k) { return a[i][i] < a[k][k]; });
-    Eigen eigen{};
-    for (std::size_t i = 0; i < 3; ++i) {
-        const std::size_t from = order[i];
-        eigen.value[i] = a[from][from];
-        eigen.vector[i] = {v[0][from], v[1][from], v[2][from]};
-    }
-    return eigen;
-}
-
-void addOuter(Matrix3& matrix, const Vector3& a, double weight)
-{
-    for (std::size_t i = 0; i < 3; ++i)
-        for (std::size_t k = 0; k < 3; ++k)
-            matrix[i][k] += weight * a[i] * a[k];
-}
-
-/// Solves four equations by elimination with pivots. @return false when they are not independent.
-bool solve(std::array<std::array<double, 5>, 4>& rows)
-{
-    double largest = 0.0;
-    for (const auto& row : rows)
-        for (std::size_t k = 0; k < 4; ++k)
-            largest = std::max(largest, std::abs(row[k]));
-    for (std::size_t i = 0; i < 4; ++i) {
-        std::size_t pivot = i;
-        for (std::size_t k = i + 1; k < 4; ++k)
-            if (std::abs(rows[k][i]) > std::abs(rows[pivot][i]))
-                pivot = k;
-        if (!(std::abs(rows[pivot][i]) > 1e-12 * largest))
-            return false;
-        std::swap(rows[i], rows[pivot]);
-        for (std::size_t k = 0; k < 4; ++k) {
-            if (k == i)
-                continue;
-            const double factor = rows[k][i] / rows[i][i];
-            for (std::size_t column = i; column < 5; ++column)
-                rows[k][column] -= factor * rows[i][column];
-        }
-    }
-    for (std::size_t i = 0; i < 4; ++i)
-        rows[i][4] /= rows[i][i];
-    return true;
-}
-
 /// Fits the sphere |p|^2 = 2 c.p + k by least squares; with points of a plane through 0 and
 /// @p normal given, the circle.
 bool fitSphere(const std::vector<Vector3>& points, const Vector3& normal, RoundFit& fit)
@@ -119,25 +30,19 @@ bool fitSphere(const std::vector<Vector3>& points, const Vector3& normal, RoundF
         size = std::max(size, Length(point - middle));
     if (!(size > 0.0))
         return false;
-    std::array<std::array<double, 5>, 4> rows{};
-    const auto addRow = [&rows](const std::array<double, 4>& factors, double value) {
-        for (std::size_t i = 0; i < 4; ++i) {
-            for (std::size_t k = 0; k < 4; ++k)
-                rows[i][k] += factors[i] * factors[k];
-            rows[i][4] += factors[i] * value;
-        }
-    };
+    LeastSquares4 equations;
     for (const Vector3& point : points) {
         const Vector3 p = (point - middle) * (1.0 / size);
-        addRow({2.0 * p.x, 2.0 * p.y, 2.0 * p.z, 1.0}, Dot(p, p));
+        equations.Add({2.0 * p.x, 2.0 * p.y, 2.0 * p.z, 1.0}, Dot(p, p));
     }
     // The centre of a circle lies in its plane.
     const double weight = static_cast<double>(points.size());
-    addRow({weight * normal.x, weight * normal.y, weight * normal.z, 0.0}, 0.0);
-    if (!solve(rows))
+    equations.Add({weight * normal.x, weight * normal.y, weight * normal.z, 0.0}, 0.0);
+    std::array<double, 4> solution;
+    if (!equations.Solve(solution))
         return false;
-    const Vector3 center{rows[0][4], rows[1][4], rows[2][4]};
-    const double square = rows[3][4] + Dot(center, center);
+    const Vector3 center{solution[0], solution[1], solution[2]};
+    const double square = solution[3] + Dot(center, center);
     if (!(square > 0.0))
         return false;
     fit.center = middle + center * size;
@@ -237,10 +142,10 @@ std::optional<RoundFit> FitCylinder(const std::vector<Triangle3>& triangles, dou
     for (const Triangle3& triangle : triangles) {
         const Vector3 own = areaVector(triangle);
         const double size = Length(own);
-        addOuter(spread, Normalized(own), size);
+        AddOuter(spread, Normalized(own), size);
         area += size;
     }
-    const Eigen eigen = findEigen(spread);
+    const Eigen eigen = FindEigen(spread);
     if (!(eigen.value[0] <= 1e-5 * area) || !(eigen.value[1] > 1e-3 * area))
         return std::nullopt;
     RoundFit fit;
@@ -317,9 +222,9 @@ std::optional<RoundFit> FitCircle(const std::vector<std::array<Vector3, 2>>& seg
         middle = middle + end * (1.0 / static_cast<double>(ends.size()));
     Matrix3 spread{};
     for (const Vector3& end : ends)
-        addOuter(spread, end - middle, 1.0);
+        AddOuter(spread, end - middle, 1.0);
     RoundFit fit;
-    fit.axis = turnedUp(findEigen(spread).vector[0]);
+    fit.axis = turnedUp(FindEigen(spread).vector[0]);
     if (!fitSphere(ends, fit.axis, fit) || !isTight(ends, fit, noise))
         return std::nullopt;
     const double tolerance = kTolerance * fit.radius + 4.0 * noise;
