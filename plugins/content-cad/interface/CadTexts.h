@@ -24,6 +24,8 @@ inline constexpr wchar_t kWhileWriting[] = L"writing";
 
 inline constexpr wchar_t kNotStep[] = L"this is no STEP file: it does not begin with ISO-10303-21";
 inline constexpr wchar_t kStepNesting[] = L"brackets are nested more than %1 deep";
+inline constexpr wchar_t kStepTwice[] = L"the entity #%1 is defined a second time";
+inline constexpr wchar_t kStepNumber[] = L"an entity has a number beyond %1";
 inline constexpr wchar_t kStepTruncated[] =
     L"the file ends before \"END-ISO-10303-21;\"; what came before was read";
 inline constexpr wchar_t kStepSyntax[] = L"the file's syntax is wrong: %1";
@@ -35,6 +37,8 @@ inline constexpr wchar_t kNotIges[] = L"this is no IGES file";
 inline constexpr wchar_t kIgesUnreadable[] = L"the file's sections could not be read";
 
 inline constexpr wchar_t kNotBrep[] = L"this is no BREP file";
+inline constexpr wchar_t kBrepUnexpected[] =
+    L"the file ends or goes on otherwise than its counts announce";
 inline constexpr wchar_t kBrepBroken[] = L"the shape could not be read to its end";
 
 inline constexpr wchar_t kShapeFailed[] = L"the shape \"%1\" could not be cut into triangles: %2";

@@ -1,8 +1,11 @@
 #include "interface/CadTexts.h"
 #include "kernel/FileReading.h"
 #include "kernel/FileStream.h"
+#include "kernel/KernelGuard.h"
+#include "kernel/KernelMessages.h"
 #include "kernel/KernelProgress.h"
 #include "kernel/KernelText.h"
+#include "kernel/StepScan.h"
 
 #include <TambCommandsInfra/CancelToken.h>
 
@@ -12,6 +15,9 @@
 #include <TopoDS_Shape.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
+
+#include <algorithm>
+#include <ios>
 
 namespace OrvikCad {
 
@@ -27,6 +33,31 @@ bool isBrep(std::string_view text)
            head.find("DBRep_DrawableShape") != head.npos;
 }
 
+/// @return a null shape where the file cannot be read; @p messages then has an error.
+TopoDS_Shape readShape(const CadFile& file, CadMessages& messages)
+{
+    FileStream stream(file.text, {}, OnBadText::Throw);
+    TopoDS_Shape shape;
+    const Handle(KernelProgress) progress = new KernelProgress(KernelProgress::Reports::No);
+    const SilencedThread silence;
+    bool hasBadText = false;
+    const std::wstring failure = RunGuarded([&] {
+        try {
+            BRepTools::Read(shape, stream, BRep_Builder(), progress->Start());
+        } catch (const std::ios_base::failure&) {
+            hasBadText = true;
+        }
+    });
+    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+    if (failure.empty() && !hasBadText && !shape.IsNull())
+        return shape;
+    const std::size_t place = std::min(stream.Position(), file.text.size());
+    messages.FailAtLine(LineOf(file.text, place), hasBadText        ? kBrepUnexpected
+                                                  : failure.empty() ? kBrepBroken
+                                                                    : failure);
+    return {};
+}
+
 } // namespace
 
 bool ReadBrep(const CadFile& file, CadDocument& document, CadMessages& messages)
@@ -36,15 +67,9 @@ bool ReadBrep(const CadFile& file, CadDocument& document, CadMessages& messages)
         return false;
     }
     BeginReadingPhase(kPhase, file);
-    FileStream stream(file.text);
-    TopoDS_Shape shape;
-    const Handle(KernelProgress) progress = new KernelProgress(KernelProgress::Reports::No);
-    BRepTools::Read(shape, stream, BRep_Builder(), progress->Start());
-    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
-    if (shape.IsNull()) {
-        messages.Fail(kBrepBroken);
+    const TopoDS_Shape shape = readShape(file, messages);
+    if (shape.IsNull())
         return false;
-    }
     // Triangles that lie in the file were made for some other purpose.
     BRepTools::Clean(shape);
     const Handle(XCAFDoc_ShapeTool) shapes = XCAFDoc_DocumentTool::ShapeTool(document.Main());

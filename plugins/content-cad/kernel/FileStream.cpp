@@ -72,10 +72,9 @@ FileBuffer::pos_type FileBuffer::seekoff(off_type offset, std::ios_base::seekdir
                                          std::ios_base::openmode which)
 {
     const std::size_t size = m_text.size() + m_tail.size();
-    const std::size_t here = m_sliceStart + static_cast<std::size_t>(gptr() - eback());
     off_type base = 0;
     if (direction == std::ios_base::cur)
-        base = static_cast<off_type>(here);
+        base = static_cast<off_type>(Position());
     else if (direction == std::ios_base::end)
         base = static_cast<off_type>(size);
     return seekpos(pos_type(base + offset), which);
@@ -90,12 +89,13 @@ FileBuffer::pos_type FileBuffer::seekpos(pos_type position, std::ios_base::openm
     return position;
 }
 
-FileStream::FileStream(std::string_view text, std::string tail)
+FileStream::FileStream(std::string_view text, std::string tail, OnBadText onBadText)
     : std::istream(nullptr), m_buffer(text, std::move(tail))
 {
     rdbuf(&m_buffer);
     imbue(std::locale(std::locale::classic(), new CountChecker(text.size())));
-    exceptions(std::ios_base::badbit);
+    exceptions(onBadText == OnBadText::Throw ? std::ios_base::badbit | std::ios_base::failbit
+                                             : std::ios_base::badbit);
 }
 
 } // namespace OrvikCad

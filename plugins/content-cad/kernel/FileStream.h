@@ -19,6 +19,12 @@ public:
     /// @param tail  Read after it.
     FileBuffer(std::string_view text, std::string tail);
 
+    /// @return how many bytes have been read.
+    std::size_t Position() const
+    {
+        return m_sliceStart + static_cast<std::size_t>(gptr() - eback());
+    }
+
 protected:
     int_type underflow() override;
     pos_type seekoff(off_type offset, std::ios_base::seekdir direction,
@@ -33,12 +39,22 @@ private:
     std::size_t m_sliceStart = 0; ///< Of the slice that is read now, within text and tail.
 };
 
+/// What a stream does when something else is read than was expected, or nothing.
+enum class OnBadText
+{
+    Fail,  ///< As streams do: the reader has to look.
+    Throw, ///< Throws std::ios_base::failure, for readers that do not look.
+};
+
 /// A stream over a FileBuffer that hands exceptions of the buffer on, reads numbers alike in every
-/// locale, and believes no count that is greater than the file is long.
+/// locale, and takes a whole number that is greater than the file is long for bad text.
 class FileStream final : public std::istream
 {
 public:
-    explicit FileStream(std::string_view text, std::string tail = {});
+    FileStream(std::string_view text, std::string tail, OnBadText onBadText);
+
+    /// @return how many bytes have been read.
+    std::size_t Position() const { return m_buffer.Position(); }
 
 private:
     FileBuffer m_buffer;

@@ -17,12 +17,16 @@ namespace {
 constexpr wchar_t kParsing[] = L"Reading ";
 constexpr wchar_t kTransferring[] = L"Making shapes of ";
 
-/// Lines have 80 columns; the 73rd names the section, the first of which is the start section.
+/// Lines have 80 columns: the 73rd names the section, the first of which is the start section, and
+/// after it stands the number of the line.
 bool isIges(std::string_view text)
 {
     constexpr std::size_t kSectionColumn = 72;
-    return text.size() > kSectionColumn && text[kSectionColumn] == 'S' &&
-           text.substr(0, kSectionColumn).find('\n') == text.npos;
+    constexpr std::size_t kColumns = 80;
+    const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
+    return line.size() >= kColumns && line[kSectionColumn] == 'S' &&
+           line.substr(kSectionColumn + 1, kColumns - kSectionColumn - 1)
+                   .find_first_not_of(" 0123456789") == line.npos;
 }
 
 } // namespace

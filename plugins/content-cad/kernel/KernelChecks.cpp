@@ -2,9 +2,11 @@
 
 #include <OrvikOs/Utf8.h>
 
+#include <IGESData_UndefinedEntity.hxx>
 #include <Interface_Check.hxx>
 #include <Interface_CheckIterator.hxx>
 #include <Interface_InterfaceModel.hxx>
+#include <StepData_UndefinedEntity.hxx>
 #include <TCollection_HAsciiString.hxx>
 #include <Transfer_TransientProcess.hxx>
 #include <XSControl_TransferReader.hxx>
@@ -39,6 +41,17 @@ std::uint64_t numberOf(const Handle(Interface_InterfaceModel) & model,
     while (*digits && !std::isdigit(static_cast<unsigned char>(*digits)))
         ++digits;
     return std::strtoull(digits, nullptr, 10);
+}
+
+/// @return the type, as the file names it, of an entity that the kernel does not know; empty for
+///         others.
+std::wstring unknownTypeOf(const Handle(Standard_Transient) & entity)
+{
+    if (const auto step = Handle(StepData_UndefinedEntity)::DownCast(entity))
+        return OrvikOs::Utf8ToWide(step->StepType());
+    if (const auto iges = Handle(IGESData_UndefinedEntity)::DownCast(entity))
+        return std::to_wstring(iges->TypeNumber());
+    return {};
 }
 
 /// Entities with the same complaint, which a file may have by the thousand.
@@ -97,9 +110,10 @@ void WarnOfBadEntities(const Handle(XSControl_WorkSession) & session, CadMessage
     for (int i = 1; i <= model->NbEntities(); ++i) {
         if (model->IsErrorEntity(i))
             complaints.Add(model->Check(i, Standard_True), numberOf(model, model->Value(i)));
-        if (model->IsUnknownEntity(i) && unknown++ == 0) {
+        const std::wstring type = unknownTypeOf(model->Value(i));
+        if (!type.empty() && unknown++ == 0) {
             firstUnknown = numberOf(model, model->Value(i));
-            firstType = OrvikOs::Utf8ToWide(model->TypeName(model->Value(i), Standard_False));
+            firstType = type;
         }
     }
     complaints.Tell(messages);

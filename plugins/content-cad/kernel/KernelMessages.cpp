@@ -6,7 +6,9 @@
 #include <Message_Messenger.hxx>
 #include <Message_Printer.hxx>
 
+#include <iostream>
 #include <mutex>
+#include <thread>
 
 namespace OrvikCad {
 
@@ -84,6 +86,45 @@ void KernelMessages::SilenceKernel()
         return true;
     }();
     static_cast<void>(isSilenced);
+}
+
+/// Hands on what other threads write.
+class SilencedThread::Filter final : public std::streambuf
+{
+public:
+    explicit Filter(std::streambuf* target) : m_target(target) {}
+
+protected:
+    int_type overflow(int_type character) override
+    {
+        if (isSilenced() || traits_type::eq_int_type(character, traits_type::eof()))
+            return traits_type::not_eof(character);
+        return m_target->sputc(traits_type::to_char_type(character));
+    }
+
+    std::streamsize xsputn(const char* text, std::streamsize count) override
+    {
+        return isSilenced() ? count : m_target->sputn(text, count);
+    }
+
+    int sync() override { return isSilenced() ? 0 : m_target->pubsync(); }
+
+private:
+    bool isSilenced() const { return std::this_thread::get_id() == m_silenced; }
+
+    std::streambuf* m_target; ///< Not owned.
+    std::thread::id m_silenced = std::this_thread::get_id();
+};
+
+SilencedThread::SilencedThread()
+    : m_filter(std::make_unique<Filter>(std::cout.rdbuf())), m_former(std::cout.rdbuf())
+{
+    std::cout.rdbuf(m_filter.get());
+}
+
+SilencedThread::~SilencedThread()
+{
+    std::cout.rdbuf(m_former);
 }
 
 } // namespace OrvikCad

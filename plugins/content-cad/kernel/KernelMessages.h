@@ -1,6 +1,8 @@
 #ifndef ORVIKCAD_KERNEL_KERNELMESSAGES_H
 #define ORVIKCAD_KERNEL_KERNELMESSAGES_H
 
+#include <memory>
+#include <streambuf>
 #include <string>
 #include <vector>
 
@@ -24,6 +26,22 @@ public:
 
     /// Takes the kernel's own printers, which write to standard output, away for good.
     static void SilenceKernel();
+};
+
+/// While alive, drops what the calling thread writes to std::cout; some readers of the kernel know
+/// no messenger. Other threads write as ever.
+class SilencedThread
+{
+public:
+    SilencedThread();
+    ~SilencedThread();
+    SilencedThread(const SilencedThread&) = delete;
+    SilencedThread& operator=(const SilencedThread&) = delete;
+
+private:
+    class Filter;
+    std::unique_ptr<Filter> m_filter;
+    std::streambuf* m_former; ///< Not owned; put back at the end.
 };
 
 } // namespace OrvikCad

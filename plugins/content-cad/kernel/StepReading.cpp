@@ -30,9 +30,8 @@ bool isReadable(const StepScan& scan, CadMessages& messages)
 {
     if (!scan.isStep)
         messages.Fail(kNotStep);
-    else if (scan.tooDeepLine > 0)
-        messages.FailAtLine(scan.tooDeepLine,
-                            FillText(kStepNesting, {std::to_wstring(kMaxStepNesting)}));
+    else if (scan.refusedLine > 0)
+        messages.FailAtLine(scan.refusedLine, scan.refusal);
     else if (!scan.hasData)
         messages.Fail(kStepNoData);
     return !messages.HasError();
@@ -46,7 +45,7 @@ bool parse(const CadFile& file, const StepScan& scan, STEPCAFControl_Reader& rea
     // wrote what their machine used.
     Interface_Static::SetCVal("read.step.codepage", scan.isUtf8 ? "UTF8" : "iso8859-1");
     const KernelMessages complaints;
-    FileStream stream(file.text.substr(0, scan.usableBytes), scan.tail);
+    FileStream stream(file.text.substr(0, scan.usableBytes), scan.tail, OnBadText::Fail);
     // Files that this one refers to are looked for beside it, for which the kernel wants a whole
     // path.
     const std::string name = std::filesystem::absolute(OrvikOs::WideToUtf8(file.path)).string();

@@ -1,12 +1,22 @@
 #include "kernel/StepScan.h"
 
+#include "interface/CadMessages.h"
+#include "interface/CadTexts.h"
+
 #include <OrvikOs/Utf8.h>
 
 #include <algorithm>
+#include <charconv>
+#include <system_error>
+#include <utility>
+#include <vector>
 
 namespace OrvikCad {
 
 namespace {
+
+/// The kernel keeps numbers in 32 bits with a sign.
+constexpr std::uint64_t kMaxNumber = 2147483647;
 
 constexpr std::string_view kFirstWord = "ISO-10303-21";
 constexpr std::string_view kLastWord = "END-ISO-10303-21";
@@ -41,8 +51,9 @@ public:
 
     void Run()
     {
-        while (m_at < m_text.size() && m_scan.tooDeepLine == 0 && !m_scan.isComplete)
+        while (m_at < m_text.size() && m_scan.refusedLine == 0 && !m_scan.isComplete)
             step();
+        refuseTwins();
     }
 
     bool IsInData() const { return m_isInData; }
@@ -62,7 +73,7 @@ private:
             return;
         case '(':
             if (++m_depth > kMaxStepNesting)
-                m_scan.tooDeepLine = LineOf(m_text, m_at);
+                refuse(m_at, FillText(kStepNesting, {std::to_wstring(kMaxStepNesting)}));
             break;
         case ')':
             if (m_depth > 0)
@@ -95,13 +106,55 @@ private:
             m_scan.isComplete = true;
         else if (statement == kEndOfSection)
             m_isInData = false;
+        else if (statement.starts_with('#'))
+            takeEntity(statement);
         else if (statement.substr(0, kData.size()) == kData &&
                  statement.find('=') == statement.npos)
             m_isInData = m_scan.hasData = true;
     }
 
+    void refuse(std::size_t at, std::wstring reason)
+    {
+        m_scan.refusedLine = LineOf(m_text, at);
+        m_scan.refusal = std::move(reason);
+    }
+
+    /// Keeps the number of an entity.
+    void takeEntity(std::string_view statement)
+    {
+        std::uint64_t number = 0;
+        const auto [end, error] =
+            std::from_chars(statement.data() + 1, statement.data() + statement.size(), number);
+        const auto at = static_cast<std::size_t>(statement.data() - m_text.data());
+        if (error == std::errc::result_out_of_range || number > kMaxNumber)
+            refuse(at, FillText(kStepNumber, {std::to_wstring(kMaxNumber)}));
+        else if (error == std::errc())
+            m_entities.push_back({number, at});
+    }
+
+    /// In most files the numbers rise; then nothing has to be sorted.
+    void refuseTwins()
+    {
+        const auto byNumber = [](const Entity& a, const Entity& b) { return a.number < b.number; };
+        if (!std::is_sorted(m_entities.begin(), m_entities.end(), byNumber))
+            std::stable_sort(m_entities.begin(), m_entities.end(), byNumber);
+        const auto twin = std::adjacent_find(
+            m_entities.begin(), m_entities.end(),
+            [](const Entity& a, const Entity& b) { return a.number == b.number; });
+        if (twin != m_entities.end() && m_scan.refusedLine == 0)
+            refuse((twin + 1)->at, FillText(kStepTwice, {std::to_wstring(twin->number)}));
+    }
+
+    /// A numbered statement.
+    struct Entity
+    {
+        std::uint64_t number;
+        std::size_t at;
+    };
+
     std::string_view m_text;
     StepScan& m_scan;
+    std::vector<Entity> m_entities;
     std::size_t m_at = 0;
     std::size_t m_statement = 0; ///< Where the present statement begins.
     unsigned m_depth = 0;

@@ -17,8 +17,11 @@ struct StepScan
     bool isStep = false;  ///< Begins with ISO-10303-21, after blanks and comments.
     bool hasData = false; ///< Holds a data section.
     bool isUtf8 = true;   ///< Every byte is ASCII or belongs to valid UTF-8.
-    /// First line on which brackets are nested deeper than kMaxStepNesting; 0 when none is.
-    std::uint64_t tooDeepLine = 0;
+    /// Line of the first thing for which the kernel must not see the file, because it would run
+    /// without end or without bounds: brackets nested deeper than kMaxStepNesting, an entity number
+    /// that is there twice or beyond 2147483647. 0 when there is none.
+    std::uint64_t refusedLine = 0;
+    std::wstring refusal; ///< Why; empty when there is nothing.
     bool isComplete = false;     ///< Ends as it should.
     std::size_t usableBytes = 0; ///< Up to the end of the last whole statement.
     std::string tail;            ///< What has to follow the usable bytes of an incomplete file.
