@@ -41,6 +41,9 @@ protected:
         m_plates.Add(EntityId(), m_plate, L"plate").box = TambVizCore::VizBox(0, 0, 0, 50, 50, 5);
     }
 
+    /// The contents write to the log, which goes with the test.
+    ~ModelFixture() override { m_session.Document().ClearContents(); }
+
     void addBolt(const EntityId& reference, const EntityId& body, const std::wstring& name,
                  double x)
     {
