@@ -3,6 +3,8 @@
 #include "readers/ReaderTexts.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 #include <cstring>
 #include <stdexcept>
 
@@ -15,6 +17,35 @@ constexpr float kUnitTolerance = 1e-6f;
 /// Copies of a vertex that are looked at for one with the colour wanted; a hostile file may have a
 /// million faces of different colours around one point.
 constexpr int kMaxCopiesTried = 64;
+
+/// Rounding of coordinates shows from this share of a cloud's extent on.
+constexpr double kVisibleShare = 1e-4;
+
+/// Warns when single precision moves the points of a cloud visibly, as it does with coordinates of
+/// maps.
+void warnOfRounding(const MeshData& mesh, ReadMessages& messages)
+{
+    float least[3] = {INFINITY, INFINITY, INFINITY};
+    float most[3] = {-INFINITY, -INFINITY, -INFINITY};
+    for (std::size_t i = 0; i < mesh.positions.Size(); ++i) {
+        least[i % 3] = std::min(least[i % 3], mesh.positions[i]);
+        most[i % 3] = std::max(most[i % 3], mesh.positions[i]);
+    }
+    double extent = 0.0;
+    float farthest = 0.0f;
+    for (std::size_t k = 0; k < 3; ++k) {
+        extent = std::max(extent, double{most[k]} - double{least[k]});
+        farthest = std::max({farthest, std::fabs(least[k]), std::fabs(most[k])});
+    }
+    const float step = farthest - std::nextafter(farthest, 0.0f);
+    if (extent == 0.0 || double{step} <= extent * kVisibleShare)
+        return;
+    char digits[64];
+    const auto toText = [&digits](float value) {
+        return std::wstring(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
+    };
+    messages.Warn(FillText(kRounded, {toText(farthest), toText(step)}));
+}
 
 /// Copies the vertices whose entry in @p newIndex is not kNone to that place, which is not behind
 /// their own.
@@ -124,6 +155,8 @@ bool FinishPoints(MeshData& mesh, ReadMessages& messages)
         messages.Warn(FillText(kNonFinitePoint, {std::to_wstring(removed)}));
     if (mesh.VertexCount() == 0)
         messages.Fail(kNoPoint);
+    else
+        warnOfRounding(mesh, messages);
     return mesh.VertexCount() > 0;
 }
 

@@ -34,7 +34,8 @@ void KeepUsedVertices(MeshData& mesh);
 /// @return how many were removed.
 std::size_t KeepFinitePoints(MeshData& mesh);
 
-/// Makes a mesh without triangles a point cloud and warns of points that are not finite.
+/// Makes a mesh without triangles a point cloud and warns of points that are not finite, and of
+/// coordinates so far from zero that single precision moves the points visibly.
 ///
 /// @return false with an error when no point is left.
 bool FinishPoints(MeshData& mesh, ReadMessages& messages);

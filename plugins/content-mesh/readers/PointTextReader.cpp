@@ -167,6 +167,15 @@ bool PointTextReader::Run()
     return FinishPoints(m_mesh, m_messages);
 }
 
+/// @return the first word where it is that of another format whose rows look like points.
+std::string_view foreignWord(std::string_view text)
+{
+    const std::size_t begin = std::min(text.find_first_not_of(" \t\r\n"), text.size());
+    const std::string_view word = text.substr(begin, text.find_first_of(" \t\r\n", begin) - begin);
+    const bool isOff = word.size() >= 3 && word.size() <= 8 && word.ends_with("OFF");
+    return isOff || word == "ply" || word == "solid" ? word : std::string_view();
+}
+
 bool readContent(std::string_view content, LoneNumbers loneNumbers, const ReadOptions& options,
                  MeshData& mesh, ReadMessages& messages)
 {
@@ -179,6 +188,11 @@ bool readContent(std::string_view content, LoneNumbers loneNumbers, const ReadOp
     const std::size_t zero = FindBinaryByte(text);
     if (zero != std::string_view::npos) {
         messages.Fail(kPointNoText, ReadPlace::Byte(zero));
+        return false;
+    }
+    const std::string_view foreign = foreignWord(text);
+    if (!foreign.empty()) {
+        messages.Fail(FillText(kPointForeign, {std::wstring(foreign.begin(), foreign.end())}));
         return false;
     }
     return PointTextReader(text, loneNumbers, options, mesh, messages).Run();

@@ -13,9 +13,9 @@ namespace OrvikMesh {
 /// first thousand points: three of length 1 are a normal; three from 0 to 1, or whole numbers to
 /// 255, are a colour; others are passed over. UTF-8, UTF-16 with a byte-order mark, LF, CRLF or CR.
 ///
-/// Errors: bytes that are no text, no point at all. Warnings, with a count and the first line:
-/// lines that are not understood, coordinates that are not finite (all left out), a number of
-/// points that is not the announced one.
+/// Errors: bytes that are no text, a text that begins like a PLY, OFF or STL file, no point at all.
+/// Warnings, with a count and the first line: lines that are not understood, coordinates that are
+/// not finite (all left out), a number of points that is not the announced one.
 bool ReadXyz(const std::wstring& path, const ReadOptions& options, MeshData& mesh,
              ReadMessages& messages);
 

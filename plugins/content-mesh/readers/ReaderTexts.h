@@ -41,6 +41,8 @@ inline constexpr wchar_t kStlBadFacet[] =
 inline constexpr wchar_t kStlPolygon[] = L"more than three vertices; facets split: %1";
 inline constexpr wchar_t kStlNoEnd[] = L"the file ends before \"endsolid\"";
 
+inline constexpr wchar_t kRounded[] =
+    L"coordinates of up to %1 are rounded to steps of %2, which shows";
 inline constexpr wchar_t kNonFinitePoint[] =
     L"a coordinate is not a finite number; points left out: %1";
 
@@ -76,6 +78,8 @@ inline constexpr wchar_t kOffCutFaces[] =
     L"the file ends in its faces, after %1 of %2; these were read";
 
 inline constexpr wchar_t kPointNoText[] = L"this is no text: a byte is zero";
+inline constexpr wchar_t kPointForeign[] =
+    L"this is no text of points: it begins with \"%1\", as files of another format do";
 inline constexpr wchar_t kPointJunk[] = L"not understood; lines left out, in whole or in part: %1";
 inline constexpr wchar_t kPointCount[] = L"the file announces %1 points and holds %2";
 

@@ -78,12 +78,25 @@ TEST(XyzReader, LeavesOutPointsThatAreNotFinite)
                 ElementsAre(L"test: a coordinate is not a finite number; points left out: 3"));
 }
 
+TEST(XyzReader, TellsWhenCoordinatesOfMapsAreRounded)
+{
+    EXPECT_THAT(ReadXyzText("500000.25 5400000.1 100\n500010.5 5400020.7 101\n").warnings,
+                ElementsAre(L"test: coordinates of up to 5400020.5 are rounded to steps of 0.5, "
+                            L"which shows"));
+    EXPECT_THAT(ReadXyzText("500000.25 400000.1 100\n510010.5 410020.7 101\n").warnings, IsEmpty());
+    EXPECT_THAT(ReadXyzText("5400000 0 0\n").warnings, IsEmpty());
+}
+
 TEST(XyzReader, RefusesWhatHoldsNoPoint)
 {
     EXPECT_EQ(ReadXyzText("").error, L"test: the file is empty");
     EXPECT_EQ(ReadXyzText("# nothing\n").error, L"test: the file holds no point");
     EXPECT_EQ(ReadXyzText("3\nwater\nO 0 0 0\nH 1 0 0\nH 0 1 0\n").error,
               L"test: the file holds no point");
+    EXPECT_EQ(
+        ReadXyzText("COFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n").error,
+        L"test: this is no text of points: it begins with \"COFF\", as files of another format "
+        L"do");
     EXPECT_EQ(ReadXyzText("nan nan nan\n").error, L"test: the file holds no point");
     EXPECT_EQ(ReadXyzText(BinaryStl(Cube())).error,
               L"test: byte 6: this is no text: a byte is zero");
