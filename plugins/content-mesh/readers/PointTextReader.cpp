@@ -6,6 +6,7 @@
 #include "readers/TextEncoding.h"
 
 #include <OrvikOs/ParallelFor.h>
+#include <OrvikOs/Utf8.h>
 
 #include <algorithm>
 #include <cmath>
@@ -192,7 +193,7 @@ bool readContent(std::string_view content, LoneNumbers loneNumbers, const ReadOp
     }
     const std::string_view foreign = foreignWord(text);
     if (!foreign.empty()) {
-        messages.Fail(FillText(kPointForeign, {std::wstring(foreign.begin(), foreign.end())}));
+        messages.Fail(FillText(kPointForeign, {OrvikOs::Utf8ToWide(foreign)}));
         return false;
     }
     return PointTextReader(text, loneNumbers, options, mesh, messages).Run();
