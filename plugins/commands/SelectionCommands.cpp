@@ -102,7 +102,9 @@ Value ToList(const std::vector<EntityId>& entities)
 void Select(const std::vector<EntityId>& entities, Previous previous)
 {
     ASession& session = Session();
-    Entities selected = previous == Previous::Keep ? session.GetPickedEntities() : Entities();
+    Entities selected;
+    if (previous == Previous::Keep)
+        selected = CallGate::Call([&session] { return session.GetPickedEntities(); });
     std::unordered_set<EntityId> present(selected.begin(), selected.end());
     Entities drawn;
     for (const EntityId& entity : entities) {

@@ -50,10 +50,10 @@ Command tessellationCommand()
     command.result = ValueType::Any;
     command.resultHelp = "sag and step in world units and the greatest angle in degrees, as they "
                          "were set last, or #f when nothing is loaded";
-    command.summary = "Sets how finely curved faces are drawn, or tells it.";
-    command.help = "With a sag (world units) and an angle (degrees) what is loaded is drawn anew "
-                   "with them at once; without, nothing is changed. The default follows the size "
-                   "of the model.";
+    command.summary = "Sets how finely curved faces are drawn, by a sag in world units and an "
+                      "angle in degrees, or tells it.";
+    command.help = "What is loaded is drawn anew with them at once; without arguments nothing is "
+                   "changed. The default follows the size of the model.";
     command.example = "(view:tessellation 0.05 15)";
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments& arguments) {

@@ -19,6 +19,18 @@ const char kTwoGroups[] = "o lid\n"
                           "o a \"base\" \\ \xC3\xA4\n"
                           "v 0 0 5\nv 1 0 5\nv 0 1 5\nf 4 5 6\n";
 
+/// A triangle that two nodes below a third show.
+const char kInstances[] = R"({"asset": {"version": "2.0"}, "scene": 0, "scenes": [{"nodes": [0]}],
+"nodes": [{"name": "pair", "children": [1, 2]},
+          {"name": "left", "mesh": 0},
+          {"name": "right", "mesh": 0, "translation": [5, 0, 0]}],
+"meshes": [{"name": "triangle", "primitives": [{"attributes": {"POSITION": 0}}]}],
+"accessors": [{"bufferView": 0, "componentType": 5126, "count": 3, "type": "VEC3",
+               "min": [0, 0, 0], "max": [1, 1, 0]}],
+"bufferViews": [{"buffer": 0, "byteLength": 36}],
+"buffers": [{"byteLength": 36, "uri": "data:application/octet-stream;base64,)"
+                          R"(AAAAAAAAAAAAAAAAAACAPwAAAAAAAAAAAAAAAAAAgD8AAAAA"}]})";
+
 TEST(Tree, PrintsKindAndNameIndented)
 {
     BatchProcess process;
@@ -104,7 +116,19 @@ TEST(Tree, ConvertsEveryRowThereAndBack)
     process.UseTestCommands();
     process.Write("two.obj", kTwoGroups);
 
-    expectEveryRowBack(process.Run({"two.obj", gear, "--eval", "(test:walk-tree)"}));
+    process.Write("instances.gltf", kInstances);
+    process.Write("dots.xyz", "1 2 3\n4 5 6\n");
+
+    expectEveryRowBack(
+        process.Run({"two.obj", gear, "instances.gltf", "dots.xyz", "--eval", "(test:walk-tree)"}));
+}
+
+TEST(Tree, OfInstancesHasARowForEach)
+{
+    BatchProcess process;
+    process.Write("instances.gltf", kInstances);
+
+    process.ExpectGolden("tree-instances", process.Run({"instances.gltf", "--tree"}));
 }
 
 #ifdef ORVIK_CAD_MODELS
