@@ -57,6 +57,8 @@ inline constexpr wchar_t kNothingWritten[] =
 inline constexpr wchar_t kWritingCancelled[] = L"writing was cancelled";
 inline constexpr wchar_t kNoMemoryToWrite[] = L"not enough memory to write the file";
 inline constexpr wchar_t kAnnotationsNotWritten[] = L"annotations that were not written: %1";
+inline constexpr wchar_t kIgesNames[] =
+    L"names with characters that IGES does not have, written with \"_\" for each: %1";
 inline constexpr wchar_t kViewsNotWritten[] = L"saved views that were not written: %1";
 
 } // namespace OrvikCad

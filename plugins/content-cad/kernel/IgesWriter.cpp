@@ -13,7 +13,11 @@
 #include <IGESData_GlobalSection.hxx>
 #include <IGESData_IGESModel.hxx>
 #include <Interface_Static.hxx>
+#include <TDF_LabelSequence.hxx>
+#include <XCAFDoc_DocumentTool.hxx>
+#include <XCAFDoc_ShapeTool.hxx>
 
+#include <algorithm>
 #include <locale>
 #include <sstream>
 
@@ -40,6 +44,21 @@ void nameFile(const std::wstring& fileName, const Handle(IGESData_IGESModel) & m
     model->SetGlobalSection(global);
 }
 
+/// Names are ASCII in the format; the kernel writes "_" for every other character.
+void warnOfNames(const CadDocument& document, CadMessages& messages)
+{
+    TDF_LabelSequence shapes;
+    XCAFDoc_DocumentTool::ShapeTool(document.Main())->GetShapes(shapes);
+    int count = 0;
+    for (const TDF_Label& label : shapes) {
+        const std::wstring name = NameOf(label);
+        if (std::any_of(name.begin(), name.end(), [](wchar_t unit) { return unit > 0x7E; }))
+            ++count;
+    }
+    if (count > 0)
+        messages.Warn(FillText(kIgesNames, {std::to_wstring(count)}));
+}
+
 } // namespace
 
 bool MakeIgesText(const std::wstring& fileName, const CadDocument& document, std::string& text,
@@ -64,6 +83,7 @@ bool MakeIgesText(const std::wstring& fileName, const CadDocument& document, std
         return false;
     }
     text = std::move(stream).str();
+    warnOfNames(document, messages);
     return true;
 }
 

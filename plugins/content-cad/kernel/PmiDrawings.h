@@ -5,6 +5,7 @@
 #include "kernel/PmiRecords.h"
 
 #include <map>
+#include <string_view>
 
 namespace OrvikCad {
 
@@ -15,7 +16,8 @@ using LabelsByEntity = std::map<int, TDF_Label>;
 /// a plane of their own ("REPOSITIONED_TESSELLATED_ITEM").
 ///
 /// The curves become the presentation of the dimension or tolerance that the callout shows, or an
-/// annotation that is only drawn where it shows neither. Filled areas are left out.
+/// annotation that is only drawn where it shows neither. Filled areas, of which letters are made,
+/// become their outlines.
 ///
 /// @param unit  The file's length unit in millimetres.
 void AddDrawings(const StepRecords& records, double unit, const LabelsByEntity& labels,

@@ -129,6 +129,15 @@ TEST_F(RoundTrip, ThroughIgesKeepsNamesAndColours)
     EXPECT_EQ(ModelText(second), ModelText(first));
 }
 
+TEST_F(RoundTrip, WarnsOfNamesThatIgesCannotHold)
+{
+    WriteAndRead(makePlacedBlock(L"\u041F\u043B\u0438\u0442\u0430", L"plain"), CadFormat::Iges);
+
+    EXPECT_THAT(warnings, testing::ElementsAre(HasSubstr(
+                              L"names with characters that IGES does not have, written with \"_\" "
+                              L"for each: 1")));
+}
+
 TEST_F(RoundTrip, WarnsOfAnnotationsAndViewsThatAreLeftOut)
 {
     WriteAndRead(ReadTestModel("views.step"), CadFormat::Step);
