@@ -8,6 +8,8 @@
 #include <TambVizCore/VizBox.h>
 
 #include <algorithm>
+#include <cstring>
+#include <span>
 #include <utility>
 
 namespace ViewOpenGl {
@@ -220,8 +222,8 @@ void SceneRenderer::drawOpaque(const std::vector<FrameItem>& items, bool faces)
             if (item.hasOpacity)
                 drawFaces(item, Layer::Opaque);
         glDisable(GL_CULL_FACE);
-        drawCaps();
         glDisable(GL_POLYGON_OFFSET_FILL);
+        drawCaps();
     }
     drawEdges(items);
     drawVertices(items);
@@ -265,28 +267,34 @@ void SceneRenderer::drawFaces(const FrameItem& item, Layer layer)
 }
 
 /// Closes the bodies that section planes have cut open: per body and plane, the stencil counts the
-/// backs less the fronts behind each pixel of what is kept; where they differ, the plane lies
-/// inside the body.
+/// backs less the fronts behind each pixel of what the plane keeps; where they differ, the plane
+/// lies inside the body.
 void SceneRenderer::drawCaps()
 {
     if (m_frame.clipPlaneCount == 0)
         return;
+    const std::span<const float[4]> planes(m_frame.clipPlanes,
+                                           static_cast<std::size_t>(m_frame.clipPlaneCount));
     glEnable(GL_STENCIL_TEST);
-    for (int plane = 0; plane < m_frame.clipPlaneCount; ++plane)
+    for (std::size_t plane = 0; plane < planes.size(); ++plane)
         for (const FrameItem& item : m_items)
             if (item.hasOpacity && item.node->GetGeometry()->IsClosed() &&
-                !item.states->hasHiddenParts && m_cap.Place(m_frame.clipPlanes[plane], item.box)) {
+                !item.states->hasHiddenParts && m_cap.Place(planes, plane, item.box)) {
                 countBehindPlane(item, plane);
-                drawCap(item, plane);
+                drawCap(item);
             }
     glDisable(GL_STENCIL_TEST);
-    enableClipPlanes(true);
 }
 
-void SceneRenderer::countBehindPlane(const FrameItem& item, int plane)
+void SceneRenderer::countBehindPlane(const FrameItem& item, std::size_t plane)
 {
-    enableClipPlanes(false);
-    glEnable(GL_CLIP_DISTANCE0 + static_cast<GLenum>(plane));
+    // The other planes keep everything for now.
+    float all[kMaxClipPlanes][4];
+    std::memcpy(all, m_frame.clipPlanes, sizeof(all));
+    for (std::size_t i = 0; i < kMaxClipPlanes; ++i)
+        if (i != plane)
+            std::fill_n(m_frame.clipPlanes[i], 4, 0.0f);
+    ++m_frame.number;
     glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
     glDepthMask(GL_FALSE);
     glDisable(GL_DEPTH_TEST);
@@ -299,15 +307,15 @@ void SceneRenderer::countBehindPlane(const FrameItem& item, int plane)
     glEnable(GL_DEPTH_TEST);
     glDepthMask(GL_TRUE);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    std::memcpy(m_frame.clipPlanes, all, sizeof(all));
+    ++m_frame.number;
 }
 
-void SceneRenderer::drawCap(const FrameItem& item, int plane)
+/// The cap is cut by the other planes already; the program knows of none.
+void SceneRenderer::drawCap(const FrameItem& item)
 {
-    enableClipPlanes(true);
-    glDisable(GL_CLIP_DISTANCE0 + static_cast<GLenum>(plane));
     ShaderFeatures features;
     features.normals = true;
-    features.clip = true;
     Shader* const shader = m_shaders.Get(features);
     if (shader == nullptr)
         return;
@@ -317,13 +325,21 @@ void SceneRenderer::drawCap(const FrameItem& item, int plane)
         flat.modelView[5 * i] = 1.0f;
     std::fill(std::begin(flat.normalMatrix), std::end(flat.normalMatrix), 0.0f);
     flat.normalMatrix[0] = flat.normalMatrix[4] = flat.normalMatrix[8] = 1.0f;
+    enableClipPlanes(false);
     glUseProgram(shader->program.Get());
     setFrameUniforms(*shader);
     setUniforms(*shader, flat, Style{.color = opaque(item.color)});
     glStencilFunc(GL_NOTEQUAL, 0, 0xFF);
-    // What was looked at is cleared for the next body.
+    glStencilOp(GL_KEEP, GL_KEEP, GL_KEEP);
+    m_cap.DrawKept();
+    // The counts are cleared for the next body, also where other planes cut the cap away.
+    glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
+    glDepthMask(GL_FALSE);
     glStencilOp(GL_ZERO, GL_ZERO, GL_ZERO);
-    m_cap.Draw();
+    m_cap.DrawWhole();
+    glDepthMask(GL_TRUE);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    enableClipPlanes(true);
 }
 
 void SceneRenderer::drawTessellation()

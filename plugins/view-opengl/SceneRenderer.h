@@ -10,6 +10,7 @@
 #include <TambVizCore/PartKind.h>
 #include <TambVizCore/RGBAColor.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -96,8 +97,8 @@ private:
     void drawTransparent(const std::vector<FrameItem>& items);
     void drawFaces(const FrameItem& item, Layer layer);
     void drawCaps();
-    void countBehindPlane(const FrameItem& item, int plane);
-    void drawCap(const FrameItem& item, int plane);
+    void countBehindPlane(const FrameItem& item, std::size_t plane);
+    void drawCap(const FrameItem& item);
     void drawTessellation();
     void drawEdges(const std::vector<FrameItem>& items);
     void drawVertices(const std::vector<FrameItem>& items);

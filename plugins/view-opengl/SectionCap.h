@@ -3,32 +3,50 @@
 
 #include "GlObjects.h"
 
+#include <array>
+#include <cstddef>
+#include <span>
+#include <vector>
+
 namespace TambVizCore {
 class VizBox;
 }
 
 namespace ViewOpenGl {
 
-/// A rectangle on a section plane, large enough to close one body that the plane has cut open.
+/// The piece of a section plane inside the box of one body, which closes the body where the plane
+/// has cut it open. It lies within the depths of what is drawn, so nothing of it is clipped.
+///
 /// The context is current in every call. @thread Main thread.
 class SectionCap
 {
 public:
-    /// Places the rectangle.
+    /// Finds the piece.
     ///
-    /// @param plane  float[4] in eye space: a point p is kept where plane . (p, 1) is not below 0.
-    /// @param box    of the body, in eye space.
+    /// @param planes  float[4] each, in eye space: a point p is kept where plane . (p, 1) is not
+    ///                below 0.
+    /// @param plane   The one that cuts the body open.
+    /// @param box     of the body, in eye space.
     /// @return false when the plane misses the box.
-    bool Place(const float* plane, const TambVizCore::VizBox& box);
+    bool Place(std::span<const float[4]> planes, std::size_t plane, const TambVizCore::VizBox& box);
 
-    /// Draws the rectangle as two triangles with positions and normals in eye space; the normal
-    /// points to what was cut away.
-    void Draw();
+    /// Draws the piece, as far as the other planes keep it, as triangles with positions and normals
+    /// in eye space; the normal points to what was cut away.
+    void DrawKept();
+
+    /// Draws the piece wholly.
+    void DrawWhole();
 
 private:
-    void upload();
+    using Point = std::array<double, 3>;
 
-    float m_vertices[24] = {}; ///< Four corners: position and normal each.
+    void draw(const std::vector<Point>& corners);
+    void prepare();
+
+    std::vector<Point> m_whole; ///< Corners around the piece.
+    std::vector<Point> m_kept;
+    std::vector<Point> m_clipped; ///< While clipping; kept for its memory.
+    float m_normal[3] = {};
     GlVertexArray m_array;
     GlBuffer m_buffer;
 };

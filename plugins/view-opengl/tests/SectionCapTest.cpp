@@ -1,9 +1,14 @@
 #include "Shapes.h"
 #include "ViewTest.h"
 
+#include <OrvikCore/ACamera.h>
 #include <TambVizCore/ClipPlane.h>
 #include <TambVizCore/Matrix.h>
 #include <TambVizCore/Node.h>
+
+#include <array>
+#include <cstdlib>
+#include <vector>
 
 namespace ViewOpenGl {
 namespace {
@@ -22,10 +27,28 @@ ClipPlane leftOf(float x)
     return {{-1.0f, 0.0f, 0.0f}, x};
 }
 
+/// A transform, column-major.
+std::array<double, 16> stretched(const std::array<double, 3>& scale,
+                                 const std::array<double, 3>& place)
+{
+    return {scale[0], 0, 0,        0, 0,        scale[1], 0,        0,
+            0,        0, scale[2], 0, place[0], place[1], place[2], 1};
+}
+
 class SectionCaps : public ViewTest
 {
 protected:
     /// A closed box around the origin, red.
+    /// Writes where a point of the world is in the picture, x and y from -1 to 1.
+    void placeInPicture(double x, double y, double z, double* place)
+    {
+        const Projection projection = MakeProjection(*m_view->GetCamera(), 64, 64);
+        for (int row = 0; row < 2; ++row) {
+            const double* const m = projection.view + row;
+            place[row] = (m[0] * x + m[4] * y + m[8] * z + m[12]) / projection.halfHeight;
+        }
+    }
+
     GeoNode& addBox(const TambVizCore::RGBAColor& color = kRed)
     {
         return Add(MakeBox(0.5f), color);
@@ -80,6 +103,59 @@ TEST_F(SectionCaps, CapIsCutByTheOtherPlanes)
 
     EXPECT_EQ(At(-0.25, 0.0), Shows::Red);
     EXPECT_EQ(At(0.25, 0.0), Shows::Background);
+}
+
+TEST_F(SectionCaps, CapOfOneBodyLeavesNoTraceInAnother)
+{
+    // The second body is long: its cap is looked for all around it.
+    addBox(kRed).SetTransform(stretched({0.2, 0.2, 0.2}, {0.45, 0.3, 0.0}).data());
+    addBox(kGreen).SetTransform(stretched({0.9, 0.1, 0.2}, {0.45, 0.0, 0.0}).data());
+    Options().SetClipPlanes({below(0.0f)});
+    Draw();
+
+    EXPECT_EQ(At(0.45, 0.3), Shows::Red);
+    EXPECT_EQ(At(0.45, 0.0), Shows::Green);
+}
+
+TEST_F(SectionCaps, CapIsWholeSeenFromACorner)
+{
+    float eye[3] = {10.0f, 8.0f, 6.0f}, target[3] = {0, 0, 0}, up[3] = {0, 1, 0};
+    m_view->GetCamera()->SetCamera(eye, target, up);
+    addBox();
+    Options().SetClipPlanes({leftOf(0.0f)});
+    Draw(128, 128);
+    // Where the plane x = 0 is met inside the box, the picture has the one colour of the cap.
+    const TambVizCore::RGBAColor cap = ColorAt(0.0, 0.0);
+    int strange = 0;
+    for (double y = -0.45; y < 0.46; y += 0.05)
+        for (double z = -0.45; z < 0.46; z += 0.05) {
+            double place[2];
+            placeInPicture(0.0, y, z, place);
+            const TambVizCore::RGBAColor color = ColorAt(place[0], place[1]);
+            strange += std::abs(color.r - cap.r) > 3 ? 1 : 0;
+        }
+
+    EXPECT_EQ(strange, 0);
+}
+
+TEST_F(SectionCaps, CapKeepsItsColourBesideOthersOnThePlane)
+{
+    float eye[3] = {10.0f, 10.0f, 10.0f}, target[3] = {0, 0, 0}, up[3] = {0, 1, 0};
+    m_view->GetCamera()->SetCamera(eye, target, up);
+    addBox(kRed).SetTransform(stretched({0.5, 0.5, 0.5}, {0.0, 0.4, -0.3}).data());
+    addBox(kGreen).SetTransform(stretched({1.2, 0.2, 1.2}, {0.0, 0.0, 0.0}).data());
+    Options().SetClipPlanes({leftOf(0.0f)});
+    Draw(512, 512);
+    int strange = 0;
+    for (double y = 0.16; y < 0.64; y += 0.02)
+        for (double z = -0.54; z < -0.06; z += 0.02) {
+            double place[2];
+            placeInPicture(0.0, y, z, place);
+            const TambVizCore::RGBAColor color = ColorAt(place[0], place[1]);
+            strange += color.g > 10 || color.r < 50 ? 1 : 0;
+        }
+
+    EXPECT_EQ(strange, 0);
 }
 
 TEST_F(SectionCaps, MirroredBodyIsClosedToo)
