@@ -7,6 +7,7 @@
 #include "kernel/KernelProgress.h"
 #include "kernel/PmiValues.h"
 #include "kernel/SavedViewPlaces.h"
+#include "kernel/StepParser.h"
 #include "kernel/StepScan.h"
 
 #include <OrvikOs/Utf8.h>
@@ -15,6 +16,10 @@
 #include <Interface_InterfaceModel.hxx>
 #include <Interface_Static.hxx>
 #include <STEPCAFControl_Reader.hxx>
+#include <StepData_FileRecognizer.hxx>
+#include <StepData_Protocol.hxx>
+#include <StepData_StepModel.hxx>
+#include <StepData_StepReaderTool.hxx>
 
 #include <filesystem>
 
@@ -37,6 +42,40 @@ bool isReadable(const StepScan& scan, CadMessages& messages)
     return !messages.HasError();
 }
 
+/// Files that this one refers to are looked for beside it, for which the kernel wants a whole path.
+std::string wholePath(const CadFile& file)
+{
+    return std::filesystem::absolute(OrvikOs::WideToUtf8(file.path)).string();
+}
+
+/// Makes the session's model of the records of a file with plain syntax, as the kernel's own
+/// reading would.
+/// @return false where that has to do it.
+bool loadRecords(const CadFile& file, STEPCAFControl_Reader& reader)
+{
+    const Handle(XSControl_WorkSession) session = reader.Reader().WS();
+    const auto protocol = Handle(StepData_Protocol)::DownCast(session->Protocol());
+    StepParser parser(file.text);
+    if (protocol.IsNull() || !parser.Parse())
+        return false;
+    const Handle(StepData_StepModel) model = new StepData_StepModel();
+    {
+        const Handle(StepData_StepReaderData) data = parser.Release(model->SourceCodePage());
+        StepData_StepReaderTool tool(data, protocol);
+        tool.SetErrorHandle(Standard_True);
+        tool.PrepareHeader(nullptr);
+        tool.Prepare(nullptr);
+        tool.LoadModel(model);
+        if (model->Protocol().IsNull())
+            model->SetProtocol(protocol);
+        tool.Clear();
+    }
+    session->SetModel(model);
+    session->SetLoadedFile(wholePath(file).c_str());
+    session->InitTransferReader(4);
+    return true;
+}
+
 bool parse(const CadFile& file, const StepScan& scan, STEPCAFControl_Reader& reader,
            CadMessages& messages)
 {
@@ -45,10 +84,10 @@ bool parse(const CadFile& file, const StepScan& scan, STEPCAFControl_Reader& rea
     // wrote what their machine used.
     Interface_Static::SetCVal("read.step.codepage", scan.isUtf8 ? "UTF8" : "iso8859-1");
     const KernelMessages complaints;
+    if (scan.isComplete && loadRecords(file, reader))
+        return true;
     FileStream stream(file.text.substr(0, scan.usableBytes), scan.tail, OnBadText::Fail);
-    // Files that this one refers to are looked for beside it, for which the kernel wants a whole
-    // path.
-    const std::string name = std::filesystem::absolute(OrvikOs::WideToUtf8(file.path)).string();
+    const std::string name = wholePath(file);
     const IFSelect_ReturnStatus status = reader.ChangeReader().ReadStream(name.c_str(), stream);
     TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
     if (status == IFSelect_RetDone)

@@ -21,7 +21,7 @@ struct StepScan
     /// without end or without bounds: brackets nested deeper than kMaxStepNesting, an entity number
     /// that is there twice or beyond 2147483647. 0 when there is none.
     std::uint64_t refusedLine = 0;
-    std::wstring refusal; ///< Why; empty when there is nothing.
+    std::wstring refusal;        ///< Why; empty when there is nothing.
     bool isComplete = false;     ///< Ends as it should.
     std::size_t usableBytes = 0; ///< Up to the end of the last whole statement.
     std::string tail;            ///< What has to follow the usable bytes of an incomplete file.

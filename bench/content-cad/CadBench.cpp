@@ -1,0 +1,77 @@
+#include "kernel/CadShape.h"
+#include "kernel/Tessellation.h"
+
+#include <BRepBuilderAPI_NurbsConvert.hxx>
+#include <BRepPrimAPI_MakeCylinder.hxx>
+#include <BRep_Builder.hxx>
+#include <TopLoc_Location.hxx>
+#include <TopoDS_Compound.hxx>
+#include <benchmark/benchmark.h>
+#include <gp_Trsf.hxx>
+
+#include <cmath>
+#include <memory>
+
+namespace {
+
+using OrvikCad::CadShape;
+using OrvikModel::RefinedHit;
+using TambVizCore::MakePartId;
+using TambVizCore::PartKind;
+
+constexpr int kCylinders = 1677; ///< Of three faces each: 5,031.
+
+enum class Kind
+{
+    Cylinders,
+    Freeform,
+};
+
+/// One shape of 5,031 faces: cylinders of radius 5, 20 apart along x.
+std::unique_ptr<CadShape> manyFaces(Kind kind)
+{
+    TopoDS_Shape one = BRepPrimAPI_MakeCylinder(5.0, 20.0).Solid();
+    TopoDS_Compound all;
+    const BRep_Builder builder;
+    builder.MakeCompound(all);
+    for (int i = 0; i < kCylinders; ++i) {
+        gp_Trsf place;
+        place.SetTranslation(gp_Vec(20.0 * i, 0.0, 0.0));
+        TopoDS_Shape copy = one.Moved(TopLoc_Location(place));
+        if (kind == Kind::Freeform)
+            copy = BRepBuilderAPI_NurbsConvert(copy, /*Copy=*/true).Shape();
+        builder.Add(all, copy);
+    }
+    auto shape = std::make_unique<CadShape>(all);
+    std::wstring failure;
+    shape->SetMesh(OrvikCad::CutShape(shape->Shape(), shape->Parts(), {0.1, 0.35}, failure));
+    return shape;
+}
+
+/// Hits all around the round face of one cylinder after the other.
+void refine(benchmark::State& state, Kind kind)
+{
+    const auto shape = manyFaces(kind);
+    std::uint32_t i = 0;
+    std::size_t met = 0;
+    for (auto _ : state) {
+        const std::uint32_t cylinder = i % kCylinders;
+        const double angle = 0.37 * i++;
+        const double center = 20.0 * cylinder;
+        const double origin[3] = {center + 30.0 * std::cos(angle), 30.0 * std::sin(angle),
+                                  1.0 + 18.0 * (i % 97) / 97.0};
+        const double direction[3] = {-std::cos(angle), -std::sin(angle), 0.0};
+        RefinedHit hit;
+        met +=
+            shape->Refine(MakePartId(PartKind::Face, cylinder * 3), origin, direction, 25.03, hit)
+                ? 1
+                : 0;
+    }
+    state.SetItemsProcessed(state.iterations());
+    state.counters["met"] = static_cast<double>(met) / static_cast<double>(state.iterations());
+}
+
+} // namespace
+
+BENCHMARK_CAPTURE(refine, cylinders / 5031_faces, Kind::Cylinders);
+BENCHMARK_CAPTURE(refine, freeform / 5031_faces, Kind::Freeform);
