@@ -2,7 +2,9 @@
 
 #include "Folders.h"
 #include "HostTree.h"
+#include "Journal.h"
 #include "Manipulators.h"
+#include "Replay.h"
 #include "TessellationDefaults.h"
 
 #include <OrvikCore/ACamera.h>
@@ -19,6 +21,7 @@
 #include <OrvikCore/SessionMgr.h>
 #include <OrvikCore/Shell.h>
 #include <OrvikCore/View3DFactory.h>
+#include <OrvikOs/Directory.h>
 #include <OrvikOs/Thread.h>
 #include <TambCommandsInfra/ProtectSignalHandlingContext.h>
 #include <TambVizCore/IView3D.h>
@@ -95,6 +98,7 @@ StartResult HostRuntime::Start(const StartOptions& options, std::wstring& errorT
         return StartResult::NoView;
     if (!startEngine(options, errorText))
         return StartResult::NoEngine;
+    startJournal(options);
     return StartResult::Good;
 }
 
@@ -179,12 +183,47 @@ bool HostRuntime::startEngine(const StartOptions& options, std::wstring& errorTe
     return true;
 }
 
+void HostRuntime::startJournal(const StartOptions& options)
+{
+    auto* const application =
+        dynamic_cast<PelluxApplication*>(SessionMgr::Instance().GetApplication());
+    if (!options.withJournal || application == nullptr)
+        return;
+    JournalStart start;
+    start.width = options.width;
+    start.height = options.height;
+    start.isZUp = options.cameraName == "CameraZUp";
+    start.folder = OrvikOs::CurrentDirectory();
+    m_journal = std::make_unique<Journal>(
+        [show = options.output](const std::wstring& text) { show(text, MessageType::Warning); });
+    m_journal->Begin(application->GetStateFolder() + L"/journals", start,
+                     SessionMgr::Instance().CurrentSession());
+    application->SetRecorder([this](const std::wstring& command) {
+        m_journal->Record(command, SplitFormsOf(GetShell()));
+    });
+}
+
+void HostRuntime::EndGesture()
+{
+    if (m_journal)
+        m_journal->EndGesture();
+}
+
+void HostRuntime::EndJournal()
+{
+    if (!m_journal)
+        return;
+    dynamic_cast<PelluxApplication&>(*SessionMgr::Instance().GetApplication()).SetRecorder(nullptr);
+    m_journal.reset();
+}
+
 int HostRuntime::Stop()
 {
     if (!m_started)
         return m_exitCode;
     m_started = false;
     DrainOutput();
+    EndJournal();
     m_exitCode = SessionMgr::Instance().Terminate();
     m_tree.reset();
     DrainOutput();

@@ -22,6 +22,7 @@ class Shell;
 namespace Pellux {
 
 class HostTree;
+class Journal;
 
 /// What a host wants of its start.
 struct StartOptions
@@ -35,6 +36,7 @@ struct StartOptions
     std::string cameraName;           ///< "CameraYUp" or "CameraZUp"; empty keeps the view's own.
     bool animate = false;             ///< Whether the camera moves in steps.
     bool withTree = false;            ///< Gives the session a HostTree.
+    bool withJournal = false;         ///< Keeps a journal of the run.
     PostedOutput::Show output;        ///< Shows what the session prints. Main thread.
     PostedOutput::Show pluginMessage; ///< Shows what plugins report while they load.
     OrvikCore::IJobStatusObserver* jobObserver = nullptr; ///< Told of failed jobs; not owned.
@@ -78,6 +80,12 @@ public:
     /// @return the model tree; null without StartOptions::withTree. Not owned, valid until Stop().
     HostTree* GetTree();
 
+    /// Writes what the mouse has done into the journal; call before a form and at the end.
+    void EndGesture();
+
+    /// Ends the journal; what comes after is not in it. Nothing without one.
+    void EndJournal();
+
     /// Shows what was printed so far. Call before a prompt, a result or the end.
     void DrainOutput();
 
@@ -86,6 +94,7 @@ private:
     void createApplication(const StartOptions& options);
     void loadPlugins();
     bool createSession(const StartOptions& options, std::wstring& errorText);
+    void startJournal(const StartOptions& options);
     bool startEngine(const StartOptions& options, std::wstring& errorText);
 
     std::optional<TambCommandsInfra::CallGate> m_gate;
@@ -95,6 +104,7 @@ private:
     std::unique_ptr<PostedOutput> m_output;
     /// The session manager takes it out of the session before it deletes that.
     std::unique_ptr<HostTree> m_tree;
+    std::unique_ptr<Journal> m_journal;
     OrvikCore::IJobStatusObserver* m_jobObserver = nullptr; ///< Not owned.
     bool m_started = false;
     bool m_dispatcherUsed = false; ///< Its first use starts the worker.

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <new>
+#include <utility>
 
 namespace Pellux {
 namespace {
@@ -76,7 +77,13 @@ bool PelluxApplication::IsPaused() const
 
 void PelluxApplication::RecordCommand(const std::wstring& command)
 {
-    OrvikCore::dbg << "-- command : " << TambVizCore::Utils::WstringToString(command) << std::endl;
+    if (m_recorder)
+        m_recorder(command);
+}
+
+void PelluxApplication::SetRecorder(Recorder recorder)
+{
+    m_recorder = std::move(recorder);
 }
 
 void PelluxApplication::Pause(bool pause)

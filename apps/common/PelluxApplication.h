@@ -3,6 +3,7 @@
 
 #include <OrvikCore/IApplication.h>
 
+#include <functional>
 #include <string>
 
 namespace Pellux {
@@ -46,6 +47,11 @@ public:
     int Shutdown() override;
     OrvikCore::ASession* NewSession() override;
 
+    /// Learns of commands that have run.
+    using Recorder = std::function<void(const std::wstring& command)>;
+    /// Hands commands to @p recorder from now on; empty for nobody.
+    void SetRecorder(Recorder recorder);
+
     /// @return true once Quit() was called.
     bool IsQuitRequested() const;
 
@@ -53,6 +59,7 @@ private:
     explicit PelluxApplication(const HostKind& kind);
 
     HostKind m_kind;
+    Recorder m_recorder; ///< May be empty.
     bool m_paused = false;
     bool m_quitRequested = false;
     int m_exitCode = 0;

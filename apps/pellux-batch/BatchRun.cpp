@@ -12,6 +12,7 @@
 #include <TambVizCore/Utils.h>
 
 #include <HostTree.h>
+#include <Replay.h>
 #include <ScriptRunner.h>
 
 #include <iostream>
@@ -32,24 +33,6 @@ void show(const std::wstring& text, MessageType type)
     if (!text.empty() && text.back() != L'\n')
         stream << '\n';
     stream.flush();
-}
-
-/// A string of the script language. Typographic quotation marks are refused in a command, so they
-/// are spelled by number.
-std::wstring quoted(const std::wstring& text)
-{
-    std::wstring result = L"\"";
-    for (const wchar_t c : text) {
-        if (c == L'\u2018' || c == L'\u2019')
-            result += c == L'\u2018' ? L"\\u2018" : L"\\u2019";
-        else if (c == L'\u201C' || c == L'\u201D')
-            result += c == L'\u201C' ? L"\\u201C" : L"\\u201D";
-        else if (c == L'"' || c == L'\\')
-            result += std::wstring(L"\\") + c;
-        else
-            result += c;
-    }
-    return result + L"\"";
 }
 
 void listCommands()
@@ -85,6 +68,11 @@ BatchRun::~BatchRun() = default;
 ExitCode BatchRun::Run()
 {
     m_interrupts = std::make_unique<InterruptHandling>();
+    std::wstring reason;
+    if (!m_options.replay.empty() && !m_replay.Prepare(m_options, reason)) {
+        show(L"pellux-batch: " + reason, MessageType::Error);
+        return ExitCode::Failed;
+    }
     ExitCode code = start();
     showTime("started");
     if (code == ExitCode::Good)
@@ -108,6 +96,8 @@ ExitCode BatchRun::start()
     options.height = m_options.height;
     options.cameraName = m_options.cameraName;
     options.withTree = m_options.tree != InfoForm::None;
+    options.withJournal =
+        m_options.withJournal && !m_options.listCommands && !m_options.listFormats;
     options.output = show;
     options.jobObserver = m_interrupts.get();
     options.pluginMessage = [verbose = m_options.verbose](const std::wstring& text,
@@ -139,6 +129,8 @@ ExitCode BatchRun::work()
             listFormats();
         return ExitCode::Good;
     }
+    if (!m_options.replay.empty() && !replay())
+        return ExitCode::Failed;
     for (const Step& step : m_options.steps) {
         if (!runStep(step))
             return ExitCode::Failed;
@@ -154,9 +146,10 @@ bool BatchRun::runStep(const Step& step)
 {
     switch (step.kind) {
     case Step::Kind::Load:
-        return runForms(L"(doc:load " + quoted(step.text) + L")", L"command line");
+        return runForms(L"(doc:load " + Pellux::QuotedForScript(step.text) + L")", L"command line");
     case Step::Kind::Import:
-        return runForms(L"(doc:import " + quoted(step.text) + L")", L"command line");
+        return runForms(L"(doc:import " + Pellux::QuotedForScript(step.text) + L")",
+                        L"command line");
     case Step::Kind::Eval:
         return runForms(step.text, L"--eval");
     case Step::Kind::Script:
@@ -179,9 +172,23 @@ bool BatchRun::runForms(const std::wstring& text, const std::wstring& source)
     return good && !isInterrupted();
 }
 
+bool BatchRun::replay()
+{
+    std::wstring reason;
+    const bool good = m_replay.Run(
+        m_options, m_host.GetShell(), [this](const std::wstring& form) { return beforeForm(form); },
+        reason);
+    m_host.DrainOutput();
+    if (!reason.empty())
+        show(reason, MessageType::Error);
+    return good && !isInterrupted();
+}
+
 bool BatchRun::writeOutput()
 {
-    return runForms(L"(view:save-image " + quoted(m_options.output) + L" " +
+    // The picture belongs to this run, not to what a replay repeats.
+    m_host.EndJournal();
+    return runForms(L"(view:save-image " + Pellux::QuotedForScript(m_options.output) + L" " +
                         std::to_wstring(m_options.width) + L" " +
                         std::to_wstring(m_options.height) + L")",
                     L"--output");
@@ -205,6 +212,7 @@ void BatchRun::report()
 
 bool BatchRun::beforeForm(const std::wstring& form)
 {
+    m_host.EndGesture();
     m_host.DrainOutput();
     if (isInterrupted())
         return false;

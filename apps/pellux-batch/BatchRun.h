@@ -2,6 +2,7 @@
 #define PELLUXBATCH_BATCHRUN_H
 
 #include "Options.h"
+#include "ReplayRun.h"
 
 #include <HostRuntime.h>
 
@@ -42,6 +43,7 @@ private:
     ExitCode work();
     bool runStep(const Step& step);
     bool runForms(const std::wstring& text, const std::wstring& source);
+    bool replay();
     bool writeOutput();
     void report();
     bool beforeForm(const std::wstring& form);
@@ -49,6 +51,7 @@ private:
     void showTime(const char* what);
 
     Options m_options;
+    ReplayRun m_replay;
     Pellux::HostRuntime m_host;
     std::unique_ptr<InterruptHandling> m_interrupts;
     unsigned long long m_startedMs;

@@ -23,8 +23,9 @@ constexpr long long kMaxSide = 16384;
 struct RawOptions
 {
     std::vector<std::string> files, scripts, evals, imports;
-    std::string output, size, up = "y", configurationFile, info, tree;
-    bool noConfiguration = false, noStartup = false;
+    std::string output, size, up, configurationFile, info, tree;
+    std::string replay, report;
+    bool noConfiguration = false, noStartup = false, journal = false, noJournal = false;
 };
 
 void declare(CLI::App& app, RawOptions& raw, Options& options)
@@ -57,6 +58,12 @@ void declare(CLI::App& app, RawOptions& raw, Options& options)
     app.add_flag("--no-config", raw.noConfiguration,
                  "Leave out the configuration of system and user");
     app.add_flag("--no-startup", raw.noStartup, "Leave out the start-up scripts");
+    app.add_option("--replay", raw.replay, "Run a journal and compare what its picks find")
+        ->type_name("F");
+    app.add_option("--report", raw.report, "Write the results of --replay as JSON")
+        ->type_name("json:F");
+    app.add_flag("--journal", raw.journal, "Keep a journal also with --no-config");
+    app.add_flag("--no-journal", raw.noJournal, "Keep no journal of this run");
     app.add_flag("--info{text}", raw.info, "Report what is loaded; --info=json for programs");
     app.add_flag("--tree{text}", raw.tree, "Print the model tree; --tree=json for programs");
     app.add_flag("--tree-parts", options.treeParts,
@@ -134,12 +141,34 @@ bool parseForm(const std::string& text, InfoForm& form)
     return text.empty() || form != InfoForm::None;
 }
 
+ParseResult understandJournal(const RawOptions& raw, Options& options)
+{
+    constexpr std::string_view kJson = "json:";
+    if (raw.journal && raw.noJournal)
+        return mistake("--journal and --no-journal exclude each other");
+    if (!raw.report.empty() &&
+        (!raw.report.starts_with(kJson) || raw.report.size() == kJson.size()))
+        return mistake("--report takes json:FILE, not '" + raw.report + "'");
+    if (!raw.report.empty() && raw.replay.empty())
+        return mistake("--report goes with --replay");
+    if (!raw.replay.empty() && !options.steps.empty())
+        return mistake("--replay takes no models, scripts or expressions");
+    if (!raw.replay.empty() && raw.journal)
+        return mistake("--replay keeps no journal");
+    options.replay = Utils::StringToWstring(raw.replay);
+    if (!raw.report.empty())
+        options.replayReport = Utils::StringToWstring(raw.report.substr(kJson.size()));
+    options.withJournal =
+        !raw.noJournal && raw.replay.empty() && (raw.journal || options.useConfiguration);
+    return {};
+}
+
 ParseResult understand(const CLI::App& app, const RawOptions& raw, Options& options)
 {
     if (!raw.size.empty() && !parseSize(raw.size, options))
         return mistake("--size takes WIDTHxHEIGHT in pixels, each from 1 to 16384, not '" +
                        raw.size + "'");
-    if (raw.up != "y" && raw.up != "z")
+    if (!raw.up.empty() && raw.up != "y" && raw.up != "z")
         return mistake("--up takes y or z, not '" + raw.up + "'");
     if (!parseForm(raw.info, options.info))
         return mistake("--info takes json or nothing, not '" + raw.info + "'");
@@ -147,6 +176,8 @@ ParseResult understand(const CLI::App& app, const RawOptions& raw, Options& opti
         return mistake("--tree takes json or nothing, not '" + raw.tree + "'");
     if (options.treeParts && options.tree == InfoForm::None)
         return mistake("--tree-parts goes with --tree");
+    options.isSizeGiven = !raw.size.empty();
+    options.isUpGiven = !raw.up.empty();
     options.cameraName = raw.up == "z" ? "CameraZUp" : "CameraYUp";
     options.output = Utils::StringToWstring(raw.output);
     options.configurationFile = Utils::StringToWstring(raw.configurationFile);
@@ -155,7 +186,7 @@ ParseResult understand(const CLI::App& app, const RawOptions& raw, Options& opti
     for (std::size_t i = 0; i < raw.files.size(); ++i)
         addStep(options, i == 0 ? Step::Kind::Load : Step::Kind::Import, raw.files[i]);
     addOrderedSteps(app, options);
-    return {};
+    return understandJournal(raw, options);
 }
 
 } // namespace

@@ -40,6 +40,11 @@ struct Options
     std::wstring configurationFile;
     bool useConfiguration = true;
     bool runStartupScripts = true;
+    bool withJournal = true;
+    std::wstring replay;       ///< Journal to run; empty for none.
+    std::wstring replayReport; ///< JSON file to write about that; empty for none.
+    bool isSizeGiven = false;
+    bool isUpGiven = false;
     InfoForm info = InfoForm::None;
     InfoForm tree = InfoForm::None;
     bool treeParts = false; ///< The tree goes down to faces, edges and vertices.

@@ -50,7 +50,7 @@ public:
     /// @return true while a pause is in effect.
     virtual bool IsPaused() const = 0;
 
-    /// Notes a command that changed something in the journal.
+    /// Learns of a command that has run; the journal keeps it when it changed something.
     virtual void RecordCommand(const std::wstring& command) = 0;
 
     /// Begins (@p pause true) or ends a pause of the program.

@@ -1,4 +1,5 @@
 target_sources(OrvikOs PRIVATE
+    src/posix/AppendFile.cpp
     src/posix/AtomicFile.cpp
     src/posix/Directory.cpp
     src/posix/Environment.cpp

@@ -1,4 +1,5 @@
 target_sources(OrvikOs PRIVATE
+    src/windows/AppendFile.cpp
     src/windows/AtomicFile.cpp
     src/windows/Clipboard.cpp
     src/windows/Directory.cpp

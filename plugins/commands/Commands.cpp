@@ -13,6 +13,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterDrawingCommands(table);
     RegisterEntityCommands(table);
     RegisterEntityMeasureCommands(table);
+    RegisterJournalCommands(table);
     RegisterMeasureCommands(table);
     RegisterSectionCommands(table);
     RegisterSelectionCommands(table);

@@ -17,6 +17,7 @@ void RegisterDocumentTreeCommand(TambCommandsInfra::CommandTable& table);
 void RegisterDrawingCommands(TambCommandsInfra::CommandTable& table);
 void RegisterEntityCommands(TambCommandsInfra::CommandTable& table);
 void RegisterEntityMeasureCommands(TambCommandsInfra::CommandTable& table);
+void RegisterJournalCommands(TambCommandsInfra::CommandTable& table);
 void RegisterMeasureCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSectionCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSelectionCommands(TambCommandsInfra::CommandTable& table);

@@ -188,6 +188,9 @@ bool Shell::RunScript(const std::wstring& command, std::wstring& output)
     if (m_state->terminating.load(std::memory_order_acquire)) {
         return isGood;
     }
+    if (IApplication* const application = SessionMgr::Instance().GetApplication()) {
+        application->RecordCommand(command);
+    }
     SessionMgr::Instance().CurrentSession().UpdateDisplay();
     output = getOutput();
     return isGood;

@@ -221,4 +221,38 @@ TEST(Options, HelpNamesEveryOption)
         EXPECT_NE(help.find(option), std::string::npos) << option;
 }
 
+TEST(Options, AJournalIsKeptUnlessSomethingSpeaksAgainstIt)
+{
+    EXPECT_TRUE(parsed({"a.stl"}).withJournal);
+    EXPECT_FALSE(parsed({"--no-journal"}).withJournal);
+    EXPECT_FALSE(parsed({"--no-config"}).withJournal);
+    EXPECT_TRUE(parsed({"--no-config", "--journal"}).withJournal);
+    EXPECT_FALSE(parsed({"--replay", "a.journal.scm"}).withJournal);
+}
+
+TEST(Options, AReplayNamesItsJournalAndItsReport)
+{
+    const Options options =
+        parsed({"--replay", "a.journal.scm", "--report", "json:b.json", "--size", "64x48"});
+
+    EXPECT_EQ(options.replay, L"a.journal.scm");
+    EXPECT_EQ(options.replayReport, L"b.json");
+    EXPECT_TRUE(options.isSizeGiven);
+    EXPECT_FALSE(options.isUpGiven);
+}
+
+TEST(Options, MistakesAboutJournalsAreNamed)
+{
+    EXPECT_NE(mistake({"--journal", "--no-journal"}).find("exclude each other"), std::string::npos);
+    EXPECT_NE(mistake({"--report", "json:a"}).find("--report goes with --replay"),
+              std::string::npos);
+    EXPECT_NE(mistake({"--replay", "a", "--report", "a"}).find("--report takes json:FILE"),
+              std::string::npos);
+    EXPECT_NE(mistake({"--replay", "a", "--report", "json:"}).find("--report takes json:FILE"),
+              std::string::npos);
+    EXPECT_NE(mistake({"--replay", "a", "b.stl"}).find("--replay takes no models"),
+              std::string::npos);
+    EXPECT_NE(mistake({"--replay", "a", "--journal"}).find("keeps no journal"), std::string::npos);
+}
+
 } // namespace

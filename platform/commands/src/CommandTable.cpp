@@ -2,12 +2,40 @@
 
 #include "AsciiText.h"
 #include "CommandText.h"
+#include "TambCommandsInfra/ICommandJournal.h"
 #include "TambCommandsInfra/NearestName.h"
 
 #include <stdexcept>
 #include <utility>
 
 namespace TambCommandsInfra {
+
+namespace {
+
+/// Tells the journal when a command has ended, also by an exception: what fails may have changed
+/// something before.
+class NoteAtEnd
+{
+public:
+    NoteAtEnd(const Command& command, const Arguments& arguments)
+        : m_command(command), m_arguments(arguments)
+    {
+    }
+    ~NoteAtEnd()
+    {
+        if (ICommandJournal* const journal = GetCommandJournal()) {
+            journal->NoteCommand(m_command, m_arguments);
+        }
+    }
+    NoteAtEnd(const NoteAtEnd&) = delete;
+    NoteAtEnd& operator=(const NoteAtEnd&) = delete;
+
+private:
+    const Command& m_command;
+    const Arguments& m_arguments;
+};
+
+} // namespace
 
 CommandTable::CommandTable() = default;
 CommandTable::~CommandTable() = default;
@@ -98,7 +126,9 @@ Value CommandTable::Run(std::string_view name, std::vector<Value> arguments) con
         throw CommandError(suggestion.empty() ? unknown + "."
                                               : unknown + "; did you mean \"" + suggestion + "\"?");
     }
-    return command->handler(CheckArguments(*command, std::move(arguments)));
+    const Arguments checked = CheckArguments(*command, std::move(arguments));
+    const NoteAtEnd note(*command, checked);
+    return command->handler(checked);
 }
 
 std::vector<std::shared_ptr<const Command>> CommandTable::sorted() const

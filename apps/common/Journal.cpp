@@ -1,0 +1,312 @@
+#include "Journal.h"
+
+#include "PelluxApplication.h"
+#include "PickProbe.h"
+
+#include <OrvikCore/ACamera.h>
+#include <OrvikCore/ASession.h>
+#include <OrvikCore/Controller.h>
+#include <OrvikCore/Dbg.h>
+#include <OrvikCore/Document.h>
+#include <OrvikCore/ICameraProvider.h>
+#include <OrvikCore/JobDispatcher.h>
+#include <OrvikCore/SessionMgr.h>
+#include <OrvikCore/ViewOpRayPick.h>
+#include <OrvikOs/Thread.h>
+#include <TambCommandsInfra/CommandTable.h>
+#include <TambVizCore/IView3D.h>
+#include <TambVizCore/Utils.h>
+#include <TambVizCore/Vector.h>
+
+#include <exception>
+#include <memory>
+#include <utility>
+
+namespace Pellux {
+namespace {
+
+using OrvikCore::ACamera;
+using OrvikCore::ViewOpRayPick;
+using OrvikCore::ViewOpType;
+using TambCommandsInfra::Command;
+using TambCommandsInfra::CommandEffect;
+using TambCommandsInfra::CommandTable;
+using TambVizCore::EntityId;
+using TambVizCore::Ray;
+using TambVizCore::Utils;
+using Lock = OrvikOs::CriticalSection::Guard;
+
+/// Commands that play a hand: what the hand does is written instead.
+bool isInput(const std::string& name)
+{
+    return name.starts_with("input:");
+}
+
+bool onlyAsks(const std::string& name)
+{
+    if (isInput(name))
+        return true;
+    const auto command = CommandTable::Instance().Find(name);
+    return command != nullptr && command->effect == CommandEffect::Reads;
+}
+
+ACamera* cameraOf(const OrvikCore::ASession& session)
+{
+    auto* const provider = dynamic_cast<OrvikCore::ICameraProvider*>(session.View3D());
+    return provider == nullptr ? nullptr : provider->GetCamera();
+}
+
+/// Begins a ray outside the model, by the rule of picks with the mouse.
+void beginOutside(Ray& ray, TambVizCore::IView3D& view)
+{
+    const float* const direction = ray.Direction();
+    const float radius = view.GetGeometryRadius();
+    float toCenter[3];
+    TambVizCore::Subtract(view.GetGeometryCenter(), ray.Origin(), toCenter);
+    float scale = 0.0f;
+    if (radius > TambVizCore::Length(toCenter)) {
+        scale = 1.0f - 2.0f * radius / TambVizCore::Length(direction);
+    } else {
+        const float along = TambVizCore::DotProduct(toCenter, direction);
+        scale = along < 0.0f ? 2.0f * along : 0.0f;
+    }
+    float shift[3] = {direction[0], direction[1], direction[2]};
+    TambVizCore::Multiply(shift, scale);
+    float origin[3];
+    TambVizCore::Add(ray.Origin(), shift, origin);
+    ray.SetOrigin(origin);
+}
+
+std::wstring pickForm(const Ray& ray)
+{
+    double numbers[7];
+    for (int i = 0; i < 3; ++i) {
+        numbers[i] = ray.Origin()[i];
+        numbers[i + 3] = ray.Direction()[i];
+    }
+    numbers[6] = ray.Radius();
+    return L"(app:pick-entity" + ExactNumbers(numbers, 7) + L")";
+}
+
+/// One form for everything that a command held.
+std::wstring oneForm(const std::vector<PlacedForm>& forms)
+{
+    if (forms.size() == 1)
+        return forms.front().text;
+    std::wstring text = L"(begin";
+    for (const PlacedForm& form : forms)
+        text += L"\n  " + form.text;
+    return text + L")";
+}
+
+std::wstring timeText(const DateAndTime& when)
+{
+    const auto two = [](int number) {
+        return (number < 10 ? L"0" : L"") + std::to_wstring(number);
+    };
+    return std::to_wstring(when.year) + L"-" + two(when.month) + L"-" + two(when.day) + L" " +
+           two(when.hour) + L":" + two(when.minute) + L":" + two(when.second) + L" UTC";
+}
+
+} // namespace
+
+Journal::Journal(Warn warn) : m_warn(std::move(warn)) {}
+
+Journal::~Journal()
+{
+    if (m_session == nullptr)
+        return;
+    EndGesture();
+    TambCommandsInfra::SetCommandJournal(nullptr);
+    OrvikCore::JobDispatcher::Instance().UnRegisterJobStatusObserver(this);
+    if (OrvikCore::Controller* const controller = m_session->GetController())
+        controller->RemoveListener(this);
+}
+
+void Journal::Begin(const std::wstring& folder, const JournalStart& start,
+                    OrvikCore::ASession& session)
+{
+    const DateAndTime now = NowInUniversalTime();
+    std::wstring reason;
+    if (!m_file.Create(folder, now, OrvikOs::CurrentProcessId(), reason)) {
+        m_isBroken = true;
+        m_warn(L"There is no journal of this run: " + reason);
+        return;
+    }
+    append(JournalHead(start, L"pellux " + ProgramVersion(), timeText(now)));
+    m_session = &session;
+    noteKnown();
+    TambCommandsInfra::SetCommandJournal(this);
+    OrvikCore::JobDispatcher::Instance().RegisterJobStatusObserver(this);
+    if (OrvikCore::Controller* const controller = session.GetController())
+        controller->AddListener(this);
+}
+
+void Journal::NoteCommand(const Command& command,
+                          const TambCommandsInfra::Arguments& arguments) noexcept
+{
+    try {
+        const std::optional<PickNote> pick =
+            ProbeCommand(m_session->Document(), command, arguments);
+        const Lock lock(m_lock);
+        m_happened.hasChanged |= command.effect == CommandEffect::Changes && !isInput(command.name);
+        if (pick)
+            m_happened.picks.push_back(*pick);
+    } catch (const std::exception& error) {
+        OrvikCore::dbg << "-- journal : " << command.name << ": " << error.what() << std::endl;
+    }
+}
+
+std::wstring Journal::GetPath() const
+{
+    return m_file.Path();
+}
+
+void Journal::NotifyJobStatus(OrvikCore::JobTicket* ticket)
+{
+    if (ticket == nullptr || ticket->GetJobId() != OrvikCore::JID_EXECUTE_SCRIPT ||
+        ticket->GetStatus() != OrvikCore::JOB_FAILED)
+        return;
+    const Lock lock(m_lock);
+    m_happened.hasFailed = true;
+}
+
+Journal::Happened Journal::takeHappened()
+{
+    const Lock lock(m_lock);
+    return std::exchange(m_happened, Happened());
+}
+
+void Journal::Record(const std::wstring& command, const SplitForms& split)
+{
+    const Happened happened = takeHappened();
+    if (m_session == nullptr)
+        return;
+    EndGesture();
+    std::vector<PlacedForm> forms;
+    std::wstring reason;
+    const bool isWhole = split(command, forms, reason) && !forms.empty();
+    const bool isWorthIt =
+        happened.hasChanged || !happened.picks.empty() || !AsksOnly(command, onlyAsks);
+    // What is no whole form was never run.
+    if (isWhole && isWorthIt)
+        write(oneForm(forms), happened.picks, happened.hasFailed);
+    noteKnown();
+}
+
+void Journal::ControllerNotify(OrvikCore::IViewOp* op)
+{
+    if (op == nullptr || m_session == nullptr)
+        return;
+    switch (op->Type()) {
+    case ViewOpType::Rotate:
+    case ViewOpType::Pan:
+    case ViewOpType::Zoom:
+    case ViewOpType::Drag:
+        m_gestureIsOpen = true;
+        break;
+    case ViewOpType::RayPick:
+        EndGesture();
+        notePick(*static_cast<ViewOpRayPick*>(op));
+        break;
+    case ViewOpType::MouseMove:
+    case ViewOpType::TargetCamera:
+        EndGesture();
+        break;
+    default:
+        break;
+    }
+}
+
+void Journal::notePick(const ViewOpRayPick& op)
+{
+    if (ViewOpRayPick::IsReset(&op)) {
+        write(L"(sel:clear)", {}, /*hasFailed=*/false);
+        noteKnown();
+        return;
+    }
+    ACamera* const camera = cameraOf(*m_session);
+    if (camera == nullptr)
+        return;
+    Ray ray = camera->Make3DRay(op.MouseX(), op.MouseY(), op.ApertureRadius());
+    beginOutside(ray, *m_session->View3D());
+    const auto job = std::make_shared<PickProbeJob>(m_session->Document(), ray);
+    if (!OrvikCore::JobDispatcher::Instance().ExecuteParked(job))
+        return;
+    const PickNote& note = job->Note();
+    const std::wstring pick =
+        op.PickBody() && note.isFound ? L"(entity:body " + pickForm(ray) + L")" : pickForm(ray);
+    write((op.IsMultiple() ? L"(sel:add " : L"(sel:set ") + pick + L")", {note},
+          /*hasFailed=*/false);
+    noteKnown();
+}
+
+void Journal::EndGesture()
+{
+    if (!std::exchange(m_gestureIsOpen, false) || m_session == nullptr)
+        return;
+    writeCamera();
+    writeSelection();
+    noteKnown();
+}
+
+void Journal::writeCamera()
+{
+    const std::optional<Triple> now = camera();
+    if (now && now != m_knownCamera)
+        write(CameraForm(now->data(), now->data() + 3, now->data() + 6), {}, /*hasFailed=*/false);
+}
+
+void Journal::writeSelection()
+{
+    const std::vector<EntityId> selected = m_session->GetPickedEntities();
+    if (selected == m_knownSelection)
+        return;
+    std::wstring form = L"(sel:set";
+    std::vector<PickNote> notes;
+    for (const EntityId& entity : selected) {
+        PickNote note;
+        note.entity = entity;
+        note.isFound = LocateEntity(m_session->Document(), note);
+        form += L" (entity:by-id \"" + EntityWords(entity) + L"\")";
+        notes.push_back(note);
+    }
+    write(form + L")", notes, /*hasFailed=*/false);
+}
+
+std::optional<Journal::Triple> Journal::camera() const
+{
+    ACamera* const camera = cameraOf(*m_session);
+    if (camera == nullptr)
+        return std::nullopt;
+    Triple triple;
+    camera->GetCamera(triple.data(), triple.data() + 3, triple.data() + 6);
+    return triple;
+}
+
+void Journal::noteKnown()
+{
+    m_knownCamera = camera();
+    m_knownSelection = m_session->GetPickedEntities();
+}
+
+void Journal::write(const std::wstring& form, const std::vector<PickNote>& picks, bool hasFailed)
+{
+    std::wstring lines = form + L"\n";
+    for (const PickNote& pick : picks)
+        lines += PickLine(pick) + L"\n";
+    if (hasFailed)
+        lines += FailureLine() + L"\n";
+    append(lines);
+}
+
+void Journal::append(const std::wstring& lines)
+{
+    std::wstring reason;
+    if (m_isBroken || m_file.Append(lines, reason))
+        return;
+    m_isBroken = true;
+    m_warn(L"The journal ends here: " + reason);
+}
+
+} // namespace Pellux

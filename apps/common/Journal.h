@@ -1,0 +1,106 @@
+#ifndef APPSCOMMON_JOURNAL_H
+#define APPSCOMMON_JOURNAL_H
+
+#include "JournalFile.h"
+#include "JournalText.h"
+
+#include <OrvikCore/IControllerListener.h>
+#include <OrvikCore/IJobStatusObserver.h>
+#include <OrvikOs/CriticalSection.h>
+#include <TambCommandsInfra/ICommandJournal.h>
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace OrvikCore {
+class ASession;
+class ViewOpRayPick;
+} // namespace OrvikCore
+
+namespace Pellux {
+
+/// Writes what a run did to the model and the view into a file that a replay repeats.
+///
+/// What is written: each form that a person typed, a script held or a hotkey ran, unless it only
+/// asked; where the camera stands after the mouse moved it; what the mouse picked and selected.
+/// What a pick found stands in the line behind its form. A line is with the system before the next
+/// command starts. When the file cannot be written the journal says so once and is silent from
+/// then on.
+///
+/// @thread Main thread, except where another is named.
+class Journal final : public TambCommandsInfra::ICommandJournal,
+                      public OrvikCore::IJobStatusObserver,
+                      public OrvikCore::IControllerListener
+{
+public:
+    /// Shows a warning.
+    using Warn = std::function<void(const std::wstring& text)>;
+
+    explicit Journal(Warn warn);
+
+    /// Writes the end of a gesture, and listens no more.
+    ~Journal() override;
+
+    Journal(const Journal&) = delete;
+    Journal& operator=(const Journal&) = delete;
+
+    /// Begins a file and listens to commands, jobs and the session's controller.
+    ///
+    /// @param folder  Where journals are kept.
+    /// @param session Not owned, outlives the journal.
+    void Begin(const std::wstring& folder, const JournalStart& start, OrvikCore::ASession& session);
+
+    /// Writes a command that has ended, unless it only asked.
+    void Record(const std::wstring& command, const SplitForms& split);
+
+    /// Writes where the camera stands and what is selected, where the mouse has changed that.
+    void EndGesture();
+
+    /// Worker thread.
+    void NoteCommand(const TambCommandsInfra::Command& command,
+                     const TambCommandsInfra::Arguments& arguments) noexcept override;
+    std::wstring GetPath() const override;
+
+    /// Learns of scripts that failed. Worker thread.
+    void NotifyJobStatus(OrvikCore::JobTicket* ticket) override;
+
+    /// Learns of the mouse, behind the view.
+    void ControllerNotify(OrvikCore::IViewOp* op) override;
+
+private:
+    /// What happened since the last form.
+    struct Happened
+    {
+        bool hasChanged = false;
+        bool hasFailed = false;
+        std::vector<PickNote> picks;
+    };
+
+    using Triple = std::array<float, 9>;
+
+    Happened takeHappened();
+    std::optional<Triple> camera() const;
+    void noteKnown();
+    void notePick(const OrvikCore::ViewOpRayPick& op);
+    void writeCamera();
+    void writeSelection();
+    void write(const std::wstring& form, const std::vector<PickNote>& picks, bool hasFailed);
+    void append(const std::wstring& lines);
+
+    Warn m_warn;
+    JournalFile m_file;
+    bool m_isBroken = false;
+    OrvikCore::ASession* m_session = nullptr; ///< Not owned; null before Begin().
+    bool m_gestureIsOpen = false;
+    std::optional<Triple> m_knownCamera; ///< As the journal has it.
+    std::vector<TambVizCore::EntityId> m_knownSelection;
+    OrvikOs::CriticalSection m_lock;
+    Happened m_happened; ///< Written on the worker, under the lock.
+};
+
+} // namespace Pellux
+
+#endif

@@ -1,0 +1,57 @@
+#ifndef APPSCOMMON_PICKPROBE_H
+#define APPSCOMMON_PICKPROBE_H
+
+#include "JournalText.h"
+
+#include <OrvikCore/IJob.h>
+#include <TambCommandsInfra/Command.h>
+#include <TambVizCore/PartKind.h>
+#include <TambVizCore/Ray.h>
+
+namespace OrvikCore {
+class Document;
+} // namespace OrvikCore
+
+namespace Pellux {
+
+/// Finds what a ray hits and where that is.
+///
+/// @param kind  None for whatever is hit first; else the kind that is looked for.
+/// @thread Worker thread while a job runs.
+PickNote ProbePick(OrvikCore::Document& document, const TambVizCore::Ray& ray,
+                   TambVizCore::PartKind kind);
+
+/// Fills in where an entity is.
+/// @return false when the document has no such entity.
+/// @thread As ProbePick().
+bool LocateEntity(const OrvikCore::Document& document, PickNote& note);
+
+/// Repeats the question that a command of the family app:pick-... has asked, or entity:by-id.
+///
+/// @return nothing for every other command.
+/// @thread As ProbePick().
+std::optional<PickNote> ProbeCommand(OrvikCore::Document& document,
+                                     const TambCommandsInfra::Command& command,
+                                     const TambCommandsInfra::Arguments& arguments);
+
+/// ProbePick() as a job of its own.
+class PickProbeJob final : public OrvikCore::IJob
+{
+public:
+    /// @param document  Not owned, outlives the job.
+    PickProbeJob(OrvikCore::Document& document, const TambVizCore::Ray& ray);
+
+    bool Execute() override;
+
+    /// What was found; after the job.
+    const PickNote& Note() const { return m_note; }
+
+private:
+    OrvikCore::Document& m_document;
+    TambVizCore::Ray m_ray;
+    PickNote m_note;
+};
+
+} // namespace Pellux
+
+#endif

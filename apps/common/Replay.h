@@ -1,0 +1,122 @@
+#ifndef APPSCOMMON_REPLAY_H
+#define APPSCOMMON_REPLAY_H
+
+#include "JournalText.h"
+
+#include <OrvikOs/CriticalSection.h>
+#include <TambCommandsInfra/ICommandJournal.h>
+
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace OrvikCore {
+class ASession;
+class Shell;
+} // namespace OrvikCore
+
+namespace Pellux {
+
+/// How what a pick finds now compares with what the journal says.
+enum class PickResult
+{
+    Same,  ///< The same entity in the same place, or nothing now as then.
+    Moved, ///< The same entity elsewhere.
+    Other, ///< Another entity; that of the journal is still there.
+    Gone,  ///< Nothing, or the entity of the journal is not there any more.
+};
+
+/// How many results there are.
+inline constexpr std::size_t kPickResults = 4;
+
+/// @return "same", "moved", "other" or "gone".
+const char* PickResultName(PickResult result);
+
+/// Compares two answers to the same question.
+///
+/// Places are the same when no coordinate of box and point differs by more than 1e-5 of the
+/// largest coordinate of the expected box, in amount.
+///
+/// @param isThere  Whether the entity of the journal is still there.
+PickResult ComparePicks(const PickNote& expected, const PickNote& found, bool isThere);
+
+/// One pick of a replay.
+struct ReplayedPick
+{
+    int line = 0; ///< Of the form in the journal.
+    std::wstring form;
+    PickNote expected;
+    PickNote found; ///< Nothing where the form made no such pick.
+    PickResult result = PickResult::Same;
+};
+
+/// How a replay went.
+struct ReplayOutcome
+{
+    std::size_t formCount = 0; ///< That the journal has.
+    std::size_t formsRun = 0;
+    std::vector<ReplayedPick> picks;
+    int stoppedLine = 0;    ///< Of the form that failed; 0 when none did.
+    std::wstring errorText; ///< Of a journal that cannot be used: "<file>:<line>: <reason>".
+
+    /// How many picks ended so.
+    std::size_t Count(PickResult result) const;
+
+    /// Whether every form ran and every pick is the same.
+    bool IsGood() const;
+};
+
+/// Runs a journal form by form and compares what its picks find.
+///
+/// Forms that failed when the journal was written may fail again; any other failure ends the
+/// replay. @thread Main thread, except NoteCommand.
+class Replay final : public TambCommandsInfra::ICommandJournal
+{
+public:
+    /// Called with each form before it runs; false stops the replay there.
+    using BeforeForm = std::function<bool(const std::wstring& form)>;
+    /// Called with each pick when it was compared.
+    using AfterPick = std::function<void(const ReplayedPick& pick)>;
+
+    /// @param shell, session  Not owned; outlive the replay. The shell has an engine.
+    Replay(OrvikCore::Shell& shell, OrvikCore::ASession& session, BeforeForm beforeForm,
+           AfterPick afterPick);
+    ~Replay() override;
+
+    Replay(const Replay&) = delete;
+    Replay& operator=(const Replay&) = delete;
+
+    /// Runs the journal @p text that was read from @p file.
+    ReplayOutcome Run(const std::wstring& text, const std::wstring& file);
+
+    /// Worker thread.
+    void NoteCommand(const TambCommandsInfra::Command& command,
+                     const TambCommandsInfra::Arguments& arguments) noexcept override;
+    /// @return the empty text: a replay writes no journal.
+    std::wstring GetPath() const override;
+
+private:
+    bool enterFolder(const std::wstring& folder);
+    bool runEntry(const JournalEntry& entry, const std::wstring& file);
+    void compare(const JournalEntry& entry, ReplayOutcome& outcome);
+
+    OrvikCore::Shell& m_shell;
+    OrvikCore::ASession& m_session;
+    BeforeForm m_beforeForm;
+    AfterPick m_afterPick;
+    OrvikOs::CriticalSection m_lock;
+    std::vector<PickNote> m_found; ///< Of the form that runs; written on the worker.
+};
+
+/// The script engine's way to cut a text into forms.
+/// @param shell  Not owned, outlives the result; has an engine.
+SplitForms SplitFormsOf(OrvikCore::Shell& shell);
+
+/// A string of the script language. Typographic quotation marks are refused in a command, so they
+/// are spelled by number.
+std::wstring QuotedForScript(const std::wstring& text);
+
+} // namespace Pellux
+
+#endif
