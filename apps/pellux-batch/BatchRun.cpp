@@ -177,7 +177,7 @@ bool BatchRun::replay()
     std::wstring reason;
     const bool good = m_replay.Run(
         m_options, m_host.GetShell(), [this](const std::wstring& form) { return beforeForm(form); },
-        reason);
+        [this] { m_host.DrainOutput(); }, reason);
     m_host.DrainOutput();
     if (!reason.empty())
         show(reason, MessageType::Error);

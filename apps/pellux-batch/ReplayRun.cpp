@@ -40,14 +40,16 @@ bool ReplayRun::Prepare(Options& options, std::wstring& errorText)
 }
 
 bool ReplayRun::Run(const Options& options, OrvikCore::Shell& shell, const BeforeForm& beforeForm,
-                    std::wstring& errorText) const
+                    const Drain& drain, std::wstring& errorText) const
 {
     Pellux::Replay replay(shell, OrvikCore::SessionMgr::Instance().CurrentSession(), beforeForm,
-                          [&options](const Pellux::ReplayedPick& pick) {
+                          [&options, &drain](const Pellux::ReplayedPick& pick) {
+                              drain();
                               std::cout << DescribePick(pick, options.replay) << std::endl;
                           });
     const Pellux::ReplayOutcome outcome = replay.Run(m_text, options.replay);
     errorText = outcome.errorText;
+    drain();
     std::cout << DescribeReplay(outcome) << std::flush;
     if (!options.replayReport.empty()) {
         const std::string report = DescribeReplayJson(outcome, options.replay);

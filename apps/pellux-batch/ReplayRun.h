@@ -26,12 +26,15 @@ public:
     /// @param errorText  Receives the reason on false.
     bool Prepare(Options& options, std::wstring& errorText);
 
+    /// Shows what the forms have printed so far.
+    using Drain = std::function<void()>;
+
     /// Runs the journal; prints a line for each pick and one at the end, and writes the report.
     ///
     /// @param errorText  Receives why the journal or the report is no good.
     /// @return true when every form ran and every pick is the same.
     bool Run(const Options& options, OrvikCore::Shell& shell, const BeforeForm& beforeForm,
-             std::wstring& errorText) const;
+             const Drain& drain, std::wstring& errorText) const;
 
 private:
     std::wstring m_text;

@@ -166,7 +166,7 @@ TEST(JournalText, ACameraIsWrittenExactly)
     const float up[3] = {0.0f, 1.0f, 0.0f};
 
     EXPECT_EQ(CameraForm(eye, target, up),
-              L"(view:set-camera! '(0.10000000149011612 -2 9.9999999999999995e-08) '(0 0 0) '(0 1 "
+              L"(view:set-camera! '(0.10000000149011612 -2 1.0000000116860974e-07) '(0 0 0) '(0 1 "
               L"0))");
 }
 

@@ -1,5 +1,6 @@
 #include "TempFolder.h"
 
+#include <OrvikOs/AppendFile.h>
 #include <OrvikOs/AtomicFile.h>
 #include <OrvikOs/Directory.h>
 #include <OrvikOs/FileWriting.h>
@@ -247,6 +248,29 @@ TEST(WriteFileAtomically, FullDiskRemovesTheTemporaryFile)
     EXPECT_EQ(status, 0);
     EXPECT_EQ(folder.Count(), 1u);
     EXPECT_EQ(folder.Read("a"), "old");
+}
+
+TEST(AppendFile, IsReadableWhileItGrowsAndKeepsWhatWasThere)
+{
+    const TempFolder folder;
+    folder.Write("log", "one\n");
+    OrvikOs::AppendFile file;
+
+    ASSERT_TRUE(file.Open(folder.Path(L"log")));
+    ASSERT_TRUE(file.Append("two\n"));
+
+    EXPECT_EQ(folder.Read("log"), "one\ntwo\n");
+}
+
+TEST(AppendFile, ThatCannotBeOpenedTakesNothing)
+{
+    const TempFolder folder;
+    OrvikOs::AppendFile file;
+    std::wstring reason;
+
+    EXPECT_FALSE(file.Open(folder.Path(L"missing/log"), &reason));
+    EXPECT_FALSE(reason.empty());
+    EXPECT_FALSE(file.Append("text"));
 }
 
 TEST(AtomicFile, ShowsNothingBeforeItIsCommitted)
