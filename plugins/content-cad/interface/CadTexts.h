@@ -59,6 +59,8 @@ inline constexpr wchar_t kNoMemoryToWrite[] = L"not enough memory to write the f
 inline constexpr wchar_t kAnnotationsNotWritten[] = L"annotations that were not written: %1";
 inline constexpr wchar_t kIgesNames[] =
     L"names with characters that IGES does not have, written with \"_\" for each: %1";
+inline constexpr wchar_t kPointsNotWritten[] =
+    L"loose points of bodies with edges that were not written: %1";
 inline constexpr wchar_t kViewsNotWritten[] = L"saved views that were not written: %1";
 
 } // namespace OrvikCad

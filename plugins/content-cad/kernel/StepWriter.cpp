@@ -18,8 +18,10 @@
 #include <StepData_StepModel.hxx>
 #include <StepData_StepWriter.hxx>
 #include <TDF_LabelSequence.hxx>
+#include <TopExp_Explorer.hxx>
 #include <XCAFDoc_DimTolTool.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
+#include <XCAFDoc_ShapeTool.hxx>
 #include <XCAFDoc_ViewTool.hxx>
 
 #include <locale>
@@ -46,6 +48,22 @@ void configure(const std::wstring& productName)
     Interface_Static::SetCVal("write.step.product.name", OrvikOs::WideToUtf8(productName).c_str());
 }
 
+/// The kernel drops loose points of a body that has edges too.
+int countDroppedPoints(const CadDocument& document)
+{
+    TDF_LabelSequence labels;
+    XCAFDoc_DocumentTool::ShapeTool(document.Main())->GetShapes(labels);
+    int points = 0;
+    for (const TDF_Label& label : labels) {
+        const TopoDS_Shape shape = XCAFDoc_ShapeTool::GetShape(label);
+        if (!XCAFDoc_ShapeTool::IsSimpleShape(label) || !TopExp_Explorer(shape, TopAbs_EDGE).More())
+            continue;
+        for (TopExp_Explorer it(shape, TopAbs_VERTEX, TopAbs_EDGE); it.More(); it.Next())
+            ++points;
+    }
+    return points;
+}
+
 void warnOfWhatIsLeftOut(const CadDocument& document, CadMessages& messages)
 {
     const Handle(XCAFDoc_DimTolTool) tool = XCAFDoc_DocumentTool::DimTolTool(document.Main());
@@ -58,6 +76,8 @@ void warnOfWhatIsLeftOut(const CadDocument& document, CadMessages& messages)
     XCAFDoc_DocumentTool::ViewTool(document.Main())->GetViewLabels(views);
     if (!annotations.IsEmpty())
         messages.Warn(FillText(kAnnotationsNotWritten, {std::to_wstring(annotations.Length())}));
+    if (const int points = countDroppedPoints(document))
+        messages.Warn(FillText(kPointsNotWritten, {std::to_wstring(points)}));
     if (!views.IsEmpty())
         messages.Warn(FillText(kViewsNotWritten, {std::to_wstring(views.Length())}));
 }

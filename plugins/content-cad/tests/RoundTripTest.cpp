@@ -6,8 +6,14 @@
 
 #include <TambCommandsInfra/CancelToken.h>
 
+#include <BRepBuilderAPI_MakeVertex.hxx>
 #include <BRepPrimAPI_MakeBox.hxx>
+#include <BRep_Builder.hxx>
 #include <TDataStd_Name.hxx>
+#include <TopoDS_Compound.hxx>
+#include <TopoDS_Edge.hxx>
+#include <TopoDS_Solid.hxx>
+#include <TopoDS_Vertex.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
 
@@ -127,6 +133,24 @@ TEST_F(RoundTrip, ThroughIgesKeepsNamesAndColours)
     const Model second = WriteAndRead(first, CadFormat::Iges);
 
     EXPECT_EQ(ModelText(second), ModelText(first));
+}
+
+TEST_F(RoundTrip, WarnsOfPointsThatStepDrops)
+{
+    const auto document = std::make_shared<CadDocument>();
+    TopoDS_Compound both;
+    BRep_Builder builder;
+    builder.MakeCompound(both);
+    builder.Add(both, BRepPrimAPI_MakeBox(1, 2, 3).Solid());
+    builder.Add(both, BRepBuilderAPI_MakeVertex(gp_Pnt(9, 9, 9)).Vertex());
+    XCAFDoc_DocumentTool::ShapeTool(document->Main())->AddShape(both, false);
+    Model model;
+    model.source = document;
+
+    WriteAndRead(model, CadFormat::Step);
+
+    EXPECT_THAT(warnings, testing::ElementsAre(HasSubstr(
+                              L"loose points of bodies with edges that were not written: 1")));
 }
 
 TEST_F(RoundTrip, WarnsOfNamesThatIgesCannotHold)
