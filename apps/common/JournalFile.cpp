@@ -41,11 +41,10 @@ void removeOldest(const std::wstring& folder)
 
 DateAndTime NowInUniversalTime()
 {
-    using namespace std::chrono;
-    const auto now = floor<seconds>(system_clock::now());
-    const auto today = floor<days>(now);
-    const year_month_day date(today);
-    const hh_mm_ss<seconds> time(now - today);
+    const auto now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+    const auto today = std::chrono::floor<std::chrono::days>(now);
+    const std::chrono::year_month_day date(today);
+    const std::chrono::hh_mm_ss<std::chrono::seconds> time(now - today);
     return {static_cast<int>(date.year()),
             static_cast<int>(static_cast<unsigned>(date.month())),
             static_cast<int>(static_cast<unsigned>(date.day())),

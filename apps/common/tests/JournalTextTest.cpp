@@ -6,7 +6,16 @@
 
 namespace {
 
-using namespace Pellux;
+using Pellux::AsksOnly;
+using Pellux::CameraForm;
+using Pellux::FailureLine;
+using Pellux::JournalContents;
+using Pellux::JournalHead;
+using Pellux::ParseJournal;
+using Pellux::ParsePickLine;
+using Pellux::PickLine;
+using Pellux::PickNote;
+using Pellux::PlacedForm;
 using TambVizCore::EntityId;
 using TambVizCore::EntityType;
 using TambVizCore::PartKind;

@@ -4,7 +4,11 @@
 
 namespace {
 
-using namespace Pellux;
+using Pellux::ComparePicks;
+using Pellux::PickNote;
+using Pellux::PickResult;
+using Pellux::QuotedForScript;
+using Pellux::ReplayOutcome;
 using TambVizCore::EntityId;
 using TambVizCore::EntityType;
 

@@ -9,7 +9,14 @@
 
 namespace {
 
-using namespace TambCommandsInfra;
+using TambCommandsInfra::Arguments;
+using TambCommandsInfra::Command;
+using TambCommandsInfra::CommandError;
+using TambCommandsInfra::CommandHandler;
+using TambCommandsInfra::CommandTable;
+using TambCommandsInfra::ICommandJournal;
+using TambCommandsInfra::SetCommandJournal;
+using TambCommandsInfra::Value;
 
 class RecordingJournal : public ICommandJournal
 {
