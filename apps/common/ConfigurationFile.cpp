@@ -52,15 +52,27 @@ std::wstring scalarText(const toml::node& node, std::string_view key)
                                        "' must be a string, a number or true or false");
 }
 
-/// The values of each key of a section; none for an empty array.
-using Values = std::vector<std::pair<std::wstring, std::vector<std::wstring>>>;
+std::wstring placeText(const toml::source_region& region)
+{
+    return std::to_wstring(region.begin.line) + L":" + std::to_wstring(region.begin.column);
+}
+
+/// The values of a key, none for an empty array, and where they stand: "<line>:<column>".
+struct KeyValues
+{
+    std::wstring key;
+    std::wstring place;
+    std::vector<std::wstring> texts;
+};
+
+using Values = std::vector<KeyValues>;
 
 Values readSection(const toml::table& table)
 {
     Values values;
     for (const auto& [key, node] : table) {
-        std::vector<std::wstring>& texts = values.emplace_back().second;
-        values.back().first = widen(key.str());
+        values.push_back({widen(key.str()), placeText(node.source()), {}});
+        std::vector<std::wstring>& texts = values.back().texts;
         if (const toml::array* const elements = node.as_array()) {
             for (const toml::node& element : *elements)
                 texts.push_back(scalarText(element, key.str()));
@@ -106,8 +118,10 @@ bool ConfigurationFile::AddFile(const std::wstring& path, bool mustExist)
         return fail(path + L": cannot be read");
     try {
         for (const auto& [name, values] : readFile(Utils::WstringToString(text)))
-            for (const auto& [key, texts] : values)
+            for (const auto& [key, place, texts] : values) {
                 replace(section(name), key, texts);
+                m_places[{name, key}] = path + L":" + place;
+            }
     } catch (const FileError& error) {
         return fail(error.Text(path));
     } catch (const toml::parse_error& error) {
@@ -138,6 +152,12 @@ void ConfigurationFile::FillSection(const std::wstring& name,
 {
     const Pairs& stored = section(name);
     pairs->insert(pairs->end(), stored.begin(), stored.end());
+}
+
+std::wstring ConfigurationFile::GetPlace(const std::wstring& section, const std::wstring& key) const
+{
+    const auto found = m_places.find({section, key});
+    return found == m_places.end() ? std::wstring() : found->second;
 }
 
 void ConfigurationFile::replace(Pairs& pairs, const std::wstring& key,

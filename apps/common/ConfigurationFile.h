@@ -3,6 +3,7 @@
 
 #include <OrvikCore/IConfigInitializer.h>
 
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -41,6 +42,9 @@ public:
     void FillSection(const std::wstring& section,
                      std::vector<std::pair<std::wstring, std::wstring>>* pairs) override;
 
+    /// @return where the values of a key stand: "<path>:<line>:<column>"; empty for a default.
+    std::wstring GetPlace(const std::wstring& section, const std::wstring& key) const;
+
 private:
     using Pairs = std::vector<std::pair<std::wstring, std::wstring>>;
     using Sections = std::vector<std::pair<std::wstring, Pairs>>;
@@ -51,6 +55,7 @@ private:
     Pairs& section(const std::wstring& name);
 
     Sections m_sections; ///< In the order of their first appearance.
+    std::map<std::pair<std::wstring, std::wstring>, std::wstring> m_places; ///< Of section and key.
     std::wstring m_sourceName = L"defaults";
     std::wstring m_errors;
 };

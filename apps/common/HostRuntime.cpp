@@ -76,7 +76,7 @@ std::unique_ptr<HostTree> makeTree(ASession& session)
 
 } // namespace
 
-HostRuntime::HostRuntime() = default;
+HostRuntime::HostRuntime() : m_input(m_hotkeys, [this] { ensureTree(); }) {}
 
 HostRuntime::~HostRuntime()
 {
@@ -115,13 +115,17 @@ bool HostRuntime::loadConfiguration(const StartOptions& options, std::wstring& e
         good &= m_configuration.AddFile(options.configurationFile, /*mustExist=*/true);
     Config::Instance().Initialize(m_configuration);
     errorText = m_configuration.GetErrorText();
+    good &= m_hotkeys.Read(m_configuration, errorText);
+    good &= m_navigation.Read(m_configuration, errorText);
     return good;
 }
 
 void HostRuntime::createApplication(const StartOptions& options)
 {
     SessionMgr& manager = SessionMgr::Instance();
-    manager.SetApplication(PelluxApplication::Create(options.kind));
+    PelluxApplication* const application = PelluxApplication::Create(options.kind);
+    application->SetInput(m_input, m_navigation);
+    manager.SetApplication(application);
     manager.SetAutoComplete(&m_completion);
     manager.SetMenuTemplate(&m_menuTemplate);
     AppController& controller = AppController::Instance();
@@ -148,10 +152,8 @@ bool HostRuntime::createSession(const StartOptions& options, std::wstring& error
     ASession& session = SessionMgr::Instance().CurrentSession();
     m_output = std::make_unique<PostedOutput>(options.output);
     session.RegisterOutputCb(m_output.get());
-    if (options.withTree) {
-        m_tree = makeTree(session);
-        session.SetViewTree(m_tree.get());
-    }
+    if (options.withTree)
+        ensureTree();
     auto* const view = dynamic_cast<AView3D*>(session.View3D());
     if (view == nullptr) {
         errorText = L"There is no 3D view: its plugin could not be loaded or cannot draw here.";
@@ -162,7 +164,18 @@ bool HostRuntime::createSession(const StartOptions& options, std::wstring& error
         view->SetCamera(View3DFactory::Instance().GetCameraFactory().MakeCamera(
             *view->GetCamera(), options.cameraName.c_str()));
     view->GetCamera()->SetAnimate(options.animate);
+    m_navigation.Attach(*view->GetController());
     return true;
+}
+
+void HostRuntime::ensureTree()
+{
+    if (m_tree != nullptr)
+        return;
+    ASession& session = SessionMgr::Instance().CurrentSession();
+    m_tree = makeTree(session);
+    session.SetViewTree(m_tree.get());
+    session.RefreshTree();
 }
 
 bool HostRuntime::startEngine(const StartOptions& options, std::wstring& errorText)
@@ -224,6 +237,7 @@ int HostRuntime::Stop()
     m_started = false;
     DrainOutput();
     EndJournal();
+    m_navigation.Detach();
     m_exitCode = SessionMgr::Instance().Terminate();
     m_tree.reset();
     DrainOutput();

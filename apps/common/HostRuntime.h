@@ -3,6 +3,9 @@
 
 #include "CompletionStore.h"
 #include "ConfigurationFile.h"
+#include "HotkeyTable.h"
+#include "InputQueue.h"
+#include "Navigation.h"
 #include "PelluxApplication.h"
 #include "PostedOutput.h"
 
@@ -86,6 +89,9 @@ public:
     /// Ends the journal; what comes after is not in it. Nothing without one.
     void EndJournal();
 
+    /// @return what scripts have asked the host to do with mouse and keys; play it after each job.
+    InputQueue& GetInput() { return m_input; }
+
     /// Shows what was printed so far. Call before a prompt, a result or the end.
     void DrainOutput();
 
@@ -93,6 +99,7 @@ private:
     bool loadConfiguration(const StartOptions& options, std::wstring& errorText);
     void createApplication(const StartOptions& options);
     void loadPlugins();
+    void ensureTree();
     bool createSession(const StartOptions& options, std::wstring& errorText);
     void startJournal(const StartOptions& options);
     bool startEngine(const StartOptions& options, std::wstring& errorText);
@@ -101,6 +108,9 @@ private:
     ConfigurationFile m_configuration;
     CompletionStore m_completion;
     OrvikCore::AMenuTemplate m_menuTemplate;
+    HotkeyTable m_hotkeys;
+    Navigation m_navigation;
+    InputQueue m_input;
     std::unique_ptr<PostedOutput> m_output;
     /// The session manager takes it out of the session before it deletes that.
     std::unique_ptr<HostTree> m_tree;

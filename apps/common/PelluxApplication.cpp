@@ -108,6 +108,22 @@ OrvikCore::ASession* PelluxApplication::NewSession()
     return new PelluxSession;
 }
 
+OrvikCore::IInputQueue* PelluxApplication::GetInputQueue() const
+{
+    return m_inputQueue;
+}
+
+OrvikCore::INavigation* PelluxApplication::GetNavigationChoice() const
+{
+    return m_navigation;
+}
+
+void PelluxApplication::SetInput(OrvikCore::IInputQueue& queue, OrvikCore::INavigation& navigation)
+{
+    m_inputQueue = &queue;
+    m_navigation = &navigation;
+}
+
 bool PelluxApplication::IsQuitRequested() const
 {
     return m_quitRequested;

@@ -2,6 +2,7 @@
 #define APPSCOMMON_PELLUXAPPLICATION_H
 
 #include <OrvikCore/IApplication.h>
+#include <OrvikCore/IInputProvider.h>
 
 #include <functional>
 #include <string>
@@ -19,7 +20,7 @@ struct HostKind
 ///
 /// Lives in static storage: the session manager ends it in place without releasing its storage.
 /// @thread Main thread, except where IApplication says otherwise.
-class PelluxApplication : public OrvikCore::IApplication
+class PelluxApplication : public OrvikCore::IApplication, public OrvikCore::IInputProvider
 {
 public:
     /// Makes the application in its static storage.
@@ -52,6 +53,12 @@ public:
     /// Hands commands to @p recorder from now on; empty for nobody.
     void SetRecorder(Recorder recorder);
 
+    OrvikCore::IInputQueue* GetInputQueue() const override;
+    OrvikCore::INavigation* GetNavigationChoice() const override;
+
+    /// Keeps what scripts reach input by (not owned; alive as long as the application).
+    void SetInput(OrvikCore::IInputQueue& queue, OrvikCore::INavigation& navigation);
+
     /// @return true once Quit() was called.
     bool IsQuitRequested() const;
 
@@ -60,6 +67,8 @@ private:
 
     HostKind m_kind;
     Recorder m_recorder; ///< May be empty.
+    OrvikCore::IInputQueue* m_inputQueue = nullptr; ///< Not owned.
+    OrvikCore::INavigation* m_navigation = nullptr; ///< Not owned.
     bool m_paused = false;
     bool m_quitRequested = false;
     int m_exitCode = 0;

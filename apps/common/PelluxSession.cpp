@@ -35,12 +35,32 @@ PelluxSession::~PelluxSession()
 
 void PelluxSession::SetPickedEntities(const std::vector<EntityId>& picked)
 {
-    m_picked = picked;
+    m_picks.inOrder = picked;
+    m_picks.present = {picked.begin(), picked.end()};
 }
 
 std::vector<EntityId> PelluxSession::GetPickedEntities() const
 {
-    return m_picked;
+    return m_picks.inOrder;
+}
+
+void PelluxSession::Highlight(const EntityId& id)
+{
+    ASession::Highlight(id);
+    SetPickedEntities({id});
+}
+
+void PelluxSession::Select(const EntityId& id)
+{
+    ASession::Select(id);
+    if (m_picks.present.insert(id).second)
+        m_picks.inOrder.push_back(id);
+}
+
+void PelluxSession::UnSelect() const
+{
+    ASession::UnSelect();
+    m_picks = {};
 }
 
 void PelluxSession::BeginProgress(const std::wstring& what)
@@ -122,7 +142,7 @@ void PelluxSession::ZoomAll()
 
 bool PelluxSession::ZoomToPicked()
 {
-    return !m_picked.empty() && ZoomTo(m_picked.back());
+    return !m_picks.inOrder.empty() && ZoomTo(m_picks.inOrder.back());
 }
 
 void PelluxSession::SetBusy(bool busy)

@@ -5,6 +5,7 @@
 #include <TambVizCore/EntityId.h>
 
 #include <atomic>
+#include <unordered_set>
 #include <vector>
 
 namespace OrvikCore {
@@ -30,6 +31,16 @@ public:
 
     void SetPickedEntities(const std::vector<TambVizCore::EntityId>& picked) override;
     std::vector<TambVizCore::EntityId> GetPickedEntities() const override;
+
+    using ASession::Highlight;
+    using ASession::Select;
+
+    /// A pick: the entity becomes the only one picked.
+    void Highlight(const TambVizCore::EntityId& id) override;
+    /// A pick beside others: the entity joins those picked.
+    void Select(const TambVizCore::EntityId& id) override;
+    /// Also forgets what was picked.
+    void UnSelect() const override;
 
     void BeginProgress(const std::wstring& what) override;
     void ReportProgress(double fraction) override;
@@ -58,8 +69,14 @@ public:
     OrvikCore::ARendererTree* CreateTreeRenderer() override;
 
 private:
-    std::vector<TambVizCore::EntityId> m_picked; ///< What was picked last.
-    std::atomic<bool> m_busy{false};             ///< Written and read on both threads.
+    struct Picks
+    {
+        std::vector<TambVizCore::EntityId> inOrder;
+        std::unordered_set<TambVizCore::EntityId> present; ///< The same.
+    };
+
+    mutable Picks m_picks;           ///< What was picked last; emptied with the selection.
+    std::atomic<bool> m_busy{false}; ///< Written and read on both threads.
 };
 
 } // namespace Pellux

@@ -11,8 +11,8 @@ namespace Pellux {
 
 using OrvikCore::ScriptForm;
 
-ScriptRunner::ScriptRunner(OrvikCore::Shell& shell, BeforeForm beforeForm)
-    : m_shell(shell), m_beforeForm(std::move(beforeForm))
+ScriptRunner::ScriptRunner(OrvikCore::Shell& shell, BeforeForm beforeForm, AfterForm afterForm)
+    : m_shell(shell), m_beforeForm(std::move(beforeForm)), m_afterForm(std::move(afterForm))
 {
 }
 
@@ -31,6 +31,8 @@ bool ScriptRunner::RunText(const std::wstring& text, const std::wstring& source)
         engine->SetNextSource(source, form.line, form.column);
         std::wstring output;
         if (!m_shell.RunScript(form.text, output))
+            return false;
+        if (m_afterForm && !m_afterForm())
             return false;
     }
     return true;

@@ -18,9 +18,13 @@ public:
     /// Called with each form before it runs; false stops the script there.
     using BeforeForm = std::function<bool(const std::wstring& form)>;
 
+    /// Called when a form has run without an error; false stops the script there, as failed.
+    using AfterForm = std::function<bool()>;
+
     /// @param shell       Not owned; outlives the runner and has an engine.
     /// @param beforeForm  May be empty.
-    ScriptRunner(OrvikCore::Shell& shell, BeforeForm beforeForm);
+    /// @param afterForm   May be empty.
+    ScriptRunner(OrvikCore::Shell& shell, BeforeForm beforeForm, AfterForm afterForm = {});
 
     /// Runs the forms of a text until one fails.
     ///
@@ -37,6 +41,7 @@ public:
 private:
     OrvikCore::Shell& m_shell;
     BeforeForm m_beforeForm;
+    AfterForm m_afterForm;
 };
 
 } // namespace Pellux

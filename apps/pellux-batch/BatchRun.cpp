@@ -165,8 +165,9 @@ bool BatchRun::runStep(const Step& step)
 
 bool BatchRun::runForms(const std::wstring& text, const std::wstring& source)
 {
-    Pellux::ScriptRunner runner(m_host.GetShell(),
-                                [this](const std::wstring& form) { return beforeForm(form); });
+    Pellux::ScriptRunner runner(
+        m_host.GetShell(), [this](const std::wstring& form) { return beforeForm(form); },
+        [this] { return playInput(); });
     const bool good = runner.RunText(text, source);
     m_host.DrainOutput();
     return good && !isInterrupted();
@@ -218,6 +219,14 @@ bool BatchRun::beforeForm(const std::wstring& form)
         return false;
     show(L"> " + form, MessageType::Output);
     return true;
+}
+
+bool BatchRun::playInput()
+{
+    return m_host.GetInput().Play({[this] { return !isInterrupted(); },
+                                   [this](const std::wstring& script, const std::wstring& source) {
+                                       return runForms(script, source);
+                                   }});
 }
 
 bool BatchRun::isInterrupted() const

@@ -47,6 +47,7 @@ private:
     bool writeOutput();
     void report();
     bool beforeForm(const std::wstring& form);
+    bool playInput();
     bool isInterrupted() const;
     void showTime(const char* what);
 

@@ -114,6 +114,15 @@ public:
     /// Replaces the strategy unless it is of the wanted kind already; the operation stack stays.
     void SelectionSetSticky(bool isSticky);
 
+    /// Replaces the strategy; the operation stack stays.
+    ///
+    /// SelectionSetSticky() replaces it again where it answers SelectionIsSticky() otherwise.
+    ///
+    /// @param replacement  transferred in; made for this controller. Null: one that picks with a
+    ///                     plain click, as at the start.
+    /// @thread             Any thread, not from within a conversion of the strategy.
+    void SetStrategy(Input2OpStrategy* replacement);
+
 protected:
     /// Makes the latest position the one before, and that of @p event the latest; null: nothing.
     virtual void setPositions(AMouseEventArgs* event);

@@ -12,10 +12,16 @@ namespace OrvikCore {
 /// The press or the release of a key, with the modifier keys held.
 ///
 /// Keys are numbered as character codes where they have one (0x41 for A); other keys carry the
-/// host's numbers: 0x01000000 Escape, 0x01000020 Shift, 0x01000023 Alt.
+/// host's numbers, of which some are named below.
 class ORVIKCORE_API KeyEventArgs final : public AEventArgs
 {
 public:
+    // Numbers of keys without character.
+    static constexpr int kEscape = 0x01000000;
+    static constexpr int kShift = 0x01000020;
+    static constexpr int kCtrl = 0x01000021;
+    static constexpr int kAlt = 0x01000023;
+
     /// Keeps Ctrl, Alt and Shift of @p heldModifiers, counts them, and drops every other bit.
     ///
     /// @param keyCode       the character code or key number.

@@ -10,6 +10,7 @@ enum class MouseButton : std::int32_t
 {
     None = 0,
     Selection = 1, ///< Picks, drags and rotates; the left button of a right-handed mouse.
+    Menu = 2,      ///< Opens menus; the right button. The core's strategies give it no meaning.
     Zoom = 4,      ///< Zooms by vertical motion; the middle button. With Selection (5) it pans.
 };
 

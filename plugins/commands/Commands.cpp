@@ -13,6 +13,8 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterDrawingCommands(table);
     RegisterEntityCommands(table);
     RegisterEntityMeasureCommands(table);
+    RegisterHighlightCommand(table);
+    RegisterInputCommands(table);
     RegisterJournalCommands(table);
     RegisterMeasureCommands(table);
     RegisterSectionCommands(table);

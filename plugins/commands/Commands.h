@@ -17,6 +17,8 @@ void RegisterDocumentTreeCommand(TambCommandsInfra::CommandTable& table);
 void RegisterDrawingCommands(TambCommandsInfra::CommandTable& table);
 void RegisterEntityCommands(TambCommandsInfra::CommandTable& table);
 void RegisterEntityMeasureCommands(TambCommandsInfra::CommandTable& table);
+void RegisterHighlightCommand(TambCommandsInfra::CommandTable& table);
+void RegisterInputCommands(TambCommandsInfra::CommandTable& table);
 void RegisterJournalCommands(TambCommandsInfra::CommandTable& table);
 void RegisterMeasureCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSectionCommands(TambCommandsInfra::CommandTable& table);

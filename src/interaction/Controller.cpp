@@ -206,6 +206,17 @@ void Controller::SelectionSetSticky(bool isSticky)
     strategy = replacement.release();
 }
 
+void Controller::SetStrategy(Input2OpStrategy* replacement)
+{
+    std::unique_ptr<Input2OpStrategy> next(replacement);
+    if (next == nullptr) {
+        next = std::make_unique<Input2OpStrategyStickySelect>(this);
+    }
+    const Lock lock(m_strategyLock);
+    delete strategy;
+    strategy = next.release();
+}
+
 void Controller::setPositions(AMouseEventArgs* event)
 {
     if (event == nullptr) {

@@ -1,0 +1,176 @@
+#include "Navigation.h"
+
+#include "ConfigurationFile.h"
+#include "NavigationStrategy.h"
+
+#include <OrvikCore/ASession.h>
+#include <OrvikCore/Controller.h>
+#include <OrvikCore/IViewOp.h>
+#include <OrvikCore/SessionMgr.h>
+#include <TambVizCore/IView3D.h>
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+namespace Pellux {
+
+using OrvikCore::ASession;
+using OrvikCore::IViewOpState;
+using OrvikCore::SessionMgr;
+using TambVizCore::EntityId;
+
+namespace {
+
+const wchar_t kSection[] = L"navigation";
+const wchar_t kPreset[] = L"preset";
+const wchar_t kDefault[] = L"default";
+const wchar_t kCustom[] = L"custom";
+
+void windowSize(int& width, int& height)
+{
+    if (TambVizCore::IView3D* const view = SessionMgr::Instance().CurrentSession().View3D())
+        view->GetWindowSize(width, height);
+}
+
+/// Selects what was selected before, and then what a rubber band has found.
+void selectBoth(const std::vector<EntityId>& before)
+{
+    ASession& session = SessionMgr::Instance().CurrentSession();
+    std::vector<EntityId> all = before;
+    std::unordered_set<EntityId> present(before.begin(), before.end());
+    for (const EntityId& entity : session.GetPickedEntities())
+        if (present.insert(entity).second)
+            all.push_back(entity);
+    session.UnSelect();
+    session.SetPickedEntities(all);
+    for (const EntityId& entity : all)
+        session.Select(entity);
+}
+
+} // namespace
+
+Navigation::Navigation() : m_state(std::make_shared<NavigationState>()) {}
+
+Navigation::~Navigation() = default;
+
+bool Navigation::Read(ConfigurationFile& configuration, std::wstring& errorText)
+{
+    std::vector<std::pair<std::wstring, std::wstring>> pairs;
+    configuration.FillSection(kSection, &pairs);
+    bool good = true;
+    const auto fail = [&](const std::wstring& key, const std::wstring& reason) {
+        good = false;
+        errorText += (errorText.empty() ? L"" : L"\n") + configuration.GetPlace(kSection, key) +
+                     L": " + reason;
+    };
+    const auto preset = std::find_if(pairs.begin(), pairs.end(),
+                                     [](const auto& pair) { return pair.first == kPreset; });
+    if (preset != pairs.end() && !SetNavigation(preset->second))
+        fail(kPreset, L"\"" + preset->second +
+                          L"\" is no preset; there are default, left-rotates, "
+                          L"middle-rotates and right-rotates");
+    if (const NavigationTable* const base = findTable(m_name))
+        m_custom = *base;
+    for (const auto& [key, value] : pairs) {
+        if (key == kPreset)
+            continue;
+        if (const std::wstring reason = readRow(key, value); !reason.empty())
+            fail(key, reason);
+    }
+    if (m_hasCustom)
+        m_name = kCustom;
+    return good;
+}
+
+/// @return what is wrong with the row; empty when it was taken.
+std::wstring Navigation::readRow(const std::wstring& text, const std::wstring& action)
+{
+    OrvikCore::MouseGesture gesture;
+    if (!OrvikCore::MouseGesture::FromText(text, gesture) ||
+        gesture.buttons == OrvikCore::MouseButton::None)
+        return L"\"" + text +
+               L"\" names no buttons; examples are left, Ctrl-left and "
+               L"Ctrl-Shift-left+middle";
+    NavigationAction read = NavigationAction::None;
+    if (!ReadNavigationAction(action, read))
+        return L"\"" + action +
+               L"\" is no action; there are rotate, pan, zoom, window-zoom, "
+               L"select, add and none";
+    m_custom.Set(gesture, read);
+    m_hasCustom = true;
+    return {};
+}
+
+void Navigation::Attach(OrvikCore::Controller& controller)
+{
+    Detach();
+    m_controller = &controller;
+    m_controller->AddListener(this);
+    apply();
+}
+
+void Navigation::Detach()
+{
+    if (m_controller != nullptr)
+        m_controller->RemoveListener(this);
+    m_controller = nullptr;
+}
+
+std::vector<std::wstring> Navigation::ListNavigations() const
+{
+    std::vector<std::wstring> names = {kDefault};
+    for (const NavigationPreset& preset : NavigationPresets())
+        names.emplace_back(preset.name);
+    if (m_hasCustom)
+        names.emplace_back(kCustom);
+    return names;
+}
+
+std::wstring Navigation::GetNavigation() const
+{
+    return m_name;
+}
+
+bool Navigation::SetNavigation(const std::wstring& name)
+{
+    if (name != kDefault && findTable(name) == nullptr)
+        return false;
+    m_name = name;
+    apply();
+    return true;
+}
+
+/// @return the table of a name; null for the default, which is none, and for unknown names.
+const NavigationTable* Navigation::findTable(const std::wstring& name) const
+{
+    if (m_hasCustom && name == kCustom)
+        return &m_custom;
+    const auto& presets = NavigationPresets();
+    const auto found = std::find_if(presets.begin(), presets.end(),
+                                    [&name](const auto& preset) { return preset.name == name; });
+    return found == presets.end() ? nullptr : &found->table;
+}
+
+void Navigation::apply()
+{
+    m_state->isAdding = false;
+    if (m_controller == nullptr)
+        return;
+    const NavigationTable* const table = findTable(m_name);
+    m_controller->SetStrategy(
+        table == nullptr ? nullptr
+                         : new NavigationStrategy(m_controller, *table, &windowSize, m_state));
+}
+
+void Navigation::ControllerNotify(OrvikCore::IViewOp* op)
+{
+    if (op == nullptr || op->Type() != OrvikCore::ViewOpType::Drag || !m_state->isAdding)
+        return;
+    if (op->State() == IViewOpState::Start)
+        m_before = SessionMgr::Instance().CurrentSession().GetPickedEntities();
+    else if (op->State() == IViewOpState::End)
+        selectBoth(m_before);
+}
+
+} // namespace Pellux

@@ -1,0 +1,7 @@
+#include "OrvikCore/IInputProvider.h"
+
+namespace OrvikCore {
+
+IInputProvider::~IInputProvider() = default;
+
+} // namespace OrvikCore

@@ -1,0 +1,7 @@
+#include "OrvikCore/IInputQueue.h"
+
+namespace OrvikCore {
+
+IInputQueue::~IInputQueue() = default;
+
+} // namespace OrvikCore

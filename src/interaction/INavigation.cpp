@@ -1,0 +1,7 @@
+#include "OrvikCore/INavigation.h"
+
+namespace OrvikCore {
+
+INavigation::~INavigation() = default;
+
+} // namespace OrvikCore
