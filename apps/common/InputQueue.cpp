@@ -3,13 +3,22 @@
 #include "HotkeyTable.h"
 #include "TreeMenu.h"
 
+#include <OrvikCore/ACamera.h>
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/Controller.h>
+#include <OrvikCore/ICameraProvider.h>
+#include <OrvikCore/JobDispatcher.h>
 #include <OrvikCore/MessageType.h>
+#include <OrvikCore/RayPickJob.h>
 #include <OrvikCore/SessionMgr.h>
+#include <OrvikOs/MsgWait.h>
+#include <TambVizCore/IView3D.h>
+#include <TambVizCore/Ray.h>
 #include <TambVizCore/Utils.h>
+#include <TambVizCore/Vector.h>
 
 #include <exception>
+#include <memory>
 #include <type_traits>
 #include <utility>
 
@@ -19,6 +28,45 @@ using OrvikCore::ASession;
 using OrvikCore::KeyEventArgs;
 using OrvikCore::MessageType;
 using OrvikCore::SessionMgr;
+
+namespace {
+
+/// How far from the pointer hover looks, as views do.
+constexpr int kHoverAperturePixels = 4;
+
+/// A job has ended for whoever waited for it a moment before the worker says that it is idle, and
+/// until then a controller drops hovers.
+void waitForTheWorker()
+{
+    while (OrvikCore::JobDispatcher::Instance().IsBusy())
+        OrvikOs::ServeWakeSources();
+}
+
+/// Models make ready what finds things under the pointer when a pick passes them for the first
+/// time, and a hover, which does not wait, finds nothing before. A pick without consequences along
+/// the hover's ray, as a job, has them do so.
+void prepareHover(ASession& session, int x, int y)
+{
+    auto* const provider = dynamic_cast<OrvikCore::ICameraProvider*>(session.View3D());
+    if (provider == nullptr)
+        return;
+    TambVizCore::Ray ray = provider->GetCamera()->Make3DRay(x, y, kHoverAperturePixels);
+    // Hover also finds what lies behind the eye in parallel projection.
+    const float* const center = session.View3D()->GetGeometryCenter();
+    float toCenter[3];
+    TambVizCore::Subtract(center, ray.Origin(), toCenter);
+    float back[3] = {ray.Direction()[0], ray.Direction()[1], ray.Direction()[2]};
+    TambVizCore::Multiply(back,
+                          -TambVizCore::Length(toCenter) - session.View3D()->GetGeometryRadius());
+    float origin[3];
+    TambVizCore::Add(ray.Origin(), back, origin);
+    ray.SetOrigin(origin);
+    OrvikCore::JobDispatcher::Instance().ExecuteParked(
+        std::make_shared<OrvikCore::RayPickJob>(session.Document(), ray));
+    waitForTheWorker();
+}
+
+} // namespace
 
 InputQueue::InputQueue(const HotkeyTable& hotkeys, std::function<void()> ensureTree)
     : m_hotkeys(hotkeys), m_ensureTree(std::move(ensureTree))
@@ -86,6 +134,7 @@ bool InputQueue::playAll(const Player& player)
             return false;
         Event event = std::move(m_events.front());
         m_events.pop_front();
+        waitForTheWorker();
         if (!playOne(event, player))
             return false;
     }
@@ -98,8 +147,12 @@ bool InputQueue::playOne(Event& event, const Player& player)
         return playKey(*key, player);
     if (const auto* const choice = std::get_if<MenuChoice>(&event))
         return playMenu(*choice);
-    OrvikCore::Controller* const controller =
-        SessionMgr::Instance().CurrentSession().GetController();
+    ASession& session = SessionMgr::Instance().CurrentSession();
+    if (auto* const motion = std::get_if<OrvikCore::MouseEventArgs>(&event);
+        motion != nullptr && motion->GetMouseButtons() == OrvikCore::MouseButton::None &&
+        (motion->ModifierKeys() & OrvikCore::ModifierKey::Shift) != OrvikCore::ModifierKey::None)
+        prepareHover(session, motion->X(), motion->Y());
+    OrvikCore::Controller* const controller = session.GetController();
     std::visit(
         [controller](auto& args) {
             if constexpr (!std::is_same_v<decltype(args), MenuChoice&>)

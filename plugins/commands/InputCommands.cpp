@@ -16,6 +16,7 @@
 #include <OrvikCore/SessionMgr.h>
 #include <TambCommandsInfra/CallGate.h>
 #include <TambCommandsInfra/CommandTable.h>
+#include <TambVizCore/EntityId.h>
 
 #include <algorithm>
 #include <cmath>

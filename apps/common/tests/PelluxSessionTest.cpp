@@ -28,6 +28,20 @@ TEST_F(Session, RemembersWhatWasPickedLast)
     EXPECT_EQ(m_session.GetPickedEntities(), picked);
 }
 
+TEST_F(Session, PicksOneEntityOrAddsIt)
+{
+    const EntityId first(7, 0, EntityType::Mesh);
+    const EntityId second(8, 0, EntityType::Mesh);
+
+    m_session.Highlight(first);
+    EXPECT_EQ(m_session.GetPickedEntities(), (std::vector<EntityId>{first}));
+    m_session.Select(second);
+    m_session.Select(first);
+    EXPECT_EQ(m_session.GetPickedEntities(), (std::vector<EntityId>{first, second}));
+    m_session.UnSelect();
+    EXPECT_TRUE(m_session.GetPickedEntities().empty());
+}
+
 TEST_F(Session, IsBusyWhileItIsSaidToBe)
 {
     EXPECT_FALSE(m_session.IsBusy());

@@ -248,3 +248,12 @@ TEST_F(ControllerTest, DestructorLeavesListeners)
 
     EXPECT_EQ(m_received.size(), 1u);
 }
+
+TEST_F(ControllerTest, UsesTheStrategyThatItIsGiven)
+{
+    m_controller.SetStrategy(new OrvikCore::Input2OpStrategySelect(&m_controller));
+    EXPECT_FALSE(m_controller.SelectionIsSticky());
+
+    m_controller.SetStrategy(nullptr);
+    EXPECT_TRUE(m_controller.SelectionIsSticky());
+}

@@ -1,0 +1,277 @@
+#include "../Navigation.h"
+
+#include "../ConfigurationFile.h"
+#include "../NavigationStrategy.h"
+#include "FakeSession.h"
+#include "ScopedTempDir.h"
+
+#include <OrvikCore/Controller.h>
+#include <OrvikCore/IViewOp.h>
+#include <OrvikCore/KeyEventArgs.h>
+#include <OrvikCore/MouseButtonEventArgs.h>
+#include <OrvikCore/MouseClickEventArgs.h>
+#include <OrvikCore/MouseEventArgs.h>
+#include <OrvikCore/ViewOpRayPick.h>
+#include <TambVizCore/EntityType.h>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <utility>
+
+namespace {
+
+using OrvikCore::KeyEventArgs;
+using OrvikCore::ModifierKey;
+using OrvikCore::MouseAction;
+using OrvikCore::MouseButton;
+using OrvikCore::MouseGesture;
+using OrvikCore::ViewOpType;
+using Pellux::NavigationAction;
+using Pellux::NavigationTable;
+using TambVizCore::EntityId;
+using TambVizCore::EntityType;
+
+/// Writes the operations down: their type, and the state of drags.
+class OpLog : public OrvikCore::IControllerListener
+{
+public:
+    void ControllerNotify(OrvikCore::IViewOp* op) override
+    {
+        if (op->Type() == ViewOpType::Drag)
+            m_log += "drag" + std::to_string(static_cast<int>(op->State())) + " ";
+        else if (op->Type() == ViewOpType::RayPick)
+            m_log += static_cast<OrvikCore::ViewOpRayPick*>(op)->IsMultiple() ? "add " : "pick ";
+        else if (op->Type() != ViewOpType::MouseMove)
+            m_log += op->ToString() + "; ";
+    }
+    std::string Take() { return std::exchange(m_log, {}); }
+
+private:
+    std::string m_log;
+};
+
+/// A controller with the strategy of one table, in a window of 200 x 100 pixels.
+class TableStrategy : public testing::Test
+{
+protected:
+    TableStrategy() { m_controller.AddListener(&m_log); }
+
+    void use(const NavigationTable& table)
+    {
+        const auto size = [](int& width, int& height) {
+            width = 200;
+            height = 100;
+        };
+        m_controller.SetStrategy(
+            new Pellux::NavigationStrategy(&m_controller, table, size, m_state));
+    }
+    void use(std::size_t preset) { use(Pellux::NavigationPresets()[preset].table); }
+
+    void move(int x, int y, MouseGesture held = {})
+    {
+        OrvikCore::MouseEventArgs event(MouseAction::Moved, x, y, held.buttons, held.modifiers);
+        m_controller.HandleWindowEvent(&event);
+    }
+    void button(bool press, int x, int y, MouseGesture held)
+    {
+        OrvikCore::MouseButtonEventArgs event(held.buttons, press, x, y, held.modifiers);
+        m_controller.HandleWindowEvent(&event);
+    }
+    void key(int number, bool isUp)
+    {
+        KeyEventArgs event(number, isUp, ModifierKey::None);
+        m_controller.HandleWindowEvent(&event);
+    }
+    std::string drag(MouseGesture held, int x1 = 10, int y1 = 10, int x2 = 60, int y2 = 35)
+    {
+        move(x1, y1, {held.modifiers, MouseButton::None});
+        m_log.Take();
+        button(true, x1, y1, held);
+        move(x2, y2, held);
+        button(false, x2, y2, held);
+        return m_log.Take();
+    }
+    std::string click(MouseGesture held)
+    {
+        OrvikCore::MouseClickEventArgs event(held.buttons, 1, 10, 10, held.modifiers);
+        m_controller.HandleWindowEvent(&event);
+        return m_log.Take();
+    }
+
+    OpLog m_log;
+    std::shared_ptr<Pellux::NavigationState> m_state = std::make_shared<Pellux::NavigationState>();
+    OrvikCore::Controller m_controller;
+};
+
+constexpr MouseGesture kLeft = {ModifierKey::None, MouseButton::Selection};
+constexpr MouseGesture kMiddle = {ModifierKey::None, MouseButton::Zoom};
+constexpr MouseGesture kRight = {ModifierKey::None, MouseButton::Menu};
+constexpr MouseGesture kCtrlLeft = {ModifierKey::Ctrl, MouseButton::Selection};
+constexpr MouseGesture kAltLeft = {ModifierKey::Alt, MouseButton::Selection};
+constexpr char kRotate[] =
+    "ViewOpRotate: mouseX = 60 mouseY = 35 prevX = 10 prevY = 10 state = processing; ";
+constexpr char kPan[] = "ViewOpPan: mouseX = 60 mouseY = 35 prevX = 10 prevY = 10; ";
+
+TEST_F(TableStrategy, DoesWhatItsTableSays)
+{
+    use(0);
+    EXPECT_EQ(drag(kLeft), kRotate);
+    EXPECT_EQ(drag(kMiddle), kPan);
+    EXPECT_EQ(drag(kRight), "ViewOpZoom; ");
+    EXPECT_EQ(drag({ModifierKey::Shift, MouseButton::Selection}), "drag1 drag2 drag3 ");
+
+    use(1);
+    EXPECT_EQ(drag(kMiddle), kRotate);
+    EXPECT_EQ(drag(kLeft), "drag1 drag2 drag3 ");
+
+    use(2);
+    EXPECT_EQ(drag(kRight), kRotate);
+    EXPECT_EQ(drag(kMiddle), kPan);
+    EXPECT_EQ(drag({ModifierKey::Alt, MouseButton::Menu}), "");
+}
+
+TEST_F(TableStrategy, ClicksPickAndAdd)
+{
+    for (const std::size_t preset : {0u, 1u, 2u}) {
+        use(preset);
+        EXPECT_EQ(click(kLeft), "pick ");
+        EXPECT_EQ(click(kCtrlLeft), "add ");
+        EXPECT_EQ(click(kRight), "");
+    }
+    use(NavigationTable({{kRight, NavigationAction::Add}}));
+    EXPECT_EQ(click(kRight), "add ");
+}
+
+TEST_F(TableStrategy, HoversAsTheDefaultDoes)
+{
+    use(1);
+    move(5, 6, {ModifierKey::Shift, MouseButton::None});
+
+    EXPECT_EQ(m_log.Take(), "ViewOpHitTest: mouseX = 5 mouseY = 6 useEnhancedMode = false; ");
+}
+
+TEST_F(TableStrategy, WindowZoomPansThenZoomsUntilTheRectangleFillsTheWindow)
+{
+    use(1);
+
+    EXPECT_EQ(drag(kAltLeft, 10, 10, 60, 35),
+              "drag1 drag2 drag4 ViewOpPan: mouseX = 100 mouseY = 50 prevX = 35 prevY = 22; "
+              "ViewOpZoom; ");
+    EXPECT_EQ(drag(kAltLeft, 10, 10, 11, 11), "drag1 drag2 drag4 ");
+}
+
+TEST_F(TableStrategy, EscapeGivesARubberBandUp)
+{
+    use(1);
+    button(true, 10, 10, kLeft);
+    move(60, 35, kLeft);
+    key(KeyEventArgs::kEscape, false);
+    key(KeyEventArgs::kEscape, true);
+    button(false, 60, 35, kLeft);
+    EXPECT_EQ(m_log.Take(), "drag1 drag2 drag4 ");
+
+    key(KeyEventArgs::kEscape, true);
+    EXPECT_EQ(m_log.Take(), "pick "); // The reset, which clears the selection.
+}
+
+TEST_F(TableStrategy, ASecondButtonOrALostReleaseGivesARubberBandUp)
+{
+    use(1);
+    button(true, 10, 10, kLeft);
+    button(true, 10, 10, kMiddle);
+    EXPECT_EQ(m_log.Take(), "drag1 drag4 ");
+    button(false, 10, 10, kMiddle);
+    button(false, 10, 10, kLeft);
+
+    button(true, 10, 10, kLeft);
+    move(20, 20);
+    EXPECT_EQ(m_log.Take(), "drag1 drag4 ");
+}
+
+/// Navigation over a session without a view, read from a configuration file.
+class NavigationChoice : public TableStrategy
+{
+protected:
+    std::wstring read(const std::string& text)
+    {
+        EXPECT_TRUE(m_configuration.AddFile(m_folder.Write("n.toml", text), /*mustExist=*/true));
+        std::wstring error;
+        const bool good = m_navigation.Read(m_configuration, error);
+        EXPECT_EQ(good, error.empty());
+        const std::wstring folder = m_folder.WidePath() + L"/";
+        return error.starts_with(folder) ? error.substr(folder.size()) : error;
+    }
+
+    ScopedTempDir m_folder;
+    Pellux::ConfigurationFile m_configuration;
+    Pellux::Navigation m_navigation;
+};
+
+TEST_F(NavigationChoice, StartsWithTheDefault)
+{
+    m_navigation.Attach(m_controller);
+
+    EXPECT_EQ(m_navigation.GetNavigation(), L"default");
+    EXPECT_EQ(drag(kLeft), kRotate);
+    EXPECT_EQ(m_navigation.ListNavigations(),
+              (std::vector<std::wstring>{L"default", L"left-rotates", L"middle-rotates",
+                                         L"right-rotates"}));
+}
+
+TEST_F(NavigationChoice, ChangesWithTheName)
+{
+    m_navigation.Attach(m_controller);
+
+    EXPECT_TRUE(m_navigation.SetNavigation(L"right-rotates"));
+    EXPECT_EQ(drag(kRight), kRotate);
+    EXPECT_FALSE(m_navigation.SetNavigation(L"custom"));
+    EXPECT_EQ(m_navigation.GetNavigation(), L"right-rotates");
+    EXPECT_TRUE(m_navigation.SetNavigation(L"default"));
+    EXPECT_EQ(drag(kRight), "");
+}
+
+TEST_F(NavigationChoice, RowsOfTheConfigurationLieOverThePreset)
+{
+    EXPECT_EQ(read("[navigation]\npreset = \"middle-rotates\"\nmiddle = \"pan\"\n"
+                   "\"Alt-middle\" = \"rotate\"\n"),
+              L"");
+    m_navigation.Attach(m_controller);
+
+    EXPECT_EQ(m_navigation.GetNavigation(), L"custom");
+    EXPECT_EQ(drag(kMiddle), kPan);
+    EXPECT_EQ(drag({ModifierKey::Alt, MouseButton::Zoom}), kRotate);
+    EXPECT_EQ(drag(kLeft), "drag1 drag2 drag3 ");
+    EXPECT_EQ(m_navigation.ListNavigations().back(), L"custom");
+}
+
+TEST_F(NavigationChoice, ErrorsNameTheLine)
+{
+    EXPECT_EQ(read("[navigation]\nShift = \"pan\"\nleft = \"turn\"\npreset = \"other\"\n"),
+              L"n.toml:4:10: \"other\" is no preset; there are default, left-rotates, "
+              L"middle-rotates and right-rotates\n" +
+                  m_folder.WidePath() +
+                  L"/n.toml:2:9: \"Shift\" names no buttons; examples are left, Ctrl-left and "
+                  L"Ctrl-Shift-left+middle\n" +
+                  m_folder.WidePath() +
+                  L"/n.toml:3:8: \"turn\" is no action; there are rotate, pan, zoom, window-zoom, "
+                  L"select, add and none");
+}
+
+TEST_F(NavigationChoice, AnAddingRubberBandKeepsWhatWasSelected)
+{
+    FakeSession& session = MakeCurrentFakeSession();
+    const EntityId first(1, 0, EntityType::Body);
+    const EntityId second(2, 0, EntityType::Body);
+    m_navigation.SetNavigation(L"middle-rotates");
+    m_navigation.Attach(m_controller);
+    session.SetPickedEntities({first});
+
+    button(true, 10, 10, kCtrlLeft);
+    session.SetPickedEntities({second}); // As a view does at the end of a drag.
+    button(false, 60, 35, kCtrlLeft);
+
+    EXPECT_EQ(session.GetPickedEntities(), (std::vector<EntityId>{first, second}));
+}
+
+} // namespace

@@ -1,0 +1,175 @@
+#include "BatchProcess.h"
+#include "SampleFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace {
+
+/// A run in a window of 960 x 720 pixels with the shortcut Ctrl-f.
+class Input : public testing::Test
+{
+protected:
+    Input() { m_process.Write("input.toml", "[hotkeys]\n\"Ctrl-f\" = \"(view:zoom-all)\"\n"); }
+
+    Outcome run(const std::string& file, const std::string& script) const
+    {
+        return m_process.Run(
+            {"--size", "960x720", "--config", "input.toml", file, "--script",
+             m_process.Write("input.scm", "(view:iso)\n(view:zoom-all)\n" + script)});
+    }
+#ifdef ORVIK_CAD_MODELS
+    /// The generated assembly, under a name that has no folder of the build.
+    std::string assembly() const
+    {
+        std::filesystem::copy_file(std::string(ORVIK_CAD_MODELS) + "/assembly_ap214.step",
+                                   m_process.Folder() / "assembly.step");
+        return "assembly.step";
+    }
+#endif
+
+    BatchProcess m_process;
+};
+
+TEST_F(Input, ActsOnAMeshAsOnASolid)
+{
+    m_process.Write("box.stl", BoxStl(10, 20, 30));
+
+    m_process.ExpectGolden("input-mesh", run("box.stl", "(input:mouse 'move 430 400 \"Shift\")\n"
+                                                        "(sel:highlighted)\n"
+                                                        "(input:click 430 400)\n"
+                                                        "(sel:get)\n"
+                                                        "(input:click 480 280 \"Ctrl-left\")\n"
+                                                        "(sel:get)\n"
+                                                        "(input:key \"Escape\")\n"
+                                                        "(sel:get)\n"
+                                                        "(input:drag 900 700 5 5 \"Shift-left\")\n"
+                                                        "(sel:get)\n"
+                                                        "(view:hide (sel:get))\n"
+                                                        "(input:click 430 400)\n"
+                                                        "(sel:get)\n"
+                                                        "(view:undo)\n"
+                                                        "(input:click 430 400)\n"
+                                                        "(sel:get)\n"
+                                                        "(input:drag 100 100 160 200)\n"
+                                                        "(input:wheel 2 480 360)\n"
+                                                        "(input:key \"Ctrl-f\")\n"
+                                                        "(input:click 480 360)\n"
+                                                        "(sel:get)\n"));
+}
+
+TEST_F(Input, MistakesInTheConfigurationNameTheLine)
+{
+    m_process.Write("wrong.toml", "[hotkeys]\n\"Ctrl-F5\" = \"(a)\"\n\n[navigation]\nleft = "
+                                  "\"turn\"\n");
+
+    m_process.ExpectGolden("input-configuration",
+                           m_process.Run({"--config", "wrong.toml", "--eval", "1"}));
+}
+
+#ifdef ORVIK_CAD_MODELS
+
+const char kNames[] = "(map entity:name (sel:get))\n";
+
+TEST_F(Input, HoversOverAnAssemblyUntilThePointerLeaves)
+{
+    m_process.ExpectGolden("input-hover", run(assembly(), "(input:mouse 'move 340 340 \"Shift\")\n"
+                                                          "(sel:highlighted)\n"
+                                                          "(input:mouse 'move 600 330 \"Shift\")\n"
+                                                          "(sel:highlighted)\n"
+                                                          "(input:mouse 'move 20 20 \"Shift\")\n"
+                                                          "(sel:highlighted)\n"
+                                                          "(input:mouse 'move 340 340 \"Shift\")\n"
+                                                          "(input:mouse 'leave 0 0)\n"
+                                                          "(sel:highlighted)\n"
+                                                          "(sel:get)\n"));
+}
+
+TEST_F(Input, ClicksPickAddAndForget)
+{
+    m_process.ExpectGolden("input-click", run(assembly(), "(input:click 340 340)\n"
+                                                          "(sel:get)\n"
+                                                          "(sel:highlighted)\n"
+                                                          "(input:click 600 300 \"Ctrl-left\")\n"
+                                                          "(sel:get)\n"
+                                                          "(map entity:name (map entity:body "
+                                                          "(sel:get)))\n"
+                                                          "(input:key \"Escape\")\n"
+                                                          "(sel:get)\n"
+                                                          "(input:click 600 330)\n"
+                                                          "(sel:get)\n"
+                                                          "(input:click 20 20)\n"
+                                                          "(sel:get)\n"));
+}
+
+TEST_F(Input, DragsWheelAndHotkeyMoveTheCamera)
+{
+    m_process.ExpectGolden("input-camera", run(assembly(), "(input:drag 100 100 300 130)\n"
+                                                           "(view:camera)\n"
+                                                           "(input:wheel -4 480 360)\n"
+                                                           "(view:camera)\n"
+                                                           "(input:drag 100 100 200 150 "
+                                                           "\"left+middle\")\n"
+                                                           "(view:camera)\n"
+                                                           "(input:key \"Ctrl-f\")\n"
+                                                           "(view:camera)\n"));
+}
+
+TEST_F(Input, RubberBandsSelectWhatTheyEncloseOrTouch)
+{
+    m_process.ExpectGolden(
+        "input-band",
+        run(assembly(), "(input:drag 250 230 430 550 \"Shift-left\")\n" + std::string(kNames) +
+                            "(input:drag 600 500 560 200 \"Shift-left\")\n" + kNames +
+                            "(input:drag 5 5 955 715 \"Shift-left\")\n" + kNames +
+                            "(input:drag 5 5 20 20 \"Shift-left\")\n" + kNames));
+}
+
+TEST_F(Input, MenuHidesARowsBodyUntilTheViewUndoesIt)
+{
+    m_process.ExpectGolden("input-menu",
+                           run(assembly(), "(input:click 340 340)\n"
+                                           "(define plate (entity:body (car (sel:get))))\n"
+                                           "(input:menu \"&Hide node\" plate)\n"
+                                           "(input:click 340 340)\n"
+                                           "(sel:get)\n"
+                                           "(view:undo)\n"
+                                           "(input:click 340 340)\n"
+                                           "(sel:get)\n"
+                                           "(view:redo)\n"
+                                           "(input:menu \"Unhide node\" plate)\n"
+                                           "(input:click 340 340)\n"
+                                           "(sel:get)\n"
+                                           "(input:menu \"Hide node\" (car (sel:get)))\n"));
+}
+
+TEST_F(Input, NavigationChangesWhatTheMouseDoes)
+{
+    m_process.ExpectGolden(
+        "input-navigation",
+        run(assembly(), "(app:navigation)\n"
+                        "(app:navigation \"middle-rotates\")\n"
+                        "(input:click 600 330)\n"
+                        "(input:drag 200 200 430 600 \"Ctrl-left\")\n" +
+                            std::string("(sel:get)\n"
+                                        "(input:drag 280 250 420 540 \"Alt-left\")\n"
+                                        "(view:camera)\n"
+                                        "(input:drag 100 100 200 100 \"middle\")\n"
+                                        "(view:camera)\n"
+                                        "(app:navigation \"left\")\n")));
+}
+
+TEST_F(Input, WaitsForTheEndOfItsForm)
+{
+    m_process.ExpectGolden("input-waits",
+                           run(assembly(), "(begin (input:click 340 340) (sel:get))\n"
+                                           "(sel:get)\n"
+                                           "(begin (input:click 600 330) (error \"stop\"))\n"));
+}
+
+#endif
+
+} // namespace
