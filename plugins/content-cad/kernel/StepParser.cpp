@@ -86,7 +86,7 @@ bool StepParser::parseWord(std::string_view word)
 bool StepParser::Parse()
 {
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-    if (std::string_view(m_at, 3) == kByteOrderMark)
+    if (std::string_view(m_at, static_cast<std::size_t>(m_end - m_at)).starts_with(kByteOrderMark))
         m_at += kByteOrderMark.size();
     return parseWord("ISO-10303-21") && parseHeader() && parseData() &&
            parseWord("END-ISO-10303-21");
