@@ -1,0 +1,90 @@
+#include "JournalFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace {
+
+/// What hands do; the view has 400 by 300 pixels.
+class JournalOfTheMouse : public JournalFixture
+{
+protected:
+    std::string recordInput(const std::vector<std::string>& forms) const
+    {
+        std::vector<std::string> all = {"(view:iso)"};
+        all.insert(all.end(), forms.begin(), forms.end());
+        const Outcome outcome = runForms(all, {"--size", "400x300"});
+        EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+        EXPECT_EQ(journals().size(), 1u);
+        const std::string text = ReadBytes(journals().back());
+        m_process.Write("run.journal.scm", text);
+        return text.substr(text.find("(view:iso)\n") + 11);
+    }
+
+    /// Replays at two sizes.
+    void expectSame(const std::string& picks) const
+    {
+        for (const char* const size : {"400x300", "1000x300"})
+            expectEnd(replay({"--size", size}), 0,
+                      picks + " picks: " + picks + " same, 0 moved, 0 other, 0 gone\n");
+    }
+};
+
+TEST_F(JournalOfTheMouse, HoldsTheCameraAtTheEndOfEachGesture)
+{
+    const std::string text = recordInput(
+        {"(input:drag 100 100 180 140)", "(input:wheel -2 200 150)", "(input:click 5 5)"});
+
+    EXPECT_EQ(text.find("(view:set-camera! '("), 0u) << text;
+    const std::size_t second = text.find("\n(view:set-camera! '(");
+    EXPECT_NE(second, std::string::npos) << text;
+    EXPECT_NE(text.find("\n(sel:set (app:pick-entity "), std::string::npos) << text;
+    EXPECT_TRUE(text.ends_with("\n;= pick nothing\n")) << text;
+    EXPECT_EQ(text.find("input:"), std::string::npos) << text;
+    expectSame("1");
+}
+
+TEST_F(JournalOfTheMouse, HoldsPicksSelectionsAndTheirEnd)
+{
+    const std::string text =
+        recordInput({"(input:click 200 150)", "(input:click 205 120 \"Ctrl-left\")",
+                     "(input:mouse \"move\" 200 150 \"Shift\")", "(input:key \"Escape\")"});
+
+    EXPECT_EQ(text.find("(sel:set (app:pick-entity "), 0u) << text;
+    EXPECT_NE(text.find("\n;= pick face "), std::string::npos) << text;
+    EXPECT_NE(text.find("\n(sel:add (app:pick-entity "), std::string::npos) << text;
+    EXPECT_TRUE(text.ends_with("\n(sel:clear)\n")) << text;
+    expectSame("2");
+}
+
+TEST_F(JournalOfTheMouse, HoldsWhatARubberBandSelects)
+{
+    const std::string text = recordInput({"(input:drag 5 5 395 295 \"Shift-left\")"});
+
+    EXPECT_EQ(text.find("(sel:set (entity:by-id \""), 0u) << text;
+    const auto picks = std::count(text.begin(), text.end(), ';');
+    EXPECT_GE(picks, 1);
+    expectSame(std::to_string(picks));
+}
+
+TEST_F(JournalOfTheMouse, OfTwoHundredEventsIsReplayedWithTheSameEntities)
+{
+    std::string script = "(view:iso)\n";
+    for (int i = 0; i < 50; ++i) {
+        const std::string x = std::to_string(120 + i * 3);
+        const std::string y = std::to_string(90 + (i * 37) % 120);
+        script += "(input:drag " + x + " " + y + " " + std::to_string(150 + i) + " 130)\n" +
+                  "(input:click " + x + " " + y + ")\n(input:wheel " + (i % 2 ? "1" : "-1") +
+                  " 200 150)\n(input:click " + y + " " + y + " \"Ctrl-left\")\n";
+    }
+    m_process.Write("hand.scm", script);
+    m_process.Run({"box.stl", "--size", "400x300", "--script", "hand.scm"});
+    m_process.Write("run.journal.scm", ReadBytes(journals().at(0)));
+
+    expectSame("100");
+}
+
+} // namespace
