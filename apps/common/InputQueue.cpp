@@ -1,11 +1,13 @@
 #include "InputQueue.h"
 
 #include "HotkeyTable.h"
+#include "JournalText.h"
 #include "TreeMenu.h"
 
 #include <OrvikCore/ACamera.h>
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/Controller.h>
+#include <OrvikCore/IApplication.h>
 #include <OrvikCore/ICameraProvider.h>
 #include <OrvikCore/JobDispatcher.h>
 #include <OrvikCore/MessageType.h>
@@ -179,8 +181,13 @@ bool InputQueue::playMenu(const MenuChoice& choice)
         m_ensureTree();
     ASession& session = SessionMgr::Instance().CurrentSession();
     std::wstring reason;
-    if (RunTreeMenuItem(session, choice.item, choice.entity, reason))
+    if (RunTreeMenuItem(session, choice.item, choice.entity, reason)) {
+        const std::wstring form = MenuForm(choice.item, choice.entity);
+        OrvikCore::IApplication* const application = SessionMgr::Instance().GetApplication();
+        if (!form.empty() && application != nullptr)
+            application->RecordCommand(form);
         return true;
+    }
     session.PrintMessage(reason, MessageType::Error);
     return false;
 }

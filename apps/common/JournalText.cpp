@@ -286,4 +286,14 @@ std::wstring CameraForm(const float* eye, const float* target, const float* up)
     return text + L")";
 }
 
+std::wstring MenuForm(const std::wstring& item, const EntityId& entity)
+{
+    std::wstring plain = item;
+    std::erase(plain, L'&');
+    if (plain != L"Hide node" && plain != L"Unhide node")
+        return std::wstring();
+    return std::wstring(plain == L"Hide node" ? L"(view:hide" : L"(view:show") +
+           L" (entity:by-id \"" + EntityWords(entity) + L"\"))";
+}
+
 } // namespace Pellux

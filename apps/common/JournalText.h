@@ -104,6 +104,12 @@ bool AsksOnly(const std::wstring& form, const std::function<bool(const std::stri
 /// @param eye, target, up  float[3] each.
 std::wstring CameraForm(const float* eye, const float* target, const float* up);
 
+/// Writes the form that does what an item of a tree row's context menu does.
+///
+/// @param item  Its text; "&" may be left out.
+/// @return the empty text for an item that no form stands for.
+std::wstring MenuForm(const std::wstring& item, const TambVizCore::EntityId& entity);
+
 /// Writes numbers with a blank before each.
 std::wstring ExactNumbers(const double* numbers, int count);
 

@@ -70,6 +70,24 @@ TEST_F(JournalOfTheMouse, HoldsWhatARubberBandSelects)
     expectSame(std::to_string(picks));
 }
 
+#ifdef ORVIK_CAD_MODELS
+
+TEST_F(JournalOfTheMouse, HoldsWhatAContextMenuHides)
+{
+    m_process.Write("menu.scm",
+                    "(define plate (entity:body (app:pick-face 20 20 50 0 0 -1 0)))\n"
+                    "(input:menu \"&Hide node\" plate)\n(app:pick-face 20 20 50 0 0 -1 0)\n");
+    m_process.Run({SourceFile("examples/bored-plate.step"), "--script", "menu.scm"});
+    const std::string text = ReadBytes(journals().at(0));
+    m_process.Write("run.journal.scm", text);
+
+    EXPECT_NE(text.find("\n(view:hide (entity:by-id \"body "), std::string::npos) << text;
+    EXPECT_TRUE(text.ends_with("\n;= pick nothing\n")) << text;
+    expectEnd(replay(), 0, "2 picks: 2 same, 0 moved, 0 other, 0 gone\n");
+}
+
+#endif
+
 TEST_F(JournalOfTheMouse, OfTwoHundredEventsIsReplayedWithTheSameEntities)
 {
     std::string script = "(view:iso)\n";
