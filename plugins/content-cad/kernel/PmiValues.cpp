@@ -186,7 +186,7 @@ bool agrees(const FileEntry& entry, double number)
 /// @param number  What the kernel read; none where it read nothing.
 /// @return the next entry of that name and number; null when there is none.
 const FileEntry* nextOf(const std::vector<FileEntry>& entries, std::size_t& position,
-                        const std::wstring& name, std::optional<double> number)
+                        const std::wstring& name, const std::optional<double>& number)
 {
     for (std::size_t i = position; i < entries.size(); ++i) {
         if (entries[i].name != name || (number && !agrees(entries[i], *number)))
