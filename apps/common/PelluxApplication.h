@@ -66,7 +66,7 @@ private:
     explicit PelluxApplication(const HostKind& kind);
 
     HostKind m_kind;
-    Recorder m_recorder; ///< May be empty.
+    Recorder m_recorder;                            ///< May be empty.
     OrvikCore::IInputQueue* m_inputQueue = nullptr; ///< Not owned.
     OrvikCore::INavigation* m_navigation = nullptr; ///< Not owned.
     bool m_paused = false;

@@ -62,8 +62,8 @@ struct PickResult
 ///
 /// A vertex within the aperture wins over an edge, an edge over a face, unless a face hides it: it
 /// may lie behind the nearest face by at most the aperture there. Geometries without an index are
-/// not hit. A ray of zero direction hits nothing. Of equally near ones that of the first instance is
-/// found. Every instance costs a look at its box, whatever lies behind the hit nothing more; for
+/// not hit. A ray of zero direction hits nothing. Of equally near ones that of the first instance
+/// is found. Every instance costs a look at its box, whatever lies behind the hit nothing more; for
 /// thousands of instances a tree over their boxes finds the few to hand over.
 ///
 /// @return false, with @p result untouched, when nothing is hit.
