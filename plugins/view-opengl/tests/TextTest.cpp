@@ -1,5 +1,7 @@
+#include "GlContext.h"
 #include "Shapes.h"
 #include "ViewTest.h"
+#include "text/TextLabels.h"
 #include "text/TextRaster.h"
 
 #include <TambVizCore/Node.h>
@@ -173,6 +175,38 @@ TEST_F(TextPicture, LabelsAreCleared)
     int left, top, right, bottom;
 
     EXPECT_EQ(greenPixels(left, top, right, bottom), 0);
+}
+
+TEST(TextLabels, TextureOfALabelThatGoesWaitsForTheContext)
+{
+    std::string errorText;
+    const auto context = GlContext::Create(errorText);
+    if (context == nullptr)
+        GTEST_SKIP() << "no picture can be drawn on this machine: " << errorText;
+    TextLabels labels;
+    Projection projection;
+    for (int i = 0; i < 4; ++i)
+        projection.view[5 * i] = projection.projection[5 * i] = 1.0;
+    labels.Add(1, makeItem(true, 10.0f));
+    GLuint texture = 0;
+    {
+        const GlContext::Current current(*context);
+        labels.Draw(projection, 64, 64, 1.0);
+        GLint bound = 0;
+        glGetIntegerv(GL_TEXTURE_BINDING_2D, &bound);
+        texture = static_cast<GLuint>(bound);
+        ASSERT_TRUE(glIsTexture(texture));
+    }
+    // No context is current now, or it is somebody else's.
+    labels.Remove(1);
+    EXPECT_EQ(labels.TextureCount(), 1u);
+    const GlContext::Current current(*context);
+    EXPECT_TRUE(glIsTexture(texture));
+    labels.Draw(projection, 64, 64, 1.0);
+
+    EXPECT_EQ(labels.TextureCount(), 0u);
+    EXPECT_FALSE(glIsTexture(texture));
+    labels.ClearGraphics();
 }
 
 } // namespace

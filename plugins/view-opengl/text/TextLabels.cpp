@@ -61,12 +61,32 @@ TextLabels::~TextLabels() = default;
 
 void TextLabels::Add(std::uint64_t id, const TextItem3D& item)
 {
-    m_labels.insert_or_assign(id, Label{.item = item, .texture = {}});
+    drop(id);
+    m_labels.emplace(id, Label{.item = item, .texture = {}});
 }
 
 void TextLabels::Remove(std::uint64_t id)
 {
-    m_labels.erase(id);
+    drop(id);
+}
+
+/// Takes a label out; its texture waits for the context.
+void TextLabels::drop(std::uint64_t id)
+{
+    const auto found = m_labels.find(id);
+    if (found == m_labels.end())
+        return;
+    if (found->second.texture)
+        m_dropped.push_back(std::move(found->second.texture));
+    m_labels.erase(found);
+}
+
+std::size_t TextLabels::TextureCount() const
+{
+    const auto kept = std::count_if(m_labels.begin(), m_labels.end(), [](const auto& entry) {
+        return static_cast<bool>(entry.second.texture);
+    });
+    return m_dropped.size() + static_cast<std::size_t>(kept);
 }
 
 void TextLabels::SetVisible(std::uint64_t id, bool visible)
@@ -94,6 +114,7 @@ TambVizCore::VizBox TextLabels::Bounds(const double* view) const
 
 void TextLabels::ClearGraphics()
 {
+    m_dropped.clear();
     for (auto& [id, label] : m_labels) {
         label.texture = GlTexture();
         label.drawnPixels = 0;
@@ -162,6 +183,7 @@ bool TextLabels::prepareTexture(Label& label, int capitalPixels)
 
 void TextLabels::Draw(const Projection& projection, int width, int height, double pixelScale)
 {
+    m_dropped.clear();
     if (m_labels.empty() || !prepareProgram())
         return;
     glActiveTexture(GL_TEXTURE0);

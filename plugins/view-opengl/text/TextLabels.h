@@ -8,6 +8,7 @@
 #include <OrvikCore/TextItem3D.h>
 #include <TambVizCore/VizBox.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <vector>
@@ -26,6 +27,9 @@ public:
 
     TextLabels(const TextLabels&) = delete;
     TextLabels& operator=(const TextLabels&) = delete;
+
+    // These three need no context: what a label has in graphics memory is given back by the next
+    // Draw() or ClearGraphics().
 
     /// @param id  tells labels apart; one that is there already is replaced.
     void Add(std::uint64_t id, const OrvikCore::TextItem3D& item);
@@ -46,6 +50,9 @@ public:
     /// Forgets everything in graphics memory. The context is current.
     void ClearGraphics();
 
+    /// @return how many textures are kept, those that wait to be given back included.
+    std::size_t TextureCount() const;
+
 private:
     struct Label
     {
@@ -58,12 +65,14 @@ private:
         GlTexture texture;
     };
 
+    void drop(std::uint64_t id);
     bool prepareProgram();
     bool prepareTexture(Label& label, int capitalPixels);
     void drawLabel(Label& label, const Projection& projection, int width, int height,
                    double pixelScale);
 
     std::map<std::uint64_t, Label> m_labels;
+    std::vector<GlTexture> m_dropped; ///< Of labels that have gone.
     TextRaster m_raster;
     GlProgram m_program;
     bool m_programFailed = false;
