@@ -6,6 +6,7 @@ build_packages="g++ cmake ninja-build pkg-config
     guile-3.0-dev libfast-float-dev libcli11-dev libtomlplusplus-dev libembree-dev
     rapidjson-dev libassimp-dev
     libfreetype-dev libfontconfig-dev fonts-dejavu-core
+    qt6-base-dev libqt6opengl6-dev
     libocct-foundation-dev libocct-modeling-data-dev libocct-modeling-algorithms-dev
     libocct-ocaf-dev libocct-data-exchange-dev"
 test_packages="libgtest-dev libgmock-dev"

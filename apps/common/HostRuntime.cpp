@@ -96,6 +96,8 @@ StartResult HostRuntime::Start(const StartOptions& options, std::wstring& errorT
     SessionMgr::Instance().Activate();
     if (!createSession(options, errorText))
         return StartResult::NoView;
+    if (options.sessionReady)
+        options.sessionReady();
     if (!startEngine(options, errorText))
         return StartResult::NoEngine;
     startJournal(options);

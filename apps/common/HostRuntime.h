@@ -12,6 +12,7 @@
 #include <OrvikCore/AMenuTemplate.h>
 #include <TambCommandsInfra/CallGate.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -43,6 +44,9 @@ struct StartOptions
     PostedOutput::Show output;        ///< Shows what the session prints. Main thread.
     PostedOutput::Show pluginMessage; ///< Shows what plugins report while they load.
     OrvikCore::IJobStatusObserver* jobObserver = nullptr; ///< Told of failed jobs; not owned.
+    /// Called once the session, its view and tree are there and before the first job runs: a host
+    /// with windows makes them here. May be empty.
+    std::function<void()> sessionReady;
 };
 
 /// Why a host cannot start.

@@ -1,0 +1,107 @@
+#include "runtime/CommandRunner.h"
+
+#include "runtime/QtText.h"
+
+#include <OrvikCore/JobDispatcher.h>
+#include <OrvikCore/KeyEventArgs.h>
+#include <OrvikCore/MessageType.h>
+#include <OrvikOs/MsgWait.h>
+#include <TambCommandsInfra/CancelToken.h>
+#include <TambVizCore/Utils.h>
+
+#include <HostRuntime.h>
+#include <ScriptRunner.h>
+
+namespace Pellux {
+
+CommandRunner::Scope::Scope(CommandRunner& runner) : m_runner(runner)
+{
+    m_runner.m_isRunning = true;
+    m_runner.m_isCancelled = false;
+    Q_EMIT m_runner.BusyChanged(true);
+}
+
+CommandRunner::Scope::~Scope()
+{
+    // A job has ended for whoever waited for it a moment before the worker is idle.
+    while (OrvikCore::JobDispatcher::Instance().IsBusy())
+        OrvikOs::ServeWakeSources();
+    m_runner.m_host.DrainOutput();
+    m_runner.m_isRunning = false;
+    Q_EMIT m_runner.BusyChanged(false);
+    Q_EMIT m_runner.StateChanged();
+}
+
+CommandRunner::CommandRunner(HostRuntime& host) : m_host(host) {}
+
+CommandRunner::~CommandRunner() = default;
+
+bool CommandRunner::Run(const QString& text, const QString& source)
+{
+    if (IsBusy())
+        return false;
+    const Scope scope(*this);
+    return runForms(text, source);
+}
+
+bool CommandRunner::RunFile(const QString& path)
+{
+    std::wstring text;
+    if (TambVizCore::Utils::GetFileContents(FromQt(path), text))
+        return Run(ToQt(text), path);
+    Print(QStringLiteral("Failed to read script file : ") + path,
+          static_cast<int>(OrvikCore::MessageType::Error));
+    return false;
+}
+
+bool CommandRunner::runForms(const QString& text, const QString& source)
+{
+    ScriptRunner runner(
+        m_host.GetShell(),
+        [this](const std::wstring& form) {
+            m_host.EndGesture();
+            m_host.DrainOutput();
+            if (m_isCancelled)
+                return false;
+            Q_EMIT Echoed(ToQt(form));
+            return true;
+        },
+        [this] { return playInput(); });
+    return runner.RunText(FromQt(text), FromQt(source));
+}
+
+bool CommandRunner::playInput()
+{
+    return m_host.GetInput().Play({[this] { return !m_isCancelled; },
+                                   [this](const std::wstring& script, const std::wstring& source) {
+                                       return runForms(ToQt(script), ToQt(source));
+                                   }});
+}
+
+void CommandRunner::PlayKey(const OrvikCore::KeyEventArgs& key)
+{
+    RunOther([this, &key] {
+        m_host.GetInput().PostKey(key);
+        playInput();
+    });
+}
+
+bool CommandRunner::IsBusy() const
+{
+    return m_isRunning || OrvikCore::JobDispatcher::Instance().IsBusy();
+}
+
+void CommandRunner::Cancel()
+{
+    if (!m_isRunning)
+        return;
+    m_isCancelled = true;
+    TambCommandsInfra::CancelToken::Instance().CancelCurrent();
+}
+
+void CommandRunner::Print(const QString& text, int messageType)
+{
+    Q_EMIT Printed(text, messageType);
+}
+
+} // namespace Pellux

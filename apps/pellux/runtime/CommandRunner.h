@@ -1,0 +1,104 @@
+#ifndef PELLUX_RUNTIME_COMMANDRUNNER_H
+#define PELLUX_RUNTIME_COMMANDRUNNER_H
+
+#include <QObject>
+#include <QString>
+
+namespace OrvikCore {
+class KeyEventArgs;
+} // namespace OrvikCore
+
+namespace Pellux {
+
+class HostRuntime;
+
+/// The one way from a menu, a key, a button or the console to what happens: script text, run by the
+/// shell as jobs, one top-level form after the other, each echoed before it runs.
+///
+/// What the script has asked of mouse and keys is played after each form. Results, output and
+/// errors reach the session's listeners; see Printed(). @thread Main thread.
+class CommandRunner final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @param host  Not owned; started before the first Run() and stopped after the last.
+    explicit CommandRunner(HostRuntime& host);
+    ~CommandRunner() override;
+
+    CommandRunner(const CommandRunner&) = delete;
+    CommandRunner& operator=(const CommandRunner&) = delete;
+
+    /// Runs every form of a text until one fails. Waits for the end while windows stay alive; what
+    /// is typed meanwhile is held. Nothing while something runs.
+    ///
+    /// @param text    Script text.
+    /// @param source  Named in error messages: "console", "menu" or a file.
+    /// @return true when every form ran without an error; false also while something runs.
+    bool Run(const QString& text, const QString& source = QStringLiteral("menu"));
+
+    /// Runs a script file.
+    bool RunFile(const QString& path);
+
+    /// Runs something that is no script but waits for the worker too, such as a mouse click on the
+    /// view, with the same care: busy meanwhile, output shown afterwards. Nothing while something
+    /// runs.
+    template <typename Function> void RunOther(Function&& function)
+    {
+        if (IsBusy())
+            return;
+        const Scope scope(*this);
+        function();
+    }
+
+    /// Hands a key to the hotkeys of the configuration or to the view. Nothing while something
+    /// runs.
+    void PlayKey(const OrvikCore::KeyEventArgs& key);
+
+    /// Tells whether something runs, or the worker is not idle yet.
+    bool IsBusy() const;
+
+    /// Asks for the end of what runs; also of the forms behind it.
+    void Cancel();
+
+    /// Shows what was printed so far; for the host's own output. Called by the session's listener.
+    void Print(const QString& text, int messageType);
+
+Q_SIGNALS:
+    /// Something begins or has ended to run. Actions that change something are off meanwhile.
+    void BusyChanged(bool isBusy);
+
+    /// A form is about to run.
+    void Echoed(const QString& form);
+
+    /// Something was printed.
+    /// @param messageType  A value of OrvikCore::MessageType.
+    void Printed(const QString& text, int messageType);
+
+    /// A script or a click has ended: what is loaded, shown, picked and selected may be another.
+    void StateChanged();
+
+private:
+    class Scope
+    {
+    public:
+        explicit Scope(CommandRunner& runner);
+        ~Scope();
+        Scope(const Scope&) = delete;
+        Scope& operator=(const Scope&) = delete;
+
+    private:
+        CommandRunner& m_runner;
+    };
+
+    bool runForms(const QString& text, const QString& source);
+    bool playInput();
+
+    HostRuntime& m_host;
+    bool m_isRunning = false;
+    bool m_isCancelled = false; ///< What runs now is not to go on.
+};
+
+} // namespace Pellux
+
+#endif

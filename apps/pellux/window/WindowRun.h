@@ -1,0 +1,73 @@
+#ifndef PELLUX_WINDOW_WINDOWRUN_H
+#define PELLUX_WINDOW_WINDOWRUN_H
+
+#include "runtime/CommandRunner.h"
+#include "runtime/HeldInput.h"
+#include "runtime/QtMessageSource.h"
+
+#include <HostRuntime.h>
+
+#include <QStringList>
+#include <QTimer>
+#include <memory>
+#include <string>
+
+namespace Pellux {
+
+class MainWindow;
+
+/// What the command line asks of the window.
+struct WindowOptions
+{
+    QStringList files; ///< Models; the second and later ones are added.
+    QStringList scripts;
+    std::wstring configurationFile; ///< A further one; empty for none.
+    std::string cameraName;         ///< "CameraYUp" or "CameraZUp"; empty for the view's own.
+    bool useConfiguration = true;
+    bool runStartupScripts = true;
+    bool withJournal = true;
+};
+
+/// One run of the program with a window: starts, shows, stops. The application object of Qt exists
+/// before it and outlives it. @thread Main thread.
+class WindowRun
+{
+public:
+    explicit WindowRun(const WindowOptions& options);
+
+    /// Stops what was started.
+    ~WindowRun();
+
+    WindowRun(const WindowRun&) = delete;
+    WindowRun& operator=(const WindowRun&) = delete;
+
+    /// Starts everything and shows the window.
+    /// @param errorText  Receives the reason on false.
+    bool Start(std::wstring& errorText);
+
+    /// Does what the command line asks for; call once the window is shown.
+    void RunCommandLine();
+
+    /// Stops; the window is gone afterwards. May be called more than once.
+    /// @return the exit code of the program.
+    int Stop();
+
+    CommandRunner& Runner() { return m_runner; }
+    HostRuntime& Host() { return m_host; }
+
+    /// @return null before Start() and after Stop(). Not owned.
+    MainWindow* Window() { return m_window.get(); }
+
+private:
+    WindowOptions m_options;
+    HeldInput m_held;
+    QtMessageSource m_source;
+    HostRuntime m_host;
+    CommandRunner m_runner;
+    std::unique_ptr<MainWindow> m_window;
+    QTimer m_gateTimer; ///< Between waits nobody else serves the gate.
+};
+
+} // namespace Pellux
+
+#endif
