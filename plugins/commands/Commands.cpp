@@ -13,6 +13,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterDrawingCommands(table);
     RegisterEntityCommands(table);
     RegisterEntityMeasureCommands(table);
+    RegisterExplodeCommand(table);
     RegisterHighlightCommand(table);
     RegisterInputCommands(table);
     RegisterJournalCommands(table);

@@ -17,6 +17,7 @@ void RegisterDocumentTreeCommand(TambCommandsInfra::CommandTable& table);
 void RegisterDrawingCommands(TambCommandsInfra::CommandTable& table);
 void RegisterEntityCommands(TambCommandsInfra::CommandTable& table);
 void RegisterEntityMeasureCommands(TambCommandsInfra::CommandTable& table);
+void RegisterExplodeCommand(TambCommandsInfra::CommandTable& table);
 void RegisterHighlightCommand(TambCommandsInfra::CommandTable& table);
 void RegisterInputCommands(TambCommandsInfra::CommandTable& table);
 void RegisterJournalCommands(TambCommandsInfra::CommandTable& table);

@@ -175,7 +175,8 @@ Command stepCommand(const std::string& word, Step step, const std::string& summa
     command.resultHelp = "#f when there is no such step";
     command.summary = summary;
     command.help =
-        "Steps are hiding, showing, isolating and making transparent, by script or menu.";
+        "Steps are hiding, showing, isolating, exploding and making transparent, by script or "
+        "menu.";
     command.example = "(" + command.name + ")";
     command.effect = CommandEffect::Changes;
     command.handler = [step](const Arguments&) {

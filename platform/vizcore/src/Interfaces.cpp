@@ -1,6 +1,7 @@
 #include "TambVizCore/AView3DAdapterFactory.h"
 #include "TambVizCore/IGeometryIndex.h"
 #include "TambVizCore/IHighlightStrategy.h"
+#include "TambVizCore/IIdPictureProvider.h"
 #include "TambVizCore/IRendererReportProvider.h"
 #include "TambVizCore/IView3D.h"
 #include "TambVizCore/IViewAttribute.h"
@@ -13,6 +14,7 @@ AView3DAdapterFactory::AView3DAdapterFactory() = default;
 AView3DAdapterFactory::~AView3DAdapterFactory() = default;
 IGeometryIndex::~IGeometryIndex() = default;
 IHighlightStrategy::~IHighlightStrategy() = default;
+IIdPictureProvider::~IIdPictureProvider() = default;
 IRendererReportProvider::~IRendererReportProvider() = default;
 IView3D::~IView3D() = default;
 IViewAttribute::~IViewAttribute() = default;

@@ -133,11 +133,43 @@ RenderId Node::GetRenderId() const
 
 void Node::SetTransform(const double* matrix)
 {
-    if (std::equal(matrix, matrix + 16, m_transform)) {
+    double home[16];
+    GetHomeTransform(home);
+    if (std::equal(matrix, matrix + 16, home)) {
         return;
     }
     std::copy(matrix, matrix + 16, m_transform);
+    std::copy(matrix + 12, matrix + 15, m_homePlace);
+    for (int i = 0; i < 3; ++i) {
+        m_transform[12 + i] += m_displacement[i];
+    }
     touch(Change::Transform);
+}
+
+void Node::GetHomeTransform(double* matrix) const
+{
+    std::copy(m_transform, m_transform + 16, matrix);
+    std::copy(m_homePlace, m_homePlace + 3, matrix + 12);
+}
+
+void Node::SetDisplacement(const double* displacement)
+{
+    const bool isFinite = std::all_of(displacement, displacement + 3,
+                                      [](double length) { return std::isfinite(length); });
+    if (!isFinite || std::equal(displacement, displacement + 3, m_displacement)) {
+        return;
+    }
+    for (int i = 0; i < 3; ++i) {
+        m_displacement[i] = displacement[i];
+        m_transform[12 + i] = m_homePlace[i] + displacement[i];
+    }
+    touch(Change::Transform);
+    AdvanceVisibilityStamp();
+}
+
+bool Node::IsDisplaced() const
+{
+    return m_displacement[0] != 0.0 || m_displacement[1] != 0.0 || m_displacement[2] != 0.0;
 }
 
 void Node::GetWorldTransform(double* matrix) const

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <stdexcept>
 #include <string>
@@ -529,6 +530,57 @@ TEST(GeoNode, KeepsItsCategory)
 
     EXPECT_EQ(node.GetCategory(), GeoNode::Category::PMI);
     EXPECT_GT(node.Stamps().appearance, 0u);
+}
+
+TEST_F(Scene, DisplacedNodesAreShownAwayFromHome)
+{
+    const double away[3] = {0.5, 0, 100};
+    group->SetDisplacement(away);
+
+    EXPECT_TRUE(group->IsDisplaced());
+    EXPECT_EQ(group->Transform()[12], 10.5);
+    EXPECT_EQ(group->Transform()[14], 100.0);
+    EXPECT_EQ(body->WorldBounds().Lo()[2], 100.0f);
+    double home[16];
+    group->GetHomeTransform(home);
+    EXPECT_TRUE(std::equal(home, home + 16, kMove));
+}
+
+TEST_F(Scene, DisplacementEndsWhereTheNodeWasToTheLastBit)
+{
+    const double place[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0.1, 1e20, 1.0 / 3, 1};
+    const double away[3] = {1e30, 12345.678, 1e-9};
+    const double none[3] = {0, 0, 0};
+    group->SetTransform(place);
+    group->SetDisplacement(away);
+    group->SetDisplacement(none);
+
+    EXPECT_FALSE(group->IsDisplaced());
+    EXPECT_TRUE(std::equal(place, place + 16, group->Transform()));
+}
+
+TEST_F(Scene, TransformOfADisplacedNodeIsWhereItBelongs)
+{
+    const double away[3] = {0, 0, 100};
+    group->SetDisplacement(away);
+    const std::uint64_t before = group->Stamps().transform;
+    group->SetTransform(kMove);
+    EXPECT_EQ(group->Stamps().transform, before);
+    group->SetTransform(kDouble);
+
+    EXPECT_GT(group->Stamps().transform, before);
+    EXPECT_EQ(group->Transform()[0], 2.0);
+    EXPECT_EQ(group->Transform()[12], 0.0);
+    EXPECT_EQ(group->Transform()[14], 100.0);
+}
+
+TEST_F(Scene, DisplacementThatIsNotFiniteIsIgnored)
+{
+    const double nowhere[3] = {0, std::numeric_limits<double>::infinity(), 0};
+    group->SetDisplacement(nowhere);
+
+    EXPECT_FALSE(group->IsDisplaced());
+    EXPECT_EQ(group->Transform()[13], 0.0);
 }
 
 TEST(Node, OpacityStaysFromZeroToOneAndIsAChangeOfAppearance)

@@ -1,5 +1,6 @@
 #include "TestGeometry.h"
 
+#include <TambVizCore/AttributeDisplacement.h>
 #include <TambVizCore/AttributeOpacity.h>
 #include <TambVizCore/AttributeVisibility.h>
 #include <TambVizCore/GeoNode.h>
@@ -223,6 +224,34 @@ TEST(SelectionHolder, MarksASceneThatComesLater)
     holder.SetSceneRoot(&root);
 
     EXPECT_TRUE(node->IsHighlighted());
+}
+
+using AttributeDisplacementTest = MarkedScene;
+
+TEST_F(AttributeDisplacementTest, MovesEachNodeByItsOwnAndBringsItBack)
+{
+    const auto former = AttributeDisplacement({{bodyId, {1, 2, 3}}}).ApplyTo(root, bodyId);
+
+    EXPECT_EQ(body->Displacement()[2], 3.0);
+    ASSERT_NE(former, nullptr);
+    former->ApplyTo(root, bodyId);
+    EXPECT_FALSE(body->IsDisplaced());
+}
+
+TEST_F(AttributeDisplacementTest, WhatIsNotListedGoesHome)
+{
+    const AttributeDisplacement attribute({{bodyId, {1, 2, 3}}});
+    attribute.ApplyTo(root, bodyId);
+    const auto former = AttributeDisplacement({}).ApplyTo(root, bodyId);
+
+    EXPECT_FALSE(body->IsDisplaced());
+    former->ApplyTo(root, bodyId);
+    EXPECT_EQ(body->Displacement()[0], 1.0);
+}
+
+TEST_F(AttributeDisplacementTest, UnknownIdGivesNothing)
+{
+    EXPECT_EQ(AttributeDisplacement({}).ApplyTo(root, RenderId(1)), nullptr);
 }
 
 using AttributeOpacityTest = MarkedScene;

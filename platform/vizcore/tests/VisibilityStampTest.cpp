@@ -30,6 +30,15 @@ TEST(VisibilityStamp, AdvancesWhenNodesAreShownHiddenAddedOrRemoved)
     EXPECT_TRUE(advances([&] { root.RemoveChild(2); }));
 }
 
+TEST(VisibilityStamp, AdvancesWhenNodesAreDisplaced)
+{
+    Node node(1);
+    const double away[3] = {0, 1, 0};
+
+    EXPECT_TRUE(advances([&] { node.SetDisplacement(away); }));
+    EXPECT_FALSE(advances([&] { node.SetDisplacement(away); }));
+}
+
 TEST(VisibilityStamp, AdvancesWhenPartsAreShownOrHidden)
 {
     GeoNode node(1);

@@ -9,9 +9,6 @@
 #include <OrvikOs/Snapshot.h>
 #include <TambVizCore/PartKind.h>
 
-#include <OrvikRay/InstanceTree.h>
-
-#include <cstddef>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -26,8 +23,9 @@ namespace OrvikModel {
 /// Answers the picks of a content. Parts and index of a shape are made when a ray meets its box for
 /// the first time.
 ///
-/// What is hidden or cut away in the scene is not hit. The picker keeps a copy of that state, which
-/// crosses the call gate again only after something has changed: a loop of picks never does.
+/// What is hidden or cut away in the scene is not hit, and what is displaced there is hit where it
+/// is shown. The picker keeps a copy of that state, which crosses the call gate again only after
+/// something has changed: a loop of picks never does.
 ///
 /// @thread  Any thread, any number at the same time.
 class ModelPicker
@@ -51,14 +49,14 @@ public:
                    std::vector<OrvikCore::LineHit>& hits) const;
 
 private:
-    void prepare() const;
+    /// @return the shapes where the model has them.
+    const PlacedInstances& atHome() const;
     std::shared_ptr<const Visibility> visibility() const;
 
     std::shared_ptr<const Model> m_model;
     std::shared_ptr<const SceneLink> m_link;
     mutable std::once_flag m_prepareOnce;
-    mutable std::vector<ModelInstance> m_instances; ///< Written once under m_prepareOnce.
-    mutable OrvikRay::InstanceTree m_tree;          ///< Likewise; over the boxes of m_instances.
+    mutable std::shared_ptr<const PlacedInstances> m_home; ///< Written once under m_prepareOnce.
     mutable OrvikOs::Snapshot<Visibility> m_visibility;
 };
 

@@ -4,8 +4,10 @@
 #include <TambVizCore/GeoNode.h>
 #include <TambVizCore/IView3D.h>
 #include <TambVizCore/RenderingOptions.h>
+#include <TambVizCore/VizBox.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace OrvikModel {
 
@@ -42,25 +44,33 @@ public:
 
     void Run(const Node& contentNode)
     {
-        std::vector<const Node*> open;
+        struct Open
+        {
+            const Node* node;
+            bool isDisplaced; ///< Itself or a node above it.
+        };
+        std::vector<Open> open;
         if (contentNode.IsVisibleInScene())
-            open.push_back(&contentNode);
+            open.push_back({&contentNode, contentNode.IsDisplaced()});
         while (!open.empty()) {
-            const Node& node = *open.back();
+            const auto [node, isDisplaced] = open.back();
             open.pop_back();
-            if (const GeoNode* geo = node.AsGeoNode())
-                see(*geo);
-            for (std::size_t i = 0; i < node.ChildCount(); ++i)
-                if (node.ChildAt(i)->IsVisible())
-                    open.push_back(node.ChildAt(i));
+            if (const GeoNode* geo = node->AsGeoNode())
+                see(*geo, isDisplaced);
+            for (std::size_t i = 0; i < node->ChildCount(); ++i)
+                if (const Node* child = node->ChildAt(i); child->IsVisible())
+                    open.push_back({child, isDisplaced || child->IsDisplaced()});
         }
         const auto& hidden = m_visibility.hidden;
         if (std::find(hidden.begin(), hidden.end(), true) == hidden.end())
             m_visibility.hidden.clear();
+        auto& displaced = m_visibility.displaced;
+        std::sort(displaced.begin(), displaced.end(),
+                  [](const auto& a, const auto& b) { return a.instance < b.instance; });
     }
 
 private:
-    void see(const GeoNode& node)
+    void see(const GeoNode& node, bool isDisplaced)
     {
         const auto found = std::lower_bound(m_instances.begin(), m_instances.end(), node.Id(),
                                             [](const ModelInstance& instance, std::uint64_t id) {
@@ -71,6 +81,10 @@ private:
             return;
         const auto position = static_cast<std::size_t>(found - m_instances.begin());
         m_visibility.hidden[position] = false;
+        if (isDisplaced)
+            node.GetWorldTransform(
+                m_visibility.displaced.emplace_back(Visibility::Displaced{position, {}})
+                    .world.data());
         const auto states = node.PartStates();
         if (std::any_of(states.begin(), states.end(),
                         [](const PartState& state) { return !state.Has(PartState::kShown); }))
@@ -83,6 +97,18 @@ private:
 };
 
 } // namespace
+
+std::shared_ptr<const PlacedInstances> PlaceInstances(std::vector<ModelInstance> instances)
+{
+    std::vector<TambVizCore::VizBox> boxes;
+    boxes.reserve(instances.size());
+    for (const ModelInstance& instance : instances)
+        boxes.push_back(instance.node->shape->BoundingBox().Transformed(instance.world));
+    auto placed = std::make_shared<PlacedInstances>();
+    placed->tree = OrvikRay::InstanceTree(boxes);
+    placed->instances = std::move(instances);
+    return placed;
+}
 
 std::span<const PartState> Visibility::StatesOf(std::size_t instance,
                                                 const TambVizCore::Geometry& geometry) const

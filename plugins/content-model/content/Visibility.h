@@ -7,6 +7,9 @@
 #include <TambVizCore/Geometry.h>
 #include <TambVizCore/PartState.h>
 
+#include <OrvikRay/InstanceTree.h>
+
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -30,10 +33,29 @@ struct ModelInstance
     double world[16];                ///< Column-major.
 };
 
-/// What of a model could be seen at one moment: a copy of what the scene says, for picks on the
-/// worker.
+/// The shapes of a model where they stand at one moment, in a tree over their boxes.
+struct PlacedInstances
+{
+    std::vector<ModelInstance> instances; ///< In the order of their nodes' numbers.
+    OrvikRay::InstanceTree tree;
+};
+
+/// @return the instances (transferred in) with a tree over them.
+std::shared_ptr<const PlacedInstances> PlaceInstances(std::vector<ModelInstance> instances);
+
+/// What of a model could be seen at one moment, and where: a copy of what the scene says, for picks
+/// on the worker.
 struct Visibility
 {
+    /// A shape that is shown away from where the model has it.
+    struct Displaced
+    {
+        bool operator==(const Displaced& other) const = default;
+
+        std::size_t instance = 0;
+        std::array<double, 16> world{}; ///< Column-major.
+    };
+
     /// The states of an instance's parts, some of them hidden.
     struct Mask
     {
@@ -51,6 +73,9 @@ struct Visibility
     std::vector<bool> hidden; ///< By instance; empty when nothing is hidden.
     std::unordered_map<std::size_t, Mask> masks; ///< By instance.
     std::vector<TambVizCore::ClipPlane> planes;  ///< World units.
+    std::vector<Displaced> displaced;            ///< By instance, ascending; what is hidden is not.
+    /// The instances with those that are displaced; null when none is. Set by ModelPicker.
+    std::shared_ptr<const PlacedInstances> placed;
 };
 
 /// Copies what a view says of the instances of a model. What has no scene node is hidden.

@@ -119,6 +119,59 @@ TEST_F(ModelPickTest, HiddenNodesAreNotHit)
     EXPECT_TRUE(pick(down(0.5f, 0.4f)));
 }
 
+TEST_F(ModelPickTest, DisplacedNodesAreHitWhereTheyAreShown)
+{
+    ASSERT_TRUE(pick(down(2.5f, 0.4f)));
+    const double away[3] = {0.0, 5.0, 0.0};
+    sceneNode(2).SetDisplacement(away);
+    m_hit.Clear();
+
+    EXPECT_FALSE(pick(down(2.5f, 0.4f)));
+    ASSERT_TRUE(pick(down(2.5f, 5.4f)));
+    EXPECT_EQ(m_hit, entityOf(1, MakePartId(PartKind::Face, 5)));
+    ASSERT_TRUE(m_content.RayPickKind(down(2.0f, 5.5f, 0.1), PartKind::Edge, m_hit));
+    EXPECT_EQ(m_hit.Value(), 2u);
+    EXPECT_TRUE(pick(down(0.5f, 0.4f)));
+}
+
+TEST_F(ModelPickTest, LinesMeetDisplacedNodesWhereTheyAreShownOrWhereTheyBelong)
+{
+    const double away[3] = {0.0, 5.0, 2.0};
+    sceneNode(2).SetDisplacement(away);
+
+    EXPECT_TRUE(intersect(2.5, 0.4).empty());
+    EXPECT_EQ(intersect(2.5, 0.4, /*visibleOnly=*/false).size(), 2u);
+    const std::vector<LineHit> hits = intersect(2.5, 5.4);
+    ASSERT_EQ(hits.size(), 2u);
+    EXPECT_EQ(hits[0].position[2], 3.0);
+}
+
+TEST_F(ModelPickTest, DisplacementOfANodeAboveMovesAllBelow)
+{
+    const double away[3] = {0.0, 5.0, 0.0};
+    m_view.m_root.FindChild(1)->SetDisplacement(away);
+
+    EXPECT_FALSE(pick(down(0.5f, 0.4f)));
+    EXPECT_TRUE(pick(down(0.5f, 5.4f)));
+    EXPECT_TRUE(pick(down(2.5f, 5.4f)));
+    m_view.m_root.FindChild(1)->SetVisible(false);
+    EXPECT_FALSE(pick(down(2.5f, 5.4f)));
+}
+
+TEST_F(ModelPickTest, NodesThatWentHomeAreHitThereAgain)
+{
+    const double away[3] = {0.0, 5.0, 0.0};
+    const double none[3] = {0.0, 0.0, 0.0};
+    sceneNode(2).SetDisplacement(away);
+    ASSERT_TRUE(pick(down(2.5f, 5.4f)));
+    sceneNode(1).SetVisible(false);
+    ASSERT_TRUE(pick(down(2.5f, 5.4f)));
+    sceneNode(2).SetDisplacement(none);
+
+    EXPECT_FALSE(pick(down(2.5f, 5.4f)));
+    EXPECT_TRUE(pick(down(2.5f, 0.4f)));
+}
+
 TEST_F(ModelPickTest, NothingBelowAHiddenNodeIsHit)
 {
     m_view.m_root.FindChild(1)->SetVisible(false);

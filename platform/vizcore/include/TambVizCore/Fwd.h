@@ -6,6 +6,7 @@ namespace TambVizCore {
 
 class AView3DAdapter;
 class AView3DAdapterFactory;
+class AttributeDisplacement;
 class AttributeOpacity;
 class AttributeVisibility;
 class EntityId;
@@ -14,6 +15,7 @@ class Geometry;
 class GeometryBuilder;
 class IGeometryIndex;
 class IHighlightStrategy;
+class IIdPictureProvider;
 class IRendererReportProvider;
 class IView3D;
 class IViewAttribute;
@@ -33,6 +35,7 @@ struct ClipPlane;
 struct GeometryHit;
 struct GeometryPart;
 struct GeometryQuery;
+struct IdPicture;
 struct Image;
 struct PartState;
 struct RGBAColor;

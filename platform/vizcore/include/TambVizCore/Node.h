@@ -26,7 +26,7 @@ struct NodeStamps
     /// Children added or removed, or another geometry set. A child that was not there before is
     /// new with all below, whatever its own stamps say.
     std::uint64_t structure = 0;
-    std::uint64_t transform = 0;  ///< Transform set.
+    std::uint64_t transform = 0;  ///< Transform or displacement set.
     std::uint64_t appearance = 0; ///< Visible, highlighted, selected, colour or opacity changed.
     std::uint64_t parts = 0;      ///< State of a part changed.
     std::uint64_t subtree = 0;    ///< The largest stamp of this node and all below.
@@ -94,10 +94,20 @@ public:
     /// Writes the path from the root's children to this node, with origin 1; empty for a root.
     RenderId GetRenderId() const;
 
-    /// double[16] column-major; places this node and all below in its parent. Identity at start.
+    /// double[16] column-major; places this node and all below in its parent where they are shown,
+    /// displacement included. Identity at start.
     const double* Transform() const { return m_transform; }
-    /// Copies double[16].
+    /// Copies double[16]: where the node belongs. Its displacement comes on top.
     void SetTransform(const double* matrix);
+    /// Writes where the node belongs in its parent, double[16]: the transform as it was set.
+    void GetHomeTransform(double* matrix) const;
+
+    /// double[3], units of the parent: how far from where it belongs the node is shown with all
+    /// below it, as in an exploded view. 0 at start.
+    const double* Displacement() const { return m_displacement; }
+    /// Copies double[3]. What is not finite is ignored.
+    void SetDisplacement(const double* displacement);
+    bool IsDisplaced() const;
     /// Writes the product of the transforms from the root down to this node, double[16].
     void GetWorldTransform(double* matrix) const;
 
@@ -164,7 +174,9 @@ private:
     Node* m_parent = nullptr; ///< Not owned; the parent owns this node.
     std::vector<std::unique_ptr<Node>> m_children;
     std::unordered_map<std::uint64_t, Node*> m_childById; ///< Used from a number of children on.
-    double m_transform[16];
+    double m_transform[16];                               ///< With the displacement.
+    double m_homePlace[3] = {}; ///< Translation of the transform without it.
+    double m_displacement[3] = {};
     bool m_visible = true;
     bool m_highlighted = false;
     bool m_selected = false;

@@ -8,8 +8,9 @@
 namespace TambVizCore {
 
 /// @return a number that grows with every change of what can be seen and picked, anywhere in the
-///         process: a node or a part is shown or hidden, a node is added or removed or gets another
-///         geometry, section planes or one of the display switches of RenderingOptions change.
+///         process: a node or a part is shown or hidden, a node is displaced, added or removed or
+///         gets another geometry, section planes or one of the display switches of
+///         RenderingOptions change.
 ///
 /// Who keeps a copy of such state beside the main thread learns with one comparison whether it
 /// still holds. Marks and colours do not count.
