@@ -15,6 +15,7 @@
 namespace {
 
 using OrvikCad::CadShape;
+using OrvikModel::FacetHit;
 using OrvikModel::RefinedHit;
 using TambVizCore::MakePartId;
 using TambVizCore::PartKind;
@@ -58,14 +59,13 @@ void refine(benchmark::State& state, Kind kind)
         const std::uint32_t cylinder = i % kCylinders;
         const double angle = 0.37 * i++;
         const double center = 20.0 * cylinder;
-        const double origin[3] = {center + 30.0 * std::cos(angle), 30.0 * std::sin(angle),
-                                  1.0 + 18.0 * (i % 97) / 97.0};
-        const double direction[3] = {-std::cos(angle), -std::sin(angle), 0.0};
+        const FacetHit facet = {
+            MakePartId(PartKind::Face, cylinder * 3),
+            {center + 30.0 * std::cos(angle), 30.0 * std::sin(angle), 1.0 + 18.0 * (i % 97) / 97.0},
+            {-std::cos(angle), -std::sin(angle), 0.0},
+            25.03};
         RefinedHit hit;
-        met +=
-            shape->Refine(MakePartId(PartKind::Face, cylinder * 3), origin, direction, 25.03, hit)
-                ? 1
-                : 0;
+        met += shape->Refine(facet, hit) ? 1 : 0;
     }
     state.SetItemsProcessed(state.iterations());
     state.counters["met"] = static_cast<double>(met) / static_cast<double>(state.iterations());

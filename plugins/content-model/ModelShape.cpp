@@ -23,9 +23,7 @@ bool ModelShape::MeasureDistanceExact(const PlacedPart& /*from*/, const PlacedPa
     return false;
 }
 
-bool ModelShape::Refine(std::uint64_t /*facePartId*/, const double* /*origin*/,
-                        const double* /*direction*/, double /*parameter*/,
-                        RefinedHit& /*hit*/) const
+bool ModelShape::Refine(const FacetHit& /*facet*/, RefinedHit& /*hit*/) const
 {
     return false;
 }

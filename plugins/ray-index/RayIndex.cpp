@@ -57,6 +57,7 @@ void RayIndex::fill(PartKind kind, const Candidate& candidate, GeometryHit& hit)
     hit.partIndex = m_geometry.PartOfPrimitive(kind, candidate.primitive);
     hit.primitive = candidate.primitive;
     hit.distance = static_cast<float>(candidate.distance);
+    hit.facetDistance = hit.distance;
     hit.deviation = static_cast<float>(candidate.deviation);
     Store(candidate.position, hit.position);
 }

@@ -83,13 +83,26 @@ double largestAperture(const WorldRay& ray, const VizBox& box)
     return ray.ApertureAt(away + box.Radius());
 }
 
-/// @param enter  receives where the ray enters the box grown by its aperture.
-bool meets(const WorldRay& ray, const VizBox& box, double& enter)
+double scaleOf(const double* world)
+{
+    return std::cbrt(std::abs(Determinant3x3(world)));
+}
+
+/// @param margin  what lies around the box by as much counts as well.
+/// @param enter   receives where the ray enters the box grown by its aperture.
+bool meets(const WorldRay& ray, const VizBox& box, double margin, double& enter)
 {
     double leave = kInfinity;
     enter = 0.0;
     return !box.IsEmpty() &&
-           box.Clip(ray.origin, ray.direction, largestAperture(ray, box), enter, leave);
+           box.Clip(ray.origin, ray.direction, largestAperture(ray, box) + margin, enter, leave);
+}
+
+/// How far faces of an instance may lie around the box of its triangles.
+double marginOf(const PickInstance& instance)
+{
+    const auto deviation = static_cast<double>(instance.geometry->Index()->Deviation());
+    return deviation > 0.0 ? deviation * scaleOf(instance.world) : 0.0;
 }
 
 /// Carries a plane of the world into the units of a geometry placed by @p m.
@@ -122,7 +135,7 @@ void fillCandidate(std::size_t position, const PickInstance& instance, const Wor
     candidate.index = instance.geometry->Index();
     candidate.kinds = instance.kinds;
     std::copy(instance.world, instance.world + 16, candidate.world);
-    candidate.scale = std::cbrt(std::abs(Determinant3x3(instance.world)));
+    candidate.scale = scaleOf(instance.world);
     GeometryQuery& query = candidate.query;
     TransformPoint(candidate.inverse, ray.origin, query.origin);
     TransformDirection(candidate.inverse, ray.direction, query.direction);
@@ -163,7 +176,8 @@ Candidates::Candidates(std::span<const PickInstance> instances, const WorldRay& 
         const Geometry* const geometry = instances[i].geometry;
         double enter = 0.0;
         if (geometry != nullptr && geometry->Index() != nullptr &&
-            meets(ray, geometry->BoundingBox().Transformed(instances[i].world), enter)) {
+            meets(ray, geometry->BoundingBox().Transformed(instances[i].world),
+                  marginOf(instances[i]), enter)) {
             m_met.push_back({i, enter});
         }
     }
@@ -292,7 +306,7 @@ void collect(const Node& node, const double* parentWorld, Walk& walk)
     PickInstance instance;
     MultiplyMatrices(parentWorld, node.Transform(), instance.world);
     double enter = 0.0;
-    if (!meets(walk.ray, node.SubtreeBounds().Transformed(instance.world), enter)) {
+    if (!meets(walk.ray, node.SubtreeBounds().Transformed(instance.world), 0.0, enter)) {
         return;
     }
     const GeoNode* const geoNode = node.AsGeoNode();
@@ -324,7 +338,9 @@ bool PickNearest(std::span<const PickInstance> instances, const PickQuery& query
     const Best face = wantsFace || query.facesHide ? findFace(candidates) : Best{};
     float limit = std::numeric_limits<float>::max();
     if (face.candidate != nullptr && query.facesHide) {
-        const auto distance = static_cast<double>(face.hit.distance);
+        // Edges lie where triangles end, also where the exact face bulges in front of them.
+        const auto distance =
+            static_cast<double>(std::max(face.hit.distance, face.hit.facetDistance));
         limit = static_cast<float>(distance + ray.ApertureAt(distance));
     }
 

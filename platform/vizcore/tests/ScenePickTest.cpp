@@ -52,6 +52,29 @@ public:
     mutable int questions = 0;
 };
 
+/// Knows that the faces lie before their triangles.
+class BulgingIndex : public BruteForceIndex
+{
+public:
+    BulgingIndex(const Geometry& geometry, float way) : BruteForceIndex(geometry), m_way(way) {}
+
+    bool FindFace(const GeometryQuery& query, GeometryHit& hit) const override
+    {
+        GeometryQuery facets = query;
+        facets.minDistance += m_way;
+        facets.maxDistance += m_way;
+        if (!BruteForceIndex::FindFace(facets, hit))
+            return false;
+        hit.facetDistance = hit.distance;
+        hit.distance -= m_way;
+        return true;
+    }
+    float Deviation() const override { return m_way; }
+
+private:
+    float m_way;
+};
+
 void place(Node& node, double x, double y, double z, double scale = 1.0)
 {
     const double matrix[16] = {scale, 0, 0, 0, 0, scale, 0, 0, 0, 0, scale, 0, x, y, z, 1};
@@ -393,6 +416,34 @@ TEST_F(ScenePick, APickBelowANodeSeesThePlacesAbove)
 
     EXPECT_TRUE(PickNearest(*group, downAt(100.75f, 0.25f), result));
     EXPECT_EQ(result.node, body);
+}
+
+TEST_F(ScenePick, AnExactFaceThatBulgesOutOfItsBoxIsFound)
+{
+    // A body one unit below the square, whose exact face lies 1.5 before its triangles.
+    std::string error;
+    const auto bulging = SquareBuilder().Build(error);
+    bulging->PublishIndex(std::make_unique<BulgingIndex>(*bulging, 1.5f));
+    bottom->SetGeometry(bulging);
+    place(*bottom, 0.0, 0.0, -1.0);
+
+    ASSERT_TRUE(pick(downAt(0.75f, 0.25f)));
+
+    EXPECT_EQ(result.node, bottom);
+    EXPECT_DOUBLE_EQ(result.hit.distance, 9.5);
+}
+
+TEST_F(ScenePick, EdgesBehindABulgingFaceAreNotHiddenByIt)
+{
+    std::string error;
+    const auto bulging = SquareBuilder().Build(error);
+    bulging->PublishIndex(std::make_unique<BulgingIndex>(*bulging, 1.5f));
+    top->SetGeometry(bulging);
+
+    ASSERT_TRUE(pick(downAt(0.5f, 0.01f, 0.1)));
+
+    EXPECT_EQ(result.node, top);
+    EXPECT_EQ(result.hit.kind, PartKind::Edge);
 }
 
 } // namespace

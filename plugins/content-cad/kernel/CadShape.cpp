@@ -5,6 +5,7 @@
 #include "kernel/KernelGuard.h"
 #include "kernel/Tessellation.h"
 
+#include <OrvikModel/ExactIndex.h>
 #include <OrvikRay/RayIndex.h>
 
 #include <numbers>
@@ -13,7 +14,6 @@
 namespace OrvikCad {
 
 using TambVizCore::Geometry;
-using TambVizCore::PartKind;
 
 namespace {
 
@@ -40,6 +40,37 @@ TopoDS_Shape placed(const OrvikModel::PlacedPart& part)
     return found.IsNull() ? found : PlaceShape(found, part.world);
 }
 
+/// The mesher keeps the sag on curves; between them it may go somewhat beyond.
+constexpr double kDeviationPerSag = 2.0;
+
+/// The exact faces behind one mesh.
+class ExactFaces final : public OrvikModel::IExactFaces
+{
+public:
+    ExactFaces(std::shared_ptr<const ExactSurfaces> surfaces,
+               std::shared_ptr<const MeshSamples> samples, double sag)
+        : m_surfaces(std::move(surfaces)), m_samples(std::move(samples)), m_sag(sag)
+    {
+    }
+
+    bool Refine(const OrvikModel::FacetHit& facet, OrvikModel::RefinedHit& hit) const override
+    {
+        bool isMet = false;
+        const auto meet = [&] { isMet = m_surfaces->Meet(*m_samples, m_sag, facet, hit); };
+        return RunGuarded(meet).empty() && isMet;
+    }
+
+    double Deviation() const override { return kDeviationPerSag * m_sag; }
+
+    /// The samples are counted with the mesh.
+    std::size_t MemoryBytes() const override { return m_surfaces->MemoryBytes(); }
+
+private:
+    std::shared_ptr<const ExactSurfaces> m_surfaces;
+    std::shared_ptr<const MeshSamples> m_samples;
+    double m_sag;
+};
+
 } // namespace
 
 CadShape::CadShape(const TopoDS_Shape& shape) : m_shape(shape), m_parts(shape)
@@ -65,11 +96,22 @@ std::shared_ptr<const Geometry> CadShape::Present() const
 
 std::shared_ptr<const Geometry> CadShape::WithParts() const
 {
-    std::shared_ptr<const Geometry> geometry = Present();
+    const std::shared_ptr<const ShapeMesh> mesh = m_mesh.Get();
+    const std::shared_ptr<const Geometry>& geometry = mesh->geometry;
     const std::lock_guard<std::mutex> lock(m_indexing);
     if (!geometry->Index())
-        geometry->PublishIndex(OrvikRay::BuildRayIndex(*geometry));
+        geometry->PublishIndex(OrvikModel::MakeExactIndex(
+            OrvikRay::BuildRayIndex(*geometry),
+            std::make_shared<const ExactFaces>(surfaces(), mesh->samples, mesh->parameters.sag),
+            *geometry));
     return geometry;
+}
+
+std::shared_ptr<const ExactSurfaces> CadShape::surfaces() const
+{
+    std::call_once(m_surfacesOnce,
+                   [this] { m_surfaces = std::make_shared<const ExactSurfaces>(m_parts); });
+    return m_surfaces;
 }
 
 /// What is drawn has its parts from the start.
@@ -114,19 +156,10 @@ bool CadShape::MeasureDistanceExact(const OrvikModel::PlacedPart& from,
     return isMeasured;
 }
 
-bool CadShape::Refine(std::uint64_t facePartId, const double* origin, const double* direction,
-                      double parameter, OrvikModel::RefinedHit& hit) const
+bool CadShape::Refine(const OrvikModel::FacetHit& facet, OrvikModel::RefinedHit& hit) const
 {
-    if (static_cast<PartKind>(facePartId >> 32) != PartKind::Face)
-        return false;
-    std::call_once(m_surfacesOnce,
-                   [this] { m_surfaces = std::make_unique<const ExactSurfaces>(m_parts); });
-    bool isMet = false;
-    const auto meet = [&] {
-        isMet = m_surfaces->Meet(*m_mesh.Get(), static_cast<std::uint32_t>(facePartId), origin,
-                                 direction, parameter, hit);
-    };
-    return RunGuarded(meet).empty() && isMet;
+    const std::shared_ptr<const ShapeMesh> mesh = m_mesh.Get();
+    return ExactFaces(surfaces(), mesh->samples, mesh->parameters.sag).Refine(facet, hit);
 }
 
 } // namespace OrvikCad

@@ -51,10 +51,11 @@ public:
                       OrvikCore::MeasureResult& result) const override;
     bool MeasureDistanceExact(const OrvikModel::PlacedPart& from, const OrvikModel::PlacedPart& to,
                               OrvikCore::DistanceResult& result) const override;
-    bool Refine(std::uint64_t facePartId, const double* origin, const double* direction,
-                double parameter, OrvikModel::RefinedHit& hit) const override;
+    bool Refine(const OrvikModel::FacetHit& facet, OrvikModel::RefinedHit& hit) const override;
 
 private:
+    std::shared_ptr<const ExactSurfaces> surfaces() const;
+
     TopoDS_Shape m_shape;
     ShapeParts m_parts;
     TambVizCore::VizBox m_box; ///< Of the first mesh; kept when the tessellation changes.
@@ -62,7 +63,7 @@ private:
     MeshParameters m_ownParameters; ///< Those of the first mesh; what "default" means later.
     mutable std::mutex m_indexing;  ///< Held while the index is made.
     mutable std::once_flag m_surfacesOnce;
-    mutable std::unique_ptr<const ExactSurfaces> m_surfaces; ///< Written once, by the first Refine.
+    mutable std::shared_ptr<const ExactSurfaces> m_surfaces; ///< Written once, by surfaces().
 };
 
 } // namespace OrvikCad

@@ -13,6 +13,8 @@
 
 namespace OrvikCad {
 
+using TambVizCore::PartKind;
+
 namespace {
 
 /// How far the exact hit may lie from that on the triangle, in multiples of the sag: along the
@@ -62,7 +64,7 @@ ExactSurfaces::ExactSurfaces(const ShapeParts& parts)
     }
 }
 
-std::optional<LineMeeting> ExactSurfaces::meet(const Surface& surface, const ShapeMesh& mesh,
+std::optional<LineMeeting> ExactSurfaces::meet(const Surface& surface, const MeshSamples& samples,
                                                std::uint32_t face, const NearLine& line)
 {
     const GeomAdaptor_Surface adaptor(surface.geometry);
@@ -78,36 +80,39 @@ std::optional<LineMeeting> ExactSurfaces::meet(const Surface& surface, const Sha
     default:
         break;
     }
-    const auto samples = std::lower_bound(
-        mesh.samples.begin(), mesh.samples.end(), face,
+    const auto around = std::lower_bound(
+        samples.begin(), samples.end(), face,
         [](const FaceSamples& some, std::uint32_t wanted) { return some.face < wanted; });
-    if (samples == mesh.samples.end() || samples->face != face)
+    if (around == samples.end() || around->face != face)
         return std::nullopt;
-    const SurfacePoint& start = nearestSample(*samples, line.point.Transformed(surface.place));
+    const SurfacePoint& start = nearestSample(*around, line.point.Transformed(surface.place));
     return MeetSurface(*surface.geometry, start.u, start.v, line);
 }
 
-bool ExactSurfaces::Meet(const ShapeMesh& mesh, std::uint32_t face, const double* origin,
-                         const double* direction, double parameter,
+bool ExactSurfaces::Meet(const MeshSamples& samples, double sag, const OrvikModel::FacetHit& facet,
                          OrvikModel::RefinedHit& hit) const
 {
-    if (face >= m_surfaces.size() || m_surfaces[face].geometry.IsNull())
+    const auto face = static_cast<std::uint32_t>(facet.facePartId);
+    if (static_cast<PartKind>(facet.facePartId >> 32) != PartKind::Face ||
+        face >= m_surfaces.size() || m_surfaces[face].geometry.IsNull())
         return false;
     const Surface& surface = m_surfaces[face];
-    const gp_Vec along(direction[0], direction[1], direction[2]);
-    const gp_Pnt near = gp_Pnt(origin[0], origin[1], origin[2]).Translated(along * parameter);
-    const auto found =
-        meet(surface, mesh, face,
-             {near.Transformed(surface.inverse), along.Transformed(surface.inverse)});
-    if (!found || !(std::abs(found->parameter) * along.Magnitude() <= kReach * mesh.parameters.sag))
+    const bool isFlipped = surface.isFlipped != surface.place.IsNegative();
+    const gp_Vec along(facet.direction[0], facet.direction[1], facet.direction[2]);
+    const gp_Pnt near = gp_Pnt(facet.origin[0], facet.origin[1], facet.origin[2])
+                            .Translated(along * facet.parameter);
+    const auto found = meet(surface, samples, face,
+                            {near.Transformed(surface.inverse), along.Transformed(surface.inverse),
+                             facet.isFromOutside != isFlipped});
+    if (!found || !(std::abs(found->parameter) * along.Magnitude() <= kReach * sag))
         return false;
     gp_Vec normal = found->normal.Transformed(surface.place);
     const double length = normal.Magnitude();
     if (!(length > 0.0))
         return false;
-    normal /= surface.isFlipped != surface.place.IsNegative() ? -length : length;
+    normal /= isFlipped ? -length : length;
     const gp_Pnt position = near.Translated(along * found->parameter);
-    hit.parameter = parameter + found->parameter;
+    hit.parameter = facet.parameter + found->parameter;
     for (int axis = 1; axis <= 3; ++axis) {
         hit.position[axis - 1] = position.Coord(axis);
         hit.normal[axis - 1] = normal.Coord(axis);

@@ -28,13 +28,17 @@ public:
     /// Planes, cylinders, cones and spheres are met by formula. On others the place is looked for
     /// by Newton's method, from the vertex of the face's triangles that lies nearest.
     ///
-    /// @param mesh               What the triangle belongs to.
-    /// @param face               From 0.
-    /// @param origin, direction  double[3], the line; the direction has any length but 0.
-    /// @param parameter          Where the triangle was met, in multiples of the direction.
+    /// @param samples  Of the mesh that the triangle belongs to.
+    /// @param sag      With which it was cut.
     /// @return false when the surface is not met within what the tessellation allows.
-    bool Meet(const ShapeMesh& mesh, std::uint32_t face, const double* origin,
-              const double* direction, double parameter, OrvikModel::RefinedHit& hit) const;
+    bool Meet(const MeshSamples& samples, double sag, const OrvikModel::FacetHit& facet,
+              OrvikModel::RefinedHit& hit) const;
+
+    /// @return the bytes that are held here; the surfaces are the kernel's.
+    std::size_t MemoryBytes() const
+    {
+        return sizeof *this + m_surfaces.capacity() * sizeof(Surface);
+    }
 
 private:
     struct Surface
@@ -46,7 +50,7 @@ private:
         /// The body lies on the side to which the product of the derivatives, each placed, points.
         bool isFlipped = false;
     };
-    static std::optional<LineMeeting> meet(const Surface& surface, const ShapeMesh& mesh,
+    static std::optional<LineMeeting> meet(const Surface& surface, const MeshSamples& samples,
                                            std::uint32_t face, const NearLine& line);
 
     std::vector<Surface> m_surfaces; ///< Per face.

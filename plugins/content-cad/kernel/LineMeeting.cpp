@@ -36,21 +36,46 @@ struct LocalLine
     double direction[3];
 };
 
-/// @return the root of a t^2 + 2 b t + c that lies nearest to 0.
-std::optional<double> nearestRoot(double a, double b, double c)
+/// The roots of a t^2 + 2 b t + c; none, one or two.
+struct Roots
 {
-    const double discriminant = b * b - a * c;
-    if (!(discriminant >= 0.0))
-        return std::nullopt;
-    // The sum of equal signs loses no digits; the product of both roots is c / a.
-    const double sum = -(b + std::copysign(std::sqrt(discriminant), b));
-    if (sum == 0.0)
-        return a == 0.0 ? std::nullopt : std::optional<double>(0.0);
-    const double small = c / sum;
-    if (a == 0.0)
-        return small;
-    const double large = sum / a;
-    return std::abs(small) <= std::abs(large) ? small : large;
+    Roots(double a, double b, double c)
+    {
+        const double discriminant = b * b - a * c;
+        if (!(discriminant >= 0.0))
+            return;
+        // The sum of equal signs loses no digits; the product of both roots is c / a.
+        const double sum = -(b + std::copysign(std::sqrt(discriminant), b));
+        if (sum != 0.0)
+            values[count++] = c / sum;
+        else if (a != 0.0)
+            values[count++] = 0.0;
+        if (sum != 0.0 && a != 0.0)
+            values[count++] = sum / a;
+    }
+
+    double values[2] = {0.0, 0.0};
+    int count = 0;
+};
+
+bool isAsTold(const NearLine& line, const gp_Vec& normal)
+{
+    return (normal.Dot(line.direction) < 0.0) == line.isAgainstNormal;
+}
+
+/// @param normalAt  The normal at a root.
+template <typename NormalAt>
+std::optional<LineMeeting> nearestOf(const Roots& roots, const NearLine& line,
+                                     const NormalAt& normalAt)
+{
+    std::optional<LineMeeting> nearest;
+    for (int i = 0; i < roots.count; ++i) {
+        const LineMeeting meeting{roots.values[i], normalAt(roots.values[i])};
+        if (isAsTold(line, meeting.normal) &&
+            (!nearest || std::abs(meeting.parameter) < std::abs(nearest->parameter)))
+            nearest = meeting;
+    }
+    return nearest;
 }
 
 /// The normal with components along the frame's axes. A left-handed frame turns the product of the
@@ -113,13 +138,11 @@ std::optional<LineMeeting> MeetCylinder(const gp_Cylinder& cylinder, const NearL
     const LocalLine local(cylinder.Position(), line);
     const double* p = local.point;
     const double* d = local.direction;
-    const auto root =
-        nearestRoot(d[0] * d[0] + d[1] * d[1], p[0] * d[0] + p[1] * d[1],
-                    p[0] * p[0] + p[1] * p[1] - cylinder.Radius() * cylinder.Radius());
-    if (!root)
-        return std::nullopt;
-    return LineMeeting{*root,
-                       inFrame(cylinder.Position(), local.At(0, *root), local.At(1, *root), 0.0)};
+    const Roots roots(d[0] * d[0] + d[1] * d[1], p[0] * d[0] + p[1] * d[1],
+                      p[0] * p[0] + p[1] * p[1] - cylinder.Radius() * cylinder.Radius());
+    return nearestOf(roots, line, [&](double root) {
+        return inFrame(cylinder.Position(), local.At(0, root), local.At(1, root), 0.0);
+    });
 }
 
 std::optional<LineMeeting> MeetCone(const gp_Cone& cone, const NearLine& line)
@@ -130,14 +153,13 @@ std::optional<LineMeeting> MeetCone(const gp_Cone& cone, const NearLine& line)
     const double slope = std::tan(cone.SemiAngle());
     const double radius = cone.RefRadius() + slope * p[2];
     const double growth = slope * d[2];
-    const auto root = nearestRoot(d[0] * d[0] + d[1] * d[1] - growth * growth,
-                                  p[0] * d[0] + p[1] * d[1] - radius * growth,
-                                  p[0] * p[0] + p[1] * p[1] - radius * radius);
-    if (!root)
-        return std::nullopt;
-    const double radiusThere = radius + growth * *root;
-    return LineMeeting{*root, inFrame(cone.Position(), local.At(0, *root), local.At(1, *root),
-                                      -radiusThere * slope)};
+    const Roots roots(d[0] * d[0] + d[1] * d[1] - growth * growth,
+                      p[0] * d[0] + p[1] * d[1] - radius * growth,
+                      p[0] * p[0] + p[1] * p[1] - radius * radius);
+    return nearestOf(roots, line, [&](double root) {
+        const double radiusThere = radius + growth * root;
+        return inFrame(cone.Position(), local.At(0, root), local.At(1, root), -radiusThere * slope);
+    });
 }
 
 std::optional<LineMeeting> MeetSphere(const gp_Sphere& sphere, const NearLine& line)
@@ -145,13 +167,12 @@ std::optional<LineMeeting> MeetSphere(const gp_Sphere& sphere, const NearLine& l
     const LocalLine local(sphere.Position(), line);
     const double* p = local.point;
     const double* d = local.direction;
-    const auto root = nearestRoot(
-        d[0] * d[0] + d[1] * d[1] + d[2] * d[2], p[0] * d[0] + p[1] * d[1] + p[2] * d[2],
-        p[0] * p[0] + p[1] * p[1] + p[2] * p[2] - sphere.Radius() * sphere.Radius());
-    if (!root)
-        return std::nullopt;
-    return LineMeeting{*root, inFrame(sphere.Position(), local.At(0, *root), local.At(1, *root),
-                                      local.At(2, *root))};
+    const Roots roots(d[0] * d[0] + d[1] * d[1] + d[2] * d[2],
+                      p[0] * d[0] + p[1] * d[1] + p[2] * d[2],
+                      p[0] * p[0] + p[1] * p[1] + p[2] * p[2] - sphere.Radius() * sphere.Radius());
+    return nearestOf(roots, line, [&](double root) {
+        return inFrame(sphere.Position(), local.At(0, root), local.At(1, root), local.At(2, root));
+    });
 }
 
 std::optional<LineMeeting> MeetSurface(const Geom_Surface& surface, double u, double v,
@@ -167,8 +188,11 @@ std::optional<LineMeeting> MeetSurface(const Geom_Surface& surface, double u, do
         gp_Vec alongV;
         surface.D1(u, v, point, alongU, alongV);
         const gp_Vec miss(point, line.point.Translated(line.direction * parameter));
-        if (miss.Magnitude() <= kMet + Precision::Angular() * line.point.XYZ().Modulus())
-            return LineMeeting{parameter, alongU.Crossed(alongV)};
+        if (miss.Magnitude() <= kMet + Precision::Angular() * line.point.XYZ().Modulus()) {
+            const gp_Vec normal = alongU.Crossed(alongV);
+            return isAsTold(line, normal) ? std::optional(LineMeeting{parameter, normal})
+                                          : std::nullopt;
+        }
         const auto step = stepOf(alongU, alongV, line.direction, miss);
         if (!step)
             return std::nullopt;

@@ -19,6 +19,7 @@ struct NearLine
 {
     gp_Pnt point;
     gp_Vec direction;
+    bool isAgainstNormal = true; ///< How it passes the surface, by the product of the derivatives.
 };
 
 /// Where a line meets a surface.
@@ -28,7 +29,8 @@ struct LineMeeting
     gp_Vec normal;          ///< The product of the surface's derivatives, of any length.
 };
 
-// Each finds the place that lies nearest to the line's point; none where the line passes by.
+// Each finds the place that lies nearest to the line's point among those where the line passes to
+// the side that it tells; none where the line passes by.
 
 std::optional<LineMeeting> MeetPlane(const gp_Pln& plane, const NearLine& line);
 std::optional<LineMeeting> MeetCylinder(const gp_Cylinder& cylinder, const NearLine& line);

@@ -68,6 +68,7 @@ public:
         builder.SetPoints(SharedArray<std::uint32_t>(std::move(m_points)));
         builder.SetParts(std::move(m_geometryParts));
         builder.SetClosed(isClosed());
+        m_mesh.samples = std::make_shared<const MeshSamples>(std::move(m_samples));
         std::string error;
         m_mesh.geometry = builder.Build(error);
         if (!m_mesh.geometry)
@@ -121,7 +122,7 @@ private:
         if (!AppendFace(face, triangles, place, m_arrays, samples.points))
             return false;
         if (!samples.points.empty())
-            m_mesh.samples.push_back(std::move(samples));
+            m_samples.push_back(std::move(samples));
         for (TopExp_Explorer edges(face, TopAbs_EDGE); edges.More(); edges.Next())
             takeEdge(TopoDS::Edge(edges.Current()), face, triangles, place, base);
         return true;
@@ -257,6 +258,7 @@ private:
     const ShapeParts& m_parts;
     MeshParameters m_parameters;
     ShapeMesh m_mesh;
+    MeshSamples m_samples;
     MeshArrays m_arrays;
     std::vector<EdgeWay> m_edges;
     std::vector<std::uint32_t> m_vertices; ///< Per vertex of the shape: the vertex that draws it.
@@ -279,6 +281,7 @@ ShapeMesh EmptyMesh(const MeshParameters& parameters)
     ShapeMesh mesh;
     mesh.parameters = parameters;
     mesh.geometry = GeometryBuilder().Build(error);
+    mesh.samples = std::make_shared<const MeshSamples>();
     return mesh;
 }
 

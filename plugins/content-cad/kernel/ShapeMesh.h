@@ -34,11 +34,14 @@ struct FaceSamples
     std::vector<SurfacePoint> points;
 };
 
+/// Those of one mesh, in ascending order of the faces.
+using MeshSamples = std::vector<FaceSamples>;
+
 /// A shape cut into triangles, segments and points.
 struct ShapeMesh
 {
     std::shared_ptr<const TambVizCore::Geometry> geometry; ///< Null before the first cut.
-    std::vector<FaceSamples> samples;                      ///< In ascending order of the faces.
+    std::shared_ptr<const MeshSamples> samples;            ///< Likewise.
     MeshParameters parameters;
     std::uint32_t failedFaces = 0; ///< Faces without triangles though they have a surface.
 };

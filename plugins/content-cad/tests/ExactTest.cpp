@@ -16,6 +16,7 @@
 #include <gp_Trsf.hxx>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <numbers>
@@ -160,6 +161,18 @@ TEST(MeasureDistanceExact, FollowsAScalingPlace)
     EXPECT_NEAR(result.distance, 20.0, 1e-5);
 }
 
+/// Has a shape refine a hit on one of its faces.
+bool refine(const CadShape& shape, std::uint64_t face, const double* origin,
+            const double* direction, double parameter, RefinedHit& hit)
+{
+    OrvikModel::FacetHit facet;
+    facet.facePartId = face;
+    std::copy_n(origin, 3, facet.origin);
+    std::copy_n(direction, 3, facet.direction);
+    facet.parameter = parameter;
+    return shape.Refine(facet, hit);
+}
+
 /// Rays from outside towards the middle of a body; every one has to be moved onto the surface.
 void expectHitsAtRadius(const CadShape& shape, std::uint64_t face, double radius, double tolerance)
 {
@@ -172,7 +185,7 @@ void expectHitsAtRadius(const CadShape& shape, std::uint64_t face, double radius
         // Where a chord of the tessellation would be met.
         const double parameter = (30.0 - radius + 0.05) / 2.0;
 
-        ASSERT_TRUE(shape.Refine(face, origin, direction, parameter, hit)) << i;
+        ASSERT_TRUE(refine(shape, face, origin, direction, parameter, hit)) << i;
 
         EXPECT_NEAR(std::hypot(hit.position[0], hit.position[1]), radius, tolerance);
         EXPECT_NEAR(hit.parameter * 2.0, 30.0 - radius, tolerance);
@@ -207,14 +220,14 @@ TEST(Refine, MovesHitsOntoSphereConeAndTorus)
     const double direction[3] = {-1.0, 0.0, 0.0};
     RefinedHit hit;
 
-    ASSERT_TRUE(sphere->Refine(faceOn(*sphere, "sphere"), origin, direction, 10.1, hit));
+    ASSERT_TRUE(refine(*sphere, faceOn(*sphere, "sphere"), origin, direction, 10.1, hit));
     EXPECT_NEAR(hit.position[0], std::sqrt(99.0), 1e-9);
     EXPECT_NEAR(hit.normal[2], 0.1, 1e-9);
-    ASSERT_TRUE(cone->Refine(faceOn(*cone, "cone"), origin, direction, 10.5, hit));
+    ASSERT_TRUE(refine(*cone, faceOn(*cone, "cone"), origin, direction, 10.5, hit));
     EXPECT_NEAR(hit.position[0], 9.5, 1e-9);
     EXPECT_NEAR(hit.normal[0], 2.0 / std::sqrt(5.0), 1e-9);
     EXPECT_NEAR(hit.normal[2], 1.0 / std::sqrt(5.0), 1e-9);
-    ASSERT_TRUE(torus->Refine(faceOn(*torus, "torus"), origin, direction, 7.2, hit));
+    ASSERT_TRUE(refine(*torus, faceOn(*torus, "torus"), origin, direction, 7.2, hit));
     EXPECT_NEAR(hit.position[0], 10.0 + std::sqrt(8.0), 1e-7);
     EXPECT_NEAR(hit.normal[2], 1.0 / 3.0, 1e-6);
 }
@@ -227,7 +240,7 @@ TEST(Refine, TurnsNormalsOfBoresInwards)
     const double direction[3] = {1.0, 0.0, 0.0};
     RefinedHit hit;
 
-    ASSERT_TRUE(shape.Refine(faceOn(shape, "cylinder"), origin, direction, 5.98, hit));
+    ASSERT_TRUE(refine(shape, faceOn(shape, "cylinder"), origin, direction, 5.98, hit));
 
     EXPECT_NEAR(hit.position[0], 56.0, 1e-9);
     EXPECT_NEAR(hit.normal[0], -1.0, 1e-9);
@@ -241,10 +254,10 @@ TEST(Refine, RefusesWhatTheLineDoesNotMeetNearby)
     const double beside[3] = {0.0, 1.0, 0.0};
     RefinedHit hit;
 
-    EXPECT_FALSE(shape->Refine(faceOn(*shape, "cylinder"), origin, across, 5.0, hit));
-    EXPECT_FALSE(shape->Refine(faceOn(*shape, "cylinder"), origin, beside, 1.0, hit));
-    EXPECT_FALSE(shape->Refine(MakePartId(PartKind::Face, 99), origin, across, 25.0, hit));
-    EXPECT_FALSE(shape->Refine(MakePartId(PartKind::Edge, 0), origin, across, 25.0, hit));
+    EXPECT_FALSE(refine(*shape, faceOn(*shape, "cylinder"), origin, across, 5.0, hit));
+    EXPECT_FALSE(refine(*shape, faceOn(*shape, "cylinder"), origin, beside, 1.0, hit));
+    EXPECT_FALSE(refine(*shape, MakePartId(PartKind::Face, 99), origin, across, 25.0, hit));
+    EXPECT_FALSE(refine(*shape, MakePartId(PartKind::Edge, 0), origin, across, 25.0, hit));
 }
 
 } // namespace

@@ -151,6 +151,7 @@ public:
         }
         query.partStates = seen.StatesOf(position, *m_geometry);
         query.clipPlanes = localPlanes;
+        query.facetsOnly = true; // Every triangle is met once; exact places are sorted afterwards.
         const std::size_t first = hits.size();
         GeometryHit hit;
         while (m_geometry->Index()->FindFace(query, hit)) {
@@ -182,8 +183,13 @@ private:
         if (!passTriangle(*m_geometry, hit.primitive, m_local, flat))
             return;
         RefinedHit refined;
-        const bool isExact = m_instance.node->shape->Refine(
-            partId, m_local.origin, m_local.direction, flat.parameter, refined);
+        FacetHit facet;
+        facet.facePartId = partId;
+        std::copy_n(m_local.origin, 3, facet.origin);
+        std::copy_n(m_local.direction, 3, facet.direction);
+        facet.parameter = flat.parameter;
+        facet.isFromOutside = dot(flat.normal, m_local.direction) < 0.0;
+        const bool isExact = m_instance.node->shape->Refine(facet, refined);
         if (!isExact)
             refined = flat;
         LineHit placed = place(m_instance, m_inverse, refined);

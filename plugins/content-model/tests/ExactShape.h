@@ -34,12 +34,11 @@ public:
         result.from[0] = from.world[12];
         return true;
     }
-    bool Refine(std::uint64_t, const double* origin, const double* direction, double parameter,
-                OrvikModel::RefinedHit& hit) const override
+    bool Refine(const OrvikModel::FacetHit& facet, OrvikModel::RefinedHit& hit) const override
     {
-        hit.parameter = parameter - 0.125;
+        hit.parameter = facet.parameter - 0.125;
         for (int i = 0; i < 3; ++i)
-            hit.position[i] = origin[i] + hit.parameter * direction[i];
+            hit.position[i] = facet.origin[i] + hit.parameter * facet.direction[i];
         hit.normal[2] = 1.0;
         return true;
     }

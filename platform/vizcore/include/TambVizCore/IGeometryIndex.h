@@ -33,6 +33,8 @@ struct GeometryQuery
     std::span<const PartState> partStates;
     /// What any of the planes cuts away is not hit.
     std::span<const ClipPlane> clipPlanes;
+    /// Asks for faces as their triangles lie, also of an index that knows the exact surfaces.
+    bool facetsOnly = false;
 };
 
 /// What a query found. All lengths are in the geometry's own units.
@@ -44,14 +46,18 @@ struct GeometryHit
     /// The triangle, segment or point, counted within its index array.
     std::uint32_t primitive = 0;
     /// Where along the ray, in multiples of the direction: for edges and vertices the foot of the
-    /// hit point on the ray.
+    /// hit point on the ray. Of faces, where the exact surface lies if the index knows it.
     float distance = 0.0f;
+    /// Of faces: where the triangle lies that shows the place, in the same. Edges and vertices are
+    /// drawn beside the triangles, so this is what they may lie behind.
+    float facetDistance = 0.0f;
     /// How far the hit point lies beside the ray; 0 for faces.
     float deviation = 0.0f;
-    /// The point on the triangle or the segment, or the vertex.
+    /// The point on the exact surface, the triangle or the segment, or the vertex.
     float position[3] = {0.0f, 0.0f, 0.0f};
-    /// The triangle's normal, unit length, turned towards the origin of the ray; for edges and
-    /// vertices the reversed unit direction of the ray.
+    /// The normal of the exact surface or, where the index knows none, of the triangle; unit
+    /// length, turned towards the origin of the ray. For edges and vertices the reversed unit
+    /// direction.
     float normal[3] = {0.0f, 0.0f, 0.0f};
 };
 
@@ -66,7 +72,8 @@ class TAMBVIZCORE_API IGeometryIndex
 public:
     virtual ~IGeometryIndex();
 
-    /// Finds the nearest triangle that the line itself hits, from either side.
+    /// Finds the nearest face of which the line itself hits a triangle, from either side. An index
+    /// that knows the exact surfaces compares and answers their distances.
     /// @return false, with @p hit untouched, when there is none.
     virtual bool FindFace(const GeometryQuery& query, GeometryHit& hit) const = 0;
 
@@ -81,6 +88,10 @@ public:
 
     /// @return the bytes that the index holds, without the geometry's own arrays.
     virtual std::size_t MemoryBytes() const = 0;
+
+    /// @return how far faces that are found may lie beside their triangles; 0 for an index that
+    ///         knows the triangles only.
+    virtual float Deviation() const { return 0.0f; }
 };
 
 } // namespace TambVizCore

@@ -61,7 +61,8 @@ struct PickResult
 /// Finds what a ray hits in a list of instances.
 ///
 /// A vertex within the aperture wins over an edge, an edge over a face, unless a face hides it: it
-/// may lie behind the nearest face by at most the aperture there. Geometries without an index are
+/// may lie behind the nearest face by at most the aperture there. Which face is the nearest is
+/// decided on the exact surfaces where an index knows them. Geometries without an index are
 /// not hit. A ray of zero direction hits nothing. Of equally near ones that of the first instance
 /// is found. Every instance costs a look at its box, whatever lies behind the hit nothing more; for
 /// thousands of instances a tree over their boxes finds the few to hand over.

@@ -20,6 +20,17 @@ struct PlacedPart
     double world[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}; ///< Column-major.
 };
 
+/// Where a line meets a triangle of a face, in the shape's own units.
+struct FacetHit
+{
+    std::uint64_t facePartId = 0;
+    double origin[3] = {0.0, 0.0, 0.0};    ///< Of the line.
+    double direction[3] = {0.0, 0.0, 0.0}; ///< Of the line; any length but 0.
+    double parameter = 0.0;                ///< In multiples of the direction.
+    /// The line runs against the triangle's normal, which points out of the body.
+    bool isFromOutside = true;
+};
+
 /// Where a line meets the exact surface of a face, in the shape's own units.
 struct RefinedHit
 {
@@ -75,14 +86,10 @@ public:
     virtual bool MeasureDistanceExact(const PlacedPart& from, const PlacedPart& to,
                                       OrvikCore::DistanceResult& result) const;
 
-    /// Moves a hit on a triangle of a face onto the exact surface.
-    ///
-    /// @param facePartId         the face that was hit.
-    /// @param origin, direction  double[3], the line in the shape's own units.
-    /// @param parameter          where the triangle was hit, in multiples of the direction.
+    /// Moves a hit on a triangle of a face onto the exact surface: to the place nearby where the
+    /// line passes it to the same side.
     /// @return false where there is no exact surface or the line does not meet it nearby.
-    virtual bool Refine(std::uint64_t facePartId, const double* origin, const double* direction,
-                        double parameter, RefinedHit& hit) const;
+    virtual bool Refine(const FacetHit& facet, RefinedHit& hit) const;
 
 protected:
     ModelShape();
