@@ -13,19 +13,28 @@
 #include <ScriptRunner.h>
 
 namespace Pellux {
+namespace {
+
+/// A job has ended for whoever waited for it a moment before the worker is idle.
+void waitForTheWorker()
+{
+    while (OrvikCore::JobDispatcher::Instance().IsBusy())
+        OrvikOs::ServeWakeSources();
+}
+
+} // namespace
 
 CommandRunner::Scope::Scope(CommandRunner& runner) : m_runner(runner)
 {
     m_runner.m_isRunning = true;
+    waitForTheWorker();
     m_runner.m_isCancelled = false;
     Q_EMIT m_runner.BusyChanged(true);
 }
 
 CommandRunner::Scope::~Scope()
 {
-    // A job has ended for whoever waited for it a moment before the worker is idle.
-    while (OrvikCore::JobDispatcher::Instance().IsBusy())
-        OrvikOs::ServeWakeSources();
+    waitForTheWorker();
     m_runner.m_host.DrainOutput();
     m_runner.m_isRunning = false;
     Q_EMIT m_runner.BusyChanged(false);
@@ -38,7 +47,7 @@ CommandRunner::~CommandRunner() = default;
 
 bool CommandRunner::Run(const QString& text, const QString& source)
 {
-    if (IsBusy())
+    if (m_isRunning)
         return false;
     const Scope scope(*this);
     return runForms(text, source);

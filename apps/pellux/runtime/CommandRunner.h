@@ -45,7 +45,7 @@ public:
     /// runs.
     template <typename Function> void RunOther(Function&& function)
     {
-        if (IsBusy())
+        if (m_isRunning)
             return;
         const Scope scope(*this);
         function();
