@@ -54,6 +54,8 @@ class IControllerListener;
 class IControllerProvider;
 class ICustomPropertyProvider;
 class IEntityProperties;
+class IFrameProvider;
+class IFrameWindow;
 class IInputProvider;
 class IInputQueue;
 class IJob;

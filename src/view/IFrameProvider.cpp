@@ -1,0 +1,7 @@
+#include "OrvikCore/IFrameProvider.h"
+
+namespace OrvikCore {
+
+IFrameProvider::~IFrameProvider() = default;
+
+} // namespace OrvikCore
