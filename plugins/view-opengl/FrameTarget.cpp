@@ -44,9 +44,14 @@ bool FrameTarget::Bind(int width, int height, int samples)
         }
         m_samples = samples;
     }
-    glBindFramebuffer(GL_FRAMEBUFFER, m_drawn.framebuffer.Get());
-    glViewport(0, 0, width, height);
+    Bind();
     return true;
+}
+
+void FrameTarget::Bind()
+{
+    glBindFramebuffer(GL_FRAMEBUFFER, m_drawn.framebuffer.Get());
+    glViewport(0, 0, m_width, m_height);
 }
 
 bool FrameTarget::make(Surface& surface, int samples)
@@ -66,30 +71,66 @@ bool FrameTarget::make(Surface& surface, int samples)
     return dropErrors() && complete;
 }
 
-void FrameTarget::Read(TambVizCore::Image& image)
+void FrameTarget::resolve()
 {
     GLuint source = m_drawn.framebuffer.Get();
     if (m_samples > 1) {
-        glBindFramebuffer(GL_READ_FRAMEBUFFER, m_drawn.framebuffer.Get());
-        glBindFramebuffer(GL_DRAW_FRAMEBUFFER, m_resolved.framebuffer.Get());
+        glBindFramebuffer(GL_READ_FRAMEBUFFER, source);
+        source = m_resolved.framebuffer.Get();
+        glBindFramebuffer(GL_DRAW_FRAMEBUFFER, source);
         glBlitFramebuffer(0, 0, m_width, m_height, 0, 0, m_width, m_height, GL_COLOR_BUFFER_BIT,
                           GL_NEAREST);
-        source = m_resolved.framebuffer.Get();
     }
     glBindFramebuffer(GL_READ_FRAMEBUFFER, source);
+}
+
+void FrameTarget::Read(TambVizCore::Image& image)
+{
     image.width = m_width;
     image.height = m_height;
-    const std::size_t stride = static_cast<std::size_t>(m_width) * 4;
-    image.rgba.resize(stride * static_cast<std::size_t>(m_height));
+    const std::ptrdiff_t stride = std::ptrdiff_t{4} * m_width;
+    image.rgba.resize(static_cast<std::size_t>(stride * m_height));
+    Read({image.rgba.data(), stride, m_width, m_height, OrvikCore::PixelOrder::Rgba});
+}
+
+void FrameTarget::Read(const OrvikCore::FrameRows& rows)
+{
+    resolve();
+    const GLenum order = rows.order == OrvikCore::PixelOrder::Bgra ? GL_BGRA : GL_RGBA;
+    // OpenGL counts rows from the bottom; where the driver can turn them, nothing is moved twice.
+    const bool turns = epoxy_has_gl_extension("GL_MESA_pack_invert");
     glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glReadPixels(0, 0, m_width, m_height, GL_RGBA, GL_UNSIGNED_BYTE, image.rgba.data());
-    // OpenGL counts rows from the bottom.
-    for (int row = 0; row < m_height / 2; ++row) {
-        const auto top = image.rgba.begin() + static_cast<std::ptrdiff_t>(stride) * row;
-        const auto bottom =
-            image.rgba.begin() + static_cast<std::ptrdiff_t>(stride) * (m_height - 1 - row);
-        std::swap_ranges(top, top + static_cast<std::ptrdiff_t>(stride), bottom);
+    if (turns && rows.stride % 4 == 0) {
+        glPixelStorei(GL_PACK_INVERT_MESA, GL_TRUE);
+        glPixelStorei(GL_PACK_ROW_LENGTH, static_cast<GLint>(rows.stride / 4));
+        glReadPixels(0, 0, m_width, m_height, order, GL_UNSIGNED_BYTE, rows.first);
+        glPixelStorei(GL_PACK_INVERT_MESA, GL_FALSE);
+        glPixelStorei(GL_PACK_ROW_LENGTH, 0);
+        return;
     }
+    if (rows.stride % 4 != 0) {
+        for (int row = 0; row < m_height; ++row)
+            glReadPixels(0, m_height - 1 - row, m_width, 1, order, GL_UNSIGNED_BYTE,
+                         rows.first + rows.stride * row);
+        return;
+    }
+    glPixelStorei(GL_PACK_ROW_LENGTH, static_cast<GLint>(rows.stride / 4));
+    glReadPixels(0, 0, m_width, m_height, order, GL_UNSIGNED_BYTE, rows.first);
+    glPixelStorei(GL_PACK_ROW_LENGTH, 0);
+    for (int row = 0; row < m_height / 2; ++row)
+        std::swap_ranges(rows.first + rows.stride * row,
+                         rows.first + rows.stride * row + std::ptrdiff_t{4} * m_width,
+                         rows.first + rows.stride * (m_height - 1 - row));
+}
+
+void FrameTarget::Blit(GLuint framebuffer, int width, int height)
+{
+    resolve();
+    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, framebuffer);
+    const GLenum filter = width == m_width && height == m_height ? GL_NEAREST : GL_LINEAR;
+    glBlitFramebuffer(0, 0, m_width, m_height, 0, 0, width, height, GL_COLOR_BUFFER_BIT, filter);
+    glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer);
+    glViewport(0, 0, width, height);
 }
 
 void FrameTarget::Clear()

@@ -3,6 +3,7 @@
 
 #include "GlObjects.h"
 
+#include <OrvikCore/IFrameProvider.h>
 #include <TambVizCore/Image.h>
 
 namespace ViewOpenGl {
@@ -18,8 +19,24 @@ public:
     /// @return false when the driver refuses the size.
     bool Bind(int width, int height, int samples);
 
+    /// Binds the framebuffer that the last Bind() made.
+    void Bind();
+
     /// Reads what was drawn, rows from top to bottom.
     void Read(TambVizCore::Image& image);
+
+    /// Reads what was drawn into the memory of somebody else, in the size of the target.
+    void Read(const OrvikCore::FrameRows& rows);
+
+    /// Copies what was drawn into another framebuffer, which stays bound for drawing with its size
+    /// as viewport.
+    void Blit(GLuint framebuffer, int width, int height);
+
+    /// @return the framebuffer to draw into; 0 for none.
+    GLuint Framebuffer() const { return m_drawn.framebuffer.Get(); }
+
+    int Width() const { return m_width; }
+    int Height() const { return m_height; }
 
     /// Forgets the framebuffers.
     void Clear();
@@ -32,6 +49,9 @@ private:
     };
 
     bool make(Surface& surface, int samples);
+
+    /// Makes one sample of each pixel where there are more, and binds the result for reading.
+    void resolve();
 
     Surface m_drawn;    ///< Drawn into.
     Surface m_resolved; ///< One sample per pixel; used when m_drawn has more.

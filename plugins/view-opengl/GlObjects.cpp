@@ -1,35 +1,56 @@
 #include "GlObjects.h"
 
 namespace ViewOpenGl {
+namespace {
+
+bool s_forgets = false;
+
+} // namespace
+
+ForgottenNames::ForgottenNames()
+{
+    s_forgets = true;
+}
+
+ForgottenNames::~ForgottenNames()
+{
+    s_forgets = false;
+}
 
 void DeleteBuffer(GLuint name)
 {
-    glDeleteBuffers(1, &name);
+    if (!s_forgets)
+        glDeleteBuffers(1, &name);
 }
 
 void DeleteVertexArray(GLuint name)
 {
-    glDeleteVertexArrays(1, &name);
+    if (!s_forgets)
+        glDeleteVertexArrays(1, &name);
 }
 
 void DeleteTexture(GLuint name)
 {
-    glDeleteTextures(1, &name);
+    if (!s_forgets)
+        glDeleteTextures(1, &name);
 }
 
 void DeleteRenderbuffer(GLuint name)
 {
-    glDeleteRenderbuffers(1, &name);
+    if (!s_forgets)
+        glDeleteRenderbuffers(1, &name);
 }
 
 void DeleteFramebuffer(GLuint name)
 {
-    glDeleteFramebuffers(1, &name);
+    if (!s_forgets)
+        glDeleteFramebuffers(1, &name);
 }
 
 void DeleteProgram(GLuint name)
 {
-    glDeleteProgram(name);
+    if (!s_forgets)
+        glDeleteProgram(name);
 }
 
 GlBuffer MakeBuffer(GLenum target, const void* data, std::size_t bytes)

@@ -9,7 +9,8 @@
 
 namespace ViewOpenGl {
 
-/// Owns one OpenGL name and deletes it; movable. The context that made it is current then.
+/// Owns one OpenGL name and deletes it; movable. The context that made it is current then, or a
+/// ForgottenNames lives.
 template <void (*Delete)(GLuint)> class GlName
 {
 public:
@@ -35,6 +36,18 @@ public:
 
 private:
     GLuint m_name = 0; ///< Owned; 0 for none.
+};
+
+/// While one lives, names are forgotten instead of deleted: their context is gone and has taken
+/// them along. @thread Main thread.
+class ForgottenNames
+{
+public:
+    ForgottenNames();
+    ~ForgottenNames();
+
+    ForgottenNames(const ForgottenNames&) = delete;
+    ForgottenNames& operator=(const ForgottenNames&) = delete;
 };
 
 void DeleteBuffer(GLuint name);

@@ -364,7 +364,7 @@ void SceneRenderer::drawEdges(const std::vector<FrameItem>& items)
             item.node->GetCategory() == GeoNode::Category::Model)
             continue;
         style.color = item.isOwnColored ? item.color : m_frame.options->GetDefaultEdgeColor();
-        glLineWidth(item.node->LineWidthPixels());
+        glLineWidth(std::min(item.node->LineWidthPixels(), m_maxLineWidth));
         drawKind(item, style);
     }
 }

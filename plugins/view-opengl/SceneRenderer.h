@@ -60,6 +60,9 @@ public:
     /// Ends the picture: lets go of what it did not draw.
     void EndFrame();
 
+    /// Wider lines are drawn as wide as this; 1 at start.
+    void SetMaxLineWidth(float pixels) { m_maxLineWidth = pixels; }
+
     /// Forgets everything in graphics memory.
     void Clear();
 
@@ -111,6 +114,7 @@ private:
     GlVertexArray m_emptyArray; ///< For the background, which has no vertex data.
     Frame m_frame;
     SectionCap m_cap;
+    float m_maxLineWidth = 1.0f;
     std::vector<FrameItem> m_items;              ///< Of the frame being drawn; kept for its memory.
     std::vector<FrameItem> m_objects;            ///< The same; what is drawn beside the model.
     std::vector<const FrameItem*> m_transparent; ///< The same.

@@ -4,6 +4,7 @@
 
 #include <OrvikCore/ACamera.h>
 #include <OrvikCore/Dbg.h>
+#include <OrvikCore/IFrameWindow.h>
 #include <TambVizCore/EntityId.h>
 #include <TambVizCore/Node.h>
 #include <TambVizCore/Ray.h>
@@ -49,14 +50,7 @@ View3dOpenGlSG::View3dOpenGlSG()
 View3dOpenGlSG::~View3dOpenGlSG()
 {
     GetSelectionHolder()->SetSceneRoot(nullptr);
-    if (m_context == nullptr)
-        return;
-    // Names of OpenGL can only be given back while their context is current; else the context
-    // takes them with it.
-    const GlContext::Current current(*m_context);
-    m_renderer.Clear();
-    textLabels().ClearGraphics();
-    m_target.Clear();
+    dropContext();
 }
 
 void View3dOpenGlSG::GetSceneGraphStructure(std::string& out, bool withParts)
@@ -95,43 +89,67 @@ Node& View3dOpenGlSG::GetSceneRoot()
 
 void View3dOpenGlSG::UpdateDisplay()
 {
-    if (GetWindowHandle() == nullptr)
+    if (m_window == nullptr && GetWindowHandle() == nullptr)
         prepare();
+    else if (m_window != nullptr && NeedsFrame())
+        m_window->PaintNow();
 }
 
 void View3dOpenGlSG::Rerender()
 {
     if (m_context != nullptr) {
         const GlContext::Current current(*m_context);
-        m_renderer.Clear();
-        textLabels().ClearGraphics();
+        if (current.IsCurrent())
+            clearGraphics();
     }
     UpdateDisplay();
 }
 
 bool View3dOpenGlSG::ReadImage(int width, int height, TambVizCore::Image& image)
 {
-    if (width < 1 || height < 1 || !prepare())
+    // A context may be lost on the way; the second one is a fresh one.
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        if (width < 1 || height < 1 || !prepare())
+            return false;
+        const GlContext* const used = m_context.get();
+        if (drawImage(width, height, image))
+            return true;
+        if (prepare() && m_context.get() == used)
+            return false;
+    }
+    return false;
+}
+
+bool View3dOpenGlSG::drawImage(int width, int height, TambVizCore::Image& image)
+{
+    const GlContext::Current current(*m_context);
+    const int samples = GetRenderingOptions()->GetAntialiasLevel();
+    if (!current.IsCurrent() || !bindTarget(m_target, width, height, samples))
         return false;
+    drawPicture(width, height);
+    drawOverlay(width, height);
+    m_renderer.EndFrame();
+    if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
+        OrvikCore::dbg << "-- view: OpenGL error " << error << " while drawing" << std::endl;
+        return false;
+    }
+    m_target.Read(image);
+    return !m_context->IsLost();
+}
+
+bool View3dOpenGlSG::bindTarget(FrameTarget& target, int width, int height, int samples)
+{
     if (width > m_context->MaxSide() || height > m_context->MaxSide()) {
         OrvikCore::dbg << "-- view: a picture of " << width << " x " << height
                        << " is larger than the " << m_context->MaxSide()
                        << " pixels that OpenGL allows here" << std::endl;
         return false;
     }
-    const GlContext::Current current(*m_context);
-    const TambVizCore::RenderingOptions& options = *GetRenderingOptions();
-    if (!current.IsCurrent() || !m_target.Bind(width, height, options.GetAntialiasLevel())) {
+    if (!target.Bind(width, height, samples)) {
         OrvikCore::dbg << "-- view: OpenGL has no framebuffer of " << width << " x " << height
                        << " now" << std::endl;
         return false;
     }
-    drawPicture(width, height);
-    if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
-        OrvikCore::dbg << "-- view: OpenGL error " << error << " while drawing" << std::endl;
-        return false;
-    }
-    m_target.Read(image);
     return true;
 }
 
@@ -203,26 +221,6 @@ void View3dOpenGlSG::ClearViewport()
     GetSelectionHolder()->ClearHighlight();
     GetSelectionHolder()->ClearSelection();
     m_root->RemoveAllChildren();
-}
-
-bool View3dOpenGlSG::prepare()
-{
-    if (m_context != nullptr || m_contextFailed)
-        return m_context != nullptr;
-    std::string reason;
-    m_context = GlContext::Create(reason);
-    if (m_context == nullptr) {
-        m_contextFailed = true;
-        OrvikCore::dbg << "-- view: no OpenGL: " << reason << std::endl;
-        return false;
-    }
-    OrvikCore::dbg << "-- view: " << m_context->Description() << std::endl;
-    const GlContext::Current current(*m_context);
-    m_renderer.Gpu().SetReadsOwnMemory(m_context->ReadsOwnMemory());
-    const TambVizCore::RenderingOptions& options = *GetRenderingOptions();
-    if (current.IsCurrent() && m_target.Bind(1, 1, options.GetAntialiasLevel()))
-        m_renderer.Prepare(options);
-    return true;
 }
 
 bool View3dOpenGlSG::pickAtPixel(int x, int y, TambVizCore::PartKinds kinds,

@@ -1,12 +1,14 @@
 #ifndef VIEWOPENGL_VIEW3DOPENGLSG_H
 #define VIEWOPENGL_VIEW3DOPENGLSG_H
 
+#include "FrameState.h"
 #include "FrameTarget.h"
 #include "GlContext.h"
 #include "SceneRenderer.h"
 #include "ViewObjects.h"
 
 #include <OrvikCore/AView3D.h>
+#include <OrvikCore/IFrameProvider.h>
 #include <TambVizCore/RGBAColor.h>
 #include <TambVizCore/ScenePick.h>
 #include <TambVizCore/ViewDoUndoStrategy.h>
@@ -25,8 +27,11 @@ namespace ViewOpenGl {
 ///
 /// The context is made when something is to be drawn for the first time, so a run without pictures
 /// never pays for it. Hover and surface points are rays through the spatial indexes of the scene.
+/// A context that the driver takes away is replaced, and everything in it made anew from the scene.
 /// @thread Main thread.
-class View3dOpenGlSG : public OrvikCore::AView3D, public ViewObjects
+class View3dOpenGlSG : public OrvikCore::AView3D,
+                       public ViewObjects,
+                       public OrvikCore::IFrameProvider
 {
 public:
     View3dOpenGlSG();
@@ -43,8 +48,8 @@ public:
     bool GetBoundingBox(const TambVizCore::EntityId& id, TambVizCore::VizBox& box) override;
     TambVizCore::Node& GetSceneRoot() override;
 
-    /// Without a window nothing is shown; the context and the shaders are then made ready, so that
-    /// a picture asked for later starts at once.
+    /// Paints the window where something changed. Without a window nothing is shown; the context
+    /// and the shaders are then made ready, so that a picture asked for later starts at once.
     void UpdateDisplay() override;
     void Rerender() override;
     bool ReadImage(int width, int height, TambVizCore::Image& image) override;
@@ -60,13 +65,44 @@ public:
     bool SetViewportBackground(int number, const TambVizCore::RGBAColor& color) override;
     void ClearViewport() override;
 
+    void SetFrameWindow(OrvikCore::IFrameWindow* window) override;
+    bool UseWindowContext(std::string& errorText) override;
+    void ReleaseWindowContext() override;
+    bool NeedsFrame() override;
+    bool DrawFrame() override;
+    bool ReadFrame(const OrvikCore::FrameRows& rows) override;
+    bool BlitFrame(unsigned int framebuffer, int width, int height) override;
+    bool Refine(int milliseconds) override;
+    std::uint64_t GetFrameCount() const override;
+
 protected:
+    /// @return the context that is drawn with; null while there is none. Not owned.
+    GlContext* context() { return m_context.get(); }
+
     /// Zooms to the pointer; follows drags with the rubber band and selects at their end, before
     /// the base does its work.
     void ControllerNotify(OrvikCore::IViewOp* op) override;
 
 private:
+    /// What a window shows.
+    struct FrameShown
+    {
+        bool operator==(const FrameShown& other) const = default;
+
+        FrameState frame;
+        std::uint64_t overlay = 0; ///< Stamp of what lies over the frame; 0 for nothing.
+    };
+
     bool prepare();
+    void takeContext(std::unique_ptr<GlContext> context);
+    void dropContext();
+    void clearGraphics();
+    bool bindTarget(FrameTarget& target, int width, int height, int samples);
+    bool drawImage(int width, int height, TambVizCore::Image& image);
+    bool presentOverlay();
+    bool overlayShows();
+    FrameTarget& shownTarget();
+    FrameShown wantedFrame();
     void drawPicture(int width, int height);
     void drawAxes(const Projection& projection, int width, int height);
     void drawOverlay(int width, int height);
@@ -81,7 +117,12 @@ private:
     std::unique_ptr<GlContext> m_context; ///< Null until something is drawn.
     bool m_contextFailed = false;         ///< Not tried again.
     SceneRenderer m_renderer;
-    FrameTarget m_target;
+    FrameTarget m_target;                        ///< Of pictures.
+    OrvikCore::IFrameWindow* m_window = nullptr; ///< Not owned; shows the frames.
+    FrameTarget m_frame;                         ///< Of the window, without what lies over it.
+    FrameTarget m_present;                       ///< The same with it; empty while nothing does.
+    std::optional<FrameShown> m_shown;           ///< What these two hold.
+    std::uint64_t m_frameCount = 0;
     std::optional<TambVizCore::RGBAColor> m_background[2];
     /// Of the drag being followed: where it began, and its last point on the way.
     std::optional<PixelRectangle> m_band;

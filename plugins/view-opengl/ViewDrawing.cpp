@@ -36,9 +36,7 @@ void View3dOpenGlSG::drawPicture(int width, int height)
     if (GetViewObjectManager()->IsEnabled())
         textLabels().Draw(projection, width, height, pixelScale);
     drawAxes(projection, width, height);
-    drawOverlay(width, height);
     glViewport(0, 0, width, height);
-    m_renderer.EndFrame();
 }
 
 void View3dOpenGlSG::drawAxes(const Projection& projection, int width, int height)

@@ -62,12 +62,14 @@ TextLabels::~TextLabels() = default;
 void TextLabels::Add(std::uint64_t id, const TextItem3D& item)
 {
     drop(id);
+    ++m_revision;
     m_labels.emplace(id, Label{.item = item, .texture = {}});
 }
 
 void TextLabels::Remove(std::uint64_t id)
 {
     drop(id);
+    ++m_revision;
 }
 
 /// Takes a label out; its texture waits for the context.
@@ -91,8 +93,11 @@ std::size_t TextLabels::TextureCount() const
 
 void TextLabels::SetVisible(std::uint64_t id, bool visible)
 {
-    if (const auto found = m_labels.find(id); found != m_labels.end())
-        found->second.visible = visible;
+    const auto found = m_labels.find(id);
+    if (found == m_labels.end() || found->second.visible == visible)
+        return;
+    found->second.visible = visible;
+    ++m_revision;
 }
 
 TambVizCore::VizBox TextLabels::Bounds(const double* view) const

@@ -36,6 +36,9 @@ public:
     void Remove(std::uint64_t id);
     void SetVisible(std::uint64_t id, bool visible);
 
+    /// @return a number that grows with every change of a label.
+    std::uint64_t Revision() const { return m_revision; }
+
     /// @return a box around the visible labels that lie in the world, in eye space.
     /// @param view  double[16], world to eye.
     TambVizCore::VizBox Bounds(const double* view) const;
@@ -73,6 +76,7 @@ private:
 
     std::map<std::uint64_t, Label> m_labels;
     std::vector<GlTexture> m_dropped; ///< Of labels that have gone.
+    std::uint64_t m_revision = 0;
     TextRaster m_raster;
     GlProgram m_program;
     bool m_programFailed = false;
