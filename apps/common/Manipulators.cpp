@@ -1,5 +1,6 @@
 #include "Manipulators.h"
 
+#include "JournalText.h"
 #include "PelluxApplication.h"
 #include "PngFile.h"
 
@@ -7,16 +8,25 @@
 #include <OrvikCore/Document.h>
 #include <OrvikCore/SessionMgr.h>
 #include <TambVizCore/AView3DAdapter.h>
+#include <TambVizCore/EntityId.h>
+#include <TambVizCore/IIdPictureProvider.h>
 #include <TambVizCore/IView3D.h>
 #include <TambVizCore/Image.h>
+#include <TambVizCore/Node.h>
 #include <TambVizCore/RenderingOptions.h>
 #include <TambVizCore/Utils.h>
+
+#include <cstddef>
+#include <cstdint>
 
 namespace Pellux {
 namespace {
 
+using TambVizCore::EntityId;
+using TambVizCore::IdPicture;
 using TambVizCore::IView3D;
 using TambVizCore::RenderingOptions;
+using TambVizCore::Utils;
 
 IView3D* currentView()
 {
@@ -35,11 +45,58 @@ void display(void (RenderingOptions::*setter)(bool), bool show)
     view->UpdateDisplay();
 }
 
+/// @return the view to draw, the size of a picture completed; null, with the reason, without one.
+IView3D* viewFor(const std::wstring& fileName, int& width, int& height, std::wstring& reason)
+{
+    IView3D* const view = currentView();
+    if (view == nullptr) {
+        reason = fileName + L": there is no view to draw";
+        return nullptr;
+    }
+    int viewWidth = 0;
+    int viewHeight = 0;
+    view->GetWindowSize(viewWidth, viewHeight);
+    width = width > 0 ? width : viewWidth;
+    height = height > 0 ? height : viewHeight;
+    return view;
+}
+
+std::wstring cannotDraw(const std::wstring& fileName, int width, int height)
+{
+    return fileName + L": a picture of " + std::to_wstring(width) + L" x " +
+           std::to_wstring(height) + L" pixels cannot be drawn";
+}
+
+/// The numbers of what is drawn as colours.
+TambVizCore::Image imageOf(const IdPicture& picture)
+{
+    TambVizCore::Image image;
+    image.width = picture.width;
+    image.height = picture.height;
+    image.rgba.reserve(picture.pixels.size() * 4);
+    for (const std::uint32_t number : picture.pixels)
+        for (const std::uint32_t byte : {number >> 16, number >> 8, number, 255u})
+            image.rgba.push_back(static_cast<std::uint8_t>(byte & 255u));
+    return image;
+}
+
+/// One line for each number: the number, a tabulator, the entity.
+std::string listOf(const std::vector<EntityId>& entities)
+{
+    std::string list;
+    for (std::size_t i = 0; i < entities.size(); ++i)
+        list +=
+            std::to_string(i + 1) + "\t" +
+            (entities[i].IsEmpty() ? "nothing" : Utils::WstringToString(EntityWords(entities[i]))) +
+            "\n";
+    return list;
+}
+
 PngTexts picturesTexts()
 {
     const auto& document = OrvikCore::SessionMgr::Instance().CurrentSession().Document();
-    return {{"Software", "Pellux " + TambVizCore::Utils::WstringToString(ProgramVersion())},
-            {"Title", TambVizCore::Utils::WstringToString(document.GetOpenedModelName())}};
+    return {{"Software", "Pellux " + Utils::WstringToString(ProgramVersion())},
+            {"Title", Utils::WstringToString(document.GetOpenedModelName())}};
 }
 
 } // namespace
@@ -87,22 +144,39 @@ bool BufferManipulator::SaveImage(const std::wstring& fileName, int width, int h
                                   std::wstring* errorText)
 {
     std::wstring reason;
-    IView3D* const view = currentView();
-    int viewWidth = 0;
-    int viewHeight = 0;
-    if (view == nullptr) {
-        reason = fileName + L": there is no view to draw";
-    } else {
-        view->GetWindowSize(viewWidth, viewHeight);
-        width = width > 0 ? width : viewWidth;
-        height = height > 0 ? height : viewHeight;
-        TambVizCore::Image image;
-        if (!view->ReadImage(width, height, image))
-            reason = fileName + L": a picture of " + std::to_wstring(width) + L" x " +
-                     std::to_wstring(height) + L" pixels cannot be drawn";
-        else if (WritePng(fileName, image, picturesTexts(), reason))
-            return true;
+    IView3D* const view = viewFor(fileName, width, height, reason);
+    TambVizCore::Image image;
+    if (view != nullptr && !view->ReadImage(width, height, image))
+        reason = cannotDraw(fileName, width, height);
+    else if (view != nullptr && WritePng(fileName, image, picturesTexts(), reason))
+        return true;
+    if (errorText != nullptr)
+        *errorText = reason;
+    return false;
+}
+
+bool BufferManipulator::SaveIdPicture(const std::wstring& fileName, int width, int height,
+                                      std::vector<EntityId>& entities, std::wstring* errorText)
+{
+    std::wstring reason;
+    IView3D* const view = viewFor(fileName, width, height, reason);
+    auto* const provider = dynamic_cast<TambVizCore::IIdPictureProvider*>(view);
+    IdPicture picture;
+    if (view != nullptr &&
+        (provider == nullptr || !provider->ReadIdPicture(width, height, picture)))
+        reason = cannotDraw(fileName, width, height);
+    if (!reason.empty()) {
+        if (errorText != nullptr)
+            *errorText = reason;
+        return false;
     }
+    entities.assign(picture.items.size(), EntityId());
+    for (std::size_t i = 0; i < entities.size(); ++i)
+        TambVizCore::GetRenderIdEntity(view->GetSceneRoot(), picture.items[i], entities[i]);
+    const PngTexts texts = {{"Software", "Pellux " + Utils::WstringToString(ProgramVersion())},
+                            {"Entities", listOf(entities)}};
+    if (WritePng(fileName, imageOf(picture), texts, reason))
+        return true;
     if (errorText != nullptr)
         *errorText = reason;
     return false;

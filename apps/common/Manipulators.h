@@ -3,6 +3,7 @@
 
 #include <OrvikCore/ABufferManipulator.h>
 #include <OrvikCore/AViewManipulator.h>
+#include <OrvikCore/IIdPictureSaver.h>
 
 namespace Pellux {
 
@@ -19,12 +20,15 @@ public:
 };
 
 /// Measures and saves the picture of the current session's view. Main thread.
-class BufferManipulator : public OrvikCore::ABufferManipulator
+class BufferManipulator : public OrvikCore::ABufferManipulator, public OrvikCore::IIdPictureSaver
 {
 public:
     bool GetSize(int& width, int& height) const override;
     bool SaveImage(const std::wstring& fileName, int width, int height,
                    std::wstring* errorText) override;
+    bool SaveIdPicture(const std::wstring& fileName, int width, int height,
+                       std::vector<TambVizCore::EntityId>& entities,
+                       std::wstring* errorText) override;
 };
 
 } // namespace Pellux

@@ -18,6 +18,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterInputCommands(table);
     RegisterJournalCommands(table);
     RegisterMeasureCommands(table);
+    RegisterPictureCommands(table);
     RegisterSectionCommands(table);
     RegisterSelectionCommands(table);
     RegisterSelectionFindCommands(table);

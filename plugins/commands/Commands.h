@@ -22,6 +22,7 @@ void RegisterHighlightCommand(TambCommandsInfra::CommandTable& table);
 void RegisterInputCommands(TambCommandsInfra::CommandTable& table);
 void RegisterJournalCommands(TambCommandsInfra::CommandTable& table);
 void RegisterMeasureCommands(TambCommandsInfra::CommandTable& table);
+void RegisterPictureCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSectionCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSelectionCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSelectionFindCommands(TambCommandsInfra::CommandTable& table);

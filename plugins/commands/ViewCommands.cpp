@@ -1,14 +1,10 @@
 #include "CommandParts.h"
 #include "Commands.h"
 
-#include <OrvikCore/ABufferManipulator.h>
 #include <OrvikCore/ASession.h>
-#include <OrvikCore/AppController.h>
-#include <OrvikCore/SessionMgr.h>
 #include <TambCommandsInfra/CallGate.h>
 #include <TambCommandsInfra/CommandTable.h>
 #include <TambCommandsInfra/ITambViewServices.h>
-#include <TambVizCore/Utils.h>
 
 #include <array>
 #include <stdexcept>
@@ -25,9 +21,6 @@ using TambCommandsInfra::Parameter;
 using TambCommandsInfra::Presence;
 using TambCommandsInfra::Value;
 using TambCommandsInfra::ValueType;
-
-/// Largest side of a picture, pixels.
-constexpr double kMaxSide = 16384;
 
 using StandardView = void (ITambViewServices::*)();
 using Display = void (ITambViewServices::*)(bool show);
@@ -139,76 +132,6 @@ Command setCameraCommand()
     return command;
 }
 
-OrvikCore::ABufferManipulator& pictures()
-{
-    OrvikCore::ABufferManipulator* const manipulator =
-        OrvikCore::AppController::Instance().GetBufferManipulator();
-    if (manipulator == nullptr)
-        throw std::runtime_error("The program makes no pictures.");
-    return *manipulator;
-}
-
-Command sizeCommand()
-{
-    Command command;
-    command.name = "view:size";
-    command.result = ValueType::List;
-    command.resultHelp = "width and height in pixels";
-    command.summary = "Tells the size of the view.";
-    command.example = "(view:size)";
-    command.handler = [](const Arguments&) {
-        return CallGate::Call([] {
-            int width = 0;
-            int height = 0;
-            if (!pictures().GetSize(width, height))
-                throw std::runtime_error("There is no view.");
-            return Value(Value::List{Value(width), Value(height)});
-        });
-    };
-    return command;
-}
-
-Parameter sideParameter(const std::string& name)
-{
-    Parameter parameter;
-    parameter.name = name;
-    parameter.type = ValueType::Integer;
-    parameter.help = name + " of the picture; that of the view when left out";
-    parameter.unit = "pixels";
-    parameter.presence = Presence::Optional;
-    parameter.minimum = 1;
-    parameter.maximum = kMaxSide;
-    return parameter;
-}
-
-Command saveImageCommand()
-{
-    Command command;
-    command.name = "view:save-image";
-    command.parameters = {PathParameter("path", "PNG file to write; one that exists is replaced"),
-                          sideParameter("width"), sideParameter("height")};
-    command.summary = "Writes a picture of the view.";
-    command.help = "A path that does not begin at the root is meant in the default output "
-                   "directory.";
-    command.example = "(view:save-image \"part.png\" 1920 1080)";
-    command.effect = CommandEffect::Changes;
-    command.handler = [](const Arguments& arguments) {
-        const std::wstring path =
-            InFolder(OrvikCore::SessionMgr::Instance().GetDefaultOutputDirectory(),
-                     arguments["path"].AsString());
-        const auto side = [&arguments](const char* name) {
-            return arguments.IsGiven(name) ? static_cast<int>(arguments[name].AsInteger()) : 0;
-        };
-        CallGate::Call([&] {
-            std::wstring reason;
-            if (!pictures().SaveImage(path, side("width"), side("height"), &reason))
-                throw std::runtime_error(TambVizCore::Utils::WstringToString(reason));
-        });
-        return Value();
-    };
-    return command;
-}
-
 } // namespace
 
 void RegisterViewCommands(CommandTable& table)
@@ -226,8 +149,6 @@ void RegisterViewCommands(CommandTable& table)
     table.Register(zoomToBoxCommand());
     table.Register(cameraCommand());
     table.Register(setCameraCommand());
-    table.Register(sizeCommand());
-    table.Register(saveImageCommand());
     table.Register(displayCommand("faces", &Services::DisplayFaces, "faces"));
     table.Register(displayCommand("edges", &Services::DisplayEdges, "edges"));
     table.Register(displayCommand("vertices", &Services::DisplayVertices, "vertices"));

@@ -37,8 +37,9 @@ struct FrameItem
     bool mirrored = false;
     bool auxiliary = false; ///< Drawn beside the model: no section plane cuts it.
     std::uint32_t flags = 0;
-    TambVizCore::VizBox box; ///< In eye space.
-    double depth = 0.0;      ///< Of the middle of the box.
+    std::uint32_t number = 0; ///< In a picture of ids, from 1.
+    TambVizCore::VizBox box;  ///< In eye space.
+    double depth = 0.0;       ///< Of the middle of the box.
 };
 
 /// Collects the bodies in sight of one frame. @thread Main thread, with the context current.

@@ -136,6 +136,34 @@ Projection SceneRenderer::Draw(Node& root, Node& objects, const RenderingOptions
     return m_frame.projection;
 }
 
+void SceneRenderer::DrawIds(Node& root, const RenderingOptions& options,
+                            const Projection& projection, std::vector<const GeoNode*>& nodes)
+{
+    beginFrame(options, projection);
+    VizBox drawn;
+    FrameItems(m_gpu, options, m_frame.projection).Collect(root, m_items, drawn);
+    FitDepth(m_frame.projection, drawn);
+    nodes.clear();
+    for (FrameItem& item : m_items) {
+        nodes.push_back(item.node);
+        item.number = static_cast<std::uint32_t>(nodes.size());
+        item.hasOpacity = true;
+        item.hasTransparency = false;
+    }
+    glDisable(GL_BLEND);
+    glDepthMask(GL_TRUE);
+    glEnable(GL_DEPTH_TEST);
+    glDepthFunc(GL_LEQUAL);
+    glEnable(GL_PROGRAM_POINT_SIZE);
+    m_frame.ids = true;
+    setClipPlanes(options);
+    enableClipPlanes(true);
+    drawOpaque(m_items, options.GetShowFaces());
+    enableClipPlanes(false);
+    m_frame.clipPlaneCount = 0;
+    m_frame.ids = false;
+}
+
 void SceneRenderer::DrawInset(Node& root, const RenderingOptions& options,
                               const Projection& projection)
 {
@@ -316,6 +344,7 @@ void SceneRenderer::drawCap(const FrameItem& item)
 {
     ShaderFeatures features;
     features.normals = true;
+    features.ids = m_frame.ids;
     Shader* const shader = m_shaders.Get(features);
     if (shader == nullptr)
         return;
@@ -329,6 +358,8 @@ void SceneRenderer::drawCap(const FrameItem& item)
     glUseProgram(shader->program.Get());
     setFrameUniforms(*shader);
     setUniforms(*shader, flat, Style{.color = opaque(item.color)});
+    if (features.ids)
+        glUniform1i(shader->hasParts, 0);
     glStencilFunc(GL_NOTEQUAL, 0, 0xFF);
     glStencilOp(GL_KEEP, GL_KEEP, GL_KEEP);
     m_cap.DrawKept();
@@ -397,18 +428,23 @@ void SceneRenderer::drawKind(const FrameItem& item, const Style& style)
     features.parts = item.states->needsParts;
     features.mixed = style.mixed;
     features.clip = m_frame.clipPlaneCount > 0;
+    features.ids = m_frame.ids;
     Shader* const shader = m_shaders.Get(features);
     if (shader == nullptr)
         return;
-    if (features.parts) {
+    if (features.parts || features.ids) {
         glActiveTexture(GL_TEXTURE0 + kPartOfPrimitiveUnit);
         glBindTexture(GL_TEXTURE_BUFFER, m_gpu.PartOfPrimitive(*item.node, style.kind).Get());
+    }
+    if (features.parts) {
         glActiveTexture(GL_TEXTURE0 + kPartStateUnit);
         glBindTexture(GL_TEXTURE_BUFFER, item.states->texture.Get());
     }
     glUseProgram(shader->program.Get());
     setFrameUniforms(*shader);
     setUniforms(*shader, item, style);
+    if (features.ids)
+        glUniform1i(shader->hasParts, 1);
     glBindVertexArray(gpu.vertexArray.Get());
     glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, primitives.indices.Get());
     glDrawElements(primitiveOf(style.kind), primitives.count, GL_UNSIGNED_INT, nullptr);
@@ -438,6 +474,8 @@ void SceneRenderer::setUniforms(Shader& shader, const FrameItem& item, const Sty
     const bool isFace = style.kind == PartKind::Face;
     glUniform1f(shader.opacity, isFace ? item.opacity : 1.0f);
     glUniform1f(shader.unselectedOpacity, isFace ? item.unselectedOpacity : 1.0f);
+    if (m_frame.ids)
+        glUniform1ui(shader.itemNumber, item.number);
     if (style.kind == PartKind::Vertex) {
         const float size = item.node->PointSizePixels();
         const bool cloud = item.node->GetCategory() == GeoNode::Category::PointCloud;

@@ -15,6 +15,7 @@
 #include <vector>
 
 namespace TambVizCore {
+class GeoNode;
 class Node;
 class RenderingOptions;
 } // namespace TambVizCore
@@ -52,6 +53,14 @@ public:
                     const TambVizCore::RenderingOptions& options, const Projection& projection,
                     const Background& background, const TambVizCore::VizBox& beyond);
 
+    /// Draws what is where instead of a picture, as IIdPictureProvider tells it, with the same
+    /// means as Draw(): the second colour attachment gets the number of a node and a part index
+    /// (all ones for none), the third the depth. EndFrame() ends it.
+    ///
+    /// @param nodes  Receives the nodes by their numbers less 1; not owned.
+    void DrawIds(TambVizCore::Node& root, const TambVizCore::RenderingOptions& options,
+                 const Projection& projection, std::vector<const TambVizCore::GeoNode*>& nodes);
+
     /// Draws a small scene over the picture that Draw() began, in front of everything: its own
     /// camera, no section planes, always with faces.
     void DrawInset(TambVizCore::Node& root, const TambVizCore::RenderingOptions& options,
@@ -88,6 +97,7 @@ private:
         Projection projection;
         float clipPlanes[kMaxClipPlanes][4] = {}; ///< In eye space; unused ones keep everything.
         int clipPlaneCount = 0;
+        bool ids = false; ///< Item, part and depth are written beside the colour.
         std::uint64_t number = 0;
     };
 

@@ -30,9 +30,15 @@ out vec3 viewNormal;
 #ifdef COLORS
 out vec4 vertexColor;
 #endif
+#ifdef IDS
+out float eyeDepth;
+#endif
 void main()
 {
     vec3 p = (modelView * vec4(position, 1.0)).xyz;
+#ifdef IDS
+    eyeDepth = -p.z;
+#endif
 #ifdef LIT
     viewPosition = p;
 #endif
@@ -70,11 +76,20 @@ uniform bool orthographic;
 uniform bool transparentLayer;
 uniform float opacity;
 uniform float unselectedOpacity;
-#ifdef PARTS
+#if defined(PARTS) || defined(IDS)
 uniform usamplerBuffer partOfPrimitive;
+#endif
+#ifdef PARTS
 uniform usamplerBuffer partStates;
 #endif
-out vec4 outColor;
+layout(location = 0) out vec4 outColor;
+#ifdef IDS
+uniform uint itemNumber;
+uniform bool hasParts;
+in float eyeDepth;
+layout(location = 1) out uvec2 outItem;
+layout(location = 2) out float outDepth;
+#endif
 
 #ifdef PARTS
 vec4 unpackColor(uint c)
@@ -113,6 +128,10 @@ vec3 shade(vec3 surface)
 
 void main()
 {
+#ifdef IDS
+    outItem = uvec2(itemNumber, hasParts ? texelFetch(partOfPrimitive, gl_PrimitiveID).r : 0xFFFFFFFFu);
+    outDepth = eyeDepth;
+#endif
     vec4 color = baseColor;
     uint flags = nodeFlags;
 #ifdef COLORS
@@ -180,6 +199,7 @@ std::string header(const ShaderFeatures& features)
     text += features.parts ? "#define PARTS\n" : "";
     text += features.mixed ? "#define MIXED\n" : "";
     text += features.clip ? "#define CLIP\n" : "";
+    text += features.ids ? "#define IDS\n" : "";
     return text;
 }
 
@@ -187,7 +207,7 @@ std::size_t indexOf(const ShaderFeatures& features)
 {
     std::size_t index = 0;
     for (const bool bit : {features.lit, features.normals, features.colors, features.parts,
-                           features.mixed, features.clip})
+                           features.mixed, features.clip, features.ids})
         index = index * 2 + (bit ? 1 : 0);
     return index;
 }
@@ -209,6 +229,8 @@ void findUniforms(Shader& shader)
     shader.opacity = place("opacity");
     shader.unselectedOpacity = place("unselectedOpacity");
     shader.clipPlanes = place("clipPlanes");
+    shader.itemNumber = place("itemNumber");
+    shader.hasParts = place("hasParts");
     glUseProgram(program);
     glUniform1i(place("partOfPrimitive"), kPartOfPrimitiveUnit);
     glUniform1i(place("partStates"), kPartStateUnit);

@@ -34,6 +34,7 @@ struct ShaderFeatures
     bool parts = false;   ///< The state of each part is looked up.
     bool mixed = false;   ///< Opaque and transparent places are told apart.
     bool clip = false;    ///< Section planes cut.
+    bool ids = false;     ///< Item, part and depth are written beside the colour.
 };
 
 /// Which places of a body are drawn; only told apart by programs of mixed bodies.
@@ -60,6 +61,8 @@ struct Shader
     GLint opacity = -1;
     GLint unselectedOpacity = -1;
     GLint clipPlanes = -1;
+    GLint itemNumber = -1;
+    GLint hasParts = -1;
     std::uint64_t frame = 0; ///< The frame whose common uniforms it has.
 };
 
@@ -78,7 +81,7 @@ private:
     Shader* make(std::optional<Shader>& slot, const std::string& vertexText,
                  const std::string& fragmentText);
 
-    std::array<std::optional<Shader>, 64> m_shaders; ///< By the bits of the features.
+    std::array<std::optional<Shader>, 128> m_shaders; ///< By the bits of the features.
     std::optional<Shader> m_background;
 };
 

@@ -9,6 +9,7 @@
 
 #include <OrvikCore/AView3D.h>
 #include <OrvikCore/IFrameProvider.h>
+#include <TambVizCore/IIdPictureProvider.h>
 #include <TambVizCore/RGBAColor.h>
 #include <TambVizCore/ScenePick.h>
 #include <TambVizCore/ViewDoUndoStrategy.h>
@@ -31,7 +32,8 @@ namespace ViewOpenGl {
 /// @thread Main thread.
 class View3dOpenGlSG : public OrvikCore::AView3D,
                        public ViewObjects,
-                       public OrvikCore::IFrameProvider
+                       public OrvikCore::IFrameProvider,
+                       public TambVizCore::IIdPictureProvider
 {
 public:
     View3dOpenGlSG();
@@ -53,6 +55,7 @@ public:
     void UpdateDisplay() override;
     void Rerender() override;
     bool ReadImage(int width, int height, TambVizCore::Image& image) override;
+    bool ReadIdPicture(int width, int height, TambVizCore::IdPicture& picture) override;
 
     bool GetRenderIdAtPixel(int x, int y, TambVizCore::RenderId& id) override;
     bool GetSurfacePointAtPixel(int x, int y, float* point) override;

@@ -3,6 +3,7 @@
 #include "OrvikCore/APathHelper.h"
 #include "OrvikCore/AViewManipulator.h"
 #include "OrvikCore/IApplication.h"
+#include "OrvikCore/IIdPictureSaver.h"
 #include "OrvikCore/ISessionObserver.h"
 
 namespace OrvikCore {
@@ -11,6 +12,7 @@ ABufferManipulator::~ABufferManipulator() = default;
 APathHelper::~APathHelper() = default;
 AViewManipulator::~AViewManipulator() = default;
 IApplication::~IApplication() = default;
+IIdPictureSaver::~IIdPictureSaver() = default;
 ISessionObserver::~ISessionObserver() = default;
 
 } // namespace OrvikCore

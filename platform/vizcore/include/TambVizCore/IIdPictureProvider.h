@@ -17,8 +17,8 @@ struct IdPicture
     /// By row from the top, width numbers each: 0 where nothing of the model is drawn, else the
     /// position in #items plus 1.
     std::vector<std::uint32_t> pixels;
-    /// The same order: how far along the line of sight what is drawn lies from the eye, or in
-    /// parallel projection from the plane through it; world units, 0 where the pixel is 0.
+    /// The same order: how far along the viewing direction what is drawn lies from the eye, world
+    /// units; 0 where the pixel is 0.
     std::vector<float> depths;
     /// What pixels name: a part of a node (face, edge or vertex), or a node where what is drawn
     /// belongs to no part. Each once, in no order; only what may be seen.

@@ -1,0 +1,157 @@
+#include "CommandParts.h"
+#include "Commands.h"
+#include "EntityObject.h"
+
+#include <OrvikCore/ABufferManipulator.h>
+#include <OrvikCore/AppController.h>
+#include <OrvikCore/IIdPictureSaver.h>
+#include <OrvikCore/SessionMgr.h>
+#include <TambCommandsInfra/CallGate.h>
+#include <TambCommandsInfra/CommandTable.h>
+#include <TambVizCore/EntityId.h>
+#include <TambVizCore/Utils.h>
+
+#include <stdexcept>
+#include <utility>
+#include <vector>
+
+namespace OrvikCommands {
+namespace {
+
+using TambCommandsInfra::Arguments;
+using TambCommandsInfra::CallGate;
+using TambCommandsInfra::Command;
+using TambCommandsInfra::CommandEffect;
+using TambCommandsInfra::CommandTable;
+using TambCommandsInfra::Parameter;
+using TambCommandsInfra::Presence;
+using TambCommandsInfra::Value;
+using TambCommandsInfra::ValueType;
+
+/// Largest side of a picture, pixels.
+constexpr double kMaxSide = 16384;
+
+OrvikCore::ABufferManipulator& pictures()
+{
+    OrvikCore::ABufferManipulator* const manipulator =
+        OrvikCore::AppController::Instance().GetBufferManipulator();
+    if (manipulator == nullptr)
+        throw std::runtime_error("The program makes no pictures.");
+    return *manipulator;
+}
+
+Command sizeCommand()
+{
+    Command command;
+    command.name = "view:size";
+    command.result = ValueType::List;
+    command.resultHelp = "width and height in pixels";
+    command.summary = "Tells the size of the view.";
+    command.example = "(view:size)";
+    command.handler = [](const Arguments&) {
+        return CallGate::Call([] {
+            int width = 0;
+            int height = 0;
+            if (!pictures().GetSize(width, height))
+                throw std::runtime_error("There is no view.");
+            return Value(Value::List{Value(width), Value(height)});
+        });
+    };
+    return command;
+}
+
+Parameter sideParameter(const std::string& name)
+{
+    Parameter parameter;
+    parameter.name = name;
+    parameter.type = ValueType::Integer;
+    parameter.help = name + " of the picture; that of the view when left out";
+    parameter.unit = "pixels";
+    parameter.presence = Presence::Optional;
+    parameter.minimum = 1;
+    parameter.maximum = kMaxSide;
+    return parameter;
+}
+
+int sideArgument(const Arguments& arguments, const char* name)
+{
+    return arguments.IsGiven(name) ? static_cast<int>(arguments[name].AsInteger()) : 0;
+}
+
+std::wstring outputPath(const Arguments& arguments)
+{
+    return InFolder(OrvikCore::SessionMgr::Instance().GetDefaultOutputDirectory(),
+                    arguments["path"].AsString());
+}
+
+Command saveImageCommand()
+{
+    Command command;
+    command.name = "view:save-image";
+    command.parameters = {PathParameter("path", "PNG file to write; one that exists is replaced"),
+                          sideParameter("width"), sideParameter("height")};
+    command.summary = "Writes a picture of the view.";
+    command.help = "A path that does not begin at the root is meant in the default output "
+                   "directory.";
+    command.example = "(view:save-image \"part.png\" 1920 1080)";
+    command.effect = CommandEffect::Changes;
+    command.handler = [](const Arguments& arguments) {
+        const std::wstring path = outputPath(arguments);
+        CallGate::Call([&] {
+            std::wstring reason;
+            if (!pictures().SaveImage(path, sideArgument(arguments, "width"),
+                                      sideArgument(arguments, "height"), &reason))
+                throw std::runtime_error(TambVizCore::Utils::WstringToString(reason));
+        });
+        return Value();
+    };
+    return command;
+}
+
+Command idPictureCommand()
+{
+    Command command;
+    command.name = "view:id-picture";
+    command.parameters = {PathParameter("path", "PNG file to write; one that exists is replaced"),
+                          sideParameter("width"), sideParameter("height")};
+    command.result = ValueType::List;
+    command.resultHelp = "what is drawn: the first has the number 1, the second 2, ...; #f for "
+                         "what is drawn of no entity";
+    command.summary = "Writes a picture whose colours are the numbers of what is drawn.";
+    command.help = "A colour is red * 65536 + green * 256 + blue; 0 is nothing. Numbers stand for "
+                   "faces, edges and vertices, or for bodies where what is drawn belongs to none. "
+                   "What is transparent counts as opaque; what is drawn beside the model is left "
+                   "out. The file's text \"Entities\" names them too. A path that does not begin "
+                   "at the root is meant in the default output directory.";
+    command.example = "(view:id-picture \"ids.png\" 400 300)";
+    command.effect = CommandEffect::Changes;
+    command.handler = [](const Arguments& arguments) {
+        const std::wstring path = outputPath(arguments);
+        std::vector<TambVizCore::EntityId> entities;
+        CallGate::Call([&] {
+            auto* const saver = dynamic_cast<OrvikCore::IIdPictureSaver*>(&pictures());
+            if (saver == nullptr)
+                throw std::runtime_error("The program makes no pictures of ids.");
+            std::wstring reason;
+            if (!saver->SaveIdPicture(path, sideArgument(arguments, "width"),
+                                      sideArgument(arguments, "height"), entities, &reason))
+                throw std::runtime_error(TambVizCore::Utils::WstringToString(reason));
+        });
+        Value::List drawn;
+        for (const TambVizCore::EntityId& entity : entities)
+            drawn.push_back(entity.IsEmpty() ? Value(false) : ToValue(entity));
+        return Value(std::move(drawn));
+    };
+    return command;
+}
+
+} // namespace
+
+void RegisterPictureCommands(CommandTable& table)
+{
+    table.Register(sizeCommand());
+    table.Register(saveImageCommand());
+    table.Register(idPictureCommand());
+}
+
+} // namespace OrvikCommands

@@ -1,0 +1,85 @@
+// What the view draws where, by name instead of colour.
+#include "IdTarget.h"
+#include "View3dOpenGlSG.h"
+
+#include <OrvikCore/Dbg.h>
+#include <TambVizCore/GeoNode.h>
+#include <TambVizCore/Geometry.h>
+
+#include <unordered_map>
+
+namespace ViewOpenGl {
+namespace {
+
+using TambVizCore::GeoNode;
+using TambVizCore::IdPicture;
+using TambVizCore::RenderId;
+
+RenderId nameOf(const GeoNode& node, std::uint32_t partIndex)
+{
+    RenderId id = node.GetRenderId();
+    const auto& parts = node.GetGeometry()->Parts();
+    if (partIndex < parts.size())
+        id.AddValue(parts[partIndex].id);
+    return id;
+}
+
+/// Replaces pairs of a node's number and a part index by positions in a list of names.
+void nameItems(const std::vector<std::uint32_t>& items, const std::vector<const GeoNode*>& nodes,
+               IdPicture& picture)
+{
+    std::unordered_map<std::uint64_t, std::uint32_t> numbers;
+    picture.pixels.reserve(items.size() / 2);
+    for (std::size_t i = 0; i + 1 < items.size(); i += 2) {
+        if (items[i] == 0) {
+            picture.pixels.push_back(0);
+            continue;
+        }
+        const auto [known, isNew] =
+            numbers.try_emplace(std::uint64_t{items[i]} << 32 | items[i + 1],
+                                static_cast<std::uint32_t>(picture.items.size() + 1));
+        if (isNew)
+            picture.items.push_back(nameOf(*nodes[items[i] - 1], items[i + 1]));
+        picture.pixels.push_back(known->second);
+    }
+}
+
+} // namespace
+
+bool View3dOpenGlSG::ReadIdPicture(int width, int height, IdPicture& picture)
+{
+    if (width < 1 || height < 1 || !prepare())
+        return false;
+    if (width > m_context->MaxSide() || height > m_context->MaxSide()) {
+        OrvikCore::dbg << "-- view: a picture of " << width << " x " << height
+                       << " is larger than the " << m_context->MaxSide()
+                       << " pixels that OpenGL allows here" << std::endl;
+        return false;
+    }
+    const GlContext::Current current(*m_context);
+    if (!current.IsCurrent())
+        return false;
+    IdTarget target(width, height);
+    if (!target.Bind()) {
+        OrvikCore::dbg << "-- view: OpenGL has no framebuffer of " << width << " x " << height
+                       << " for ids" << std::endl;
+        return false;
+    }
+    std::vector<const GeoNode*> nodes;
+    m_renderer.DrawIds(*m_root, *GetRenderingOptions(), MakeProjection(*GetCamera(), width, height),
+                       nodes);
+    IdTarget::Pixels pixels = target.Read();
+    m_renderer.EndFrame();
+    if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
+        OrvikCore::dbg << "-- view: OpenGL error " << error << " while drawing ids" << std::endl;
+        return false;
+    }
+    picture = {};
+    picture.width = width;
+    picture.height = height;
+    picture.depths = std::move(pixels.depths);
+    nameItems(pixels.items, nodes, picture);
+    return true;
+}
+
+} // namespace ViewOpenGl
