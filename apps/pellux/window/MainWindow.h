@@ -5,19 +5,29 @@
 
 #include <QMainWindow>
 
+QT_BEGIN_NAMESPACE
+class QDockWidget;
+QT_END_NAMESPACE
+
 namespace Pellux {
 
 class CommandRunner;
+class HostRuntime;
+class StatusLine;
 class ViewWidget;
 
-/// The window: the 3D view in the middle, docks around it. @thread Main thread.
+/// The window: the 3D view in the middle, docks around it, the status line below. Where its parts
+/// lie is remembered from one run to the next. @thread Main thread.
 class MainWindow final : public QMainWindow, public OrvikCore::ISessionObserver
 {
     Q_OBJECT
 
 public:
+    /// Made when the session, its view and its tree are there, and before the shell is.
+    ///
     /// @param runner  Not owned; outlives the window.
-    explicit MainWindow(CommandRunner& runner);
+    /// @param host    Not owned; outlives the window.
+    MainWindow(CommandRunner& runner, HostRuntime& host);
 
     /// Is the observer of the session no more.
     ~MainWindow() override;
@@ -29,10 +39,35 @@ public:
     void Notify(int eventCode) override;
 
     ViewWidget& View() { return *m_view; }
+    StatusLine& Status() { return *m_status; }
+
+    /// @return the item for the View menu that shows and hides each dock and tool bar, in the order
+    ///         in which they were made.
+    QList<QAction*> PanelActions() const;
+
+    /// Puts docks and tool bars where they are at the first start.
+    void ResetLayout();
+
+Q_SIGNALS:
+    /// The preferences are to be read again.
+    void PreferencesChanged();
+
+    /// The user wants the window closed; whoever listens decides, with Qt's event not accepted.
+    void CloseWanted();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
 
 private:
+    QDockWidget* addDock(const char* name, const QString& title, Qt::DockWidgetArea area,
+                         QWidget* content);
+    void addPanels();
+
     CommandRunner& m_runner;
-    ViewWidget* m_view; ///< Owned by the window as its child.
+    HostRuntime& m_host;
+    ViewWidget* m_view;   ///< Owned by the window as its child.
+    StatusLine* m_status; ///< Owned by the window as its child.
+    QByteArray m_firstLayout;
 };
 
 } // namespace Pellux

@@ -7,6 +7,8 @@
 #include <OrvikCore/MessageType.h>
 #include <OrvikOs/MsgWait.h>
 
+#include <QCoreApplication>
+
 namespace Pellux {
 namespace {
 
@@ -45,7 +47,9 @@ bool WindowRun::Start(std::wstring& errorText)
     options.output = show;
     options.pluginMessage = show;
     options.sessionReady = [this] {
-        m_window = std::make_unique<MainWindow>(m_runner);
+        m_window = std::make_unique<MainWindow>(m_runner, m_host);
+        QObject::connect(m_window.get(), &MainWindow::CloseWanted, &m_runner,
+                         [] { QCoreApplication::quit(); });
         m_window->show();
     };
     if (m_host.Start(options, errorText) != StartResult::Good)
