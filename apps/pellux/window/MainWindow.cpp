@@ -1,12 +1,15 @@
 #include "window/MainWindow.h"
 
+#include "console/ConsoleDock.h"
 #include "runtime/CommandRunner.h"
 #include "runtime/Guarded.h"
+#include "runtime/QtText.h"
 #include "view/ViewWidget.h"
 #include "window/StatusLine.h"
 #include "window/WindowLayout.h"
 
 #include <OrvikCore/ASession.h>
+#include <OrvikCore/IApplication.h>
 #include <OrvikCore/SessionMgr.h>
 
 #include <QCloseEvent>
@@ -18,6 +21,14 @@ namespace {
 
 constexpr int kFirstWidth = 1280;
 constexpr int kFirstHeight = 860;
+
+/// @return the path of a file in the user's state folder.
+QString stateFile(const QString& name)
+{
+    const OrvikCore::IApplication* const application =
+        OrvikCore::SessionMgr::Instance().GetApplication();
+    return application == nullptr ? QString() : ToQt(application->GetStateFolder()) + u'/' + name;
+}
 
 } // namespace
 
@@ -46,7 +57,11 @@ MainWindow::~MainWindow()
     Guarded([this] { WindowLayout::Save(*this); });
 }
 
-void MainWindow::addPanels() {}
+void MainWindow::addPanels()
+{
+    m_console = new ConsoleDock(m_runner, stateFile(QStringLiteral("console-history")), this);
+    addDockWidget(Qt::BottomDockWidgetArea, m_console);
+}
 
 QDockWidget* MainWindow::addDock(const char* name, const QString& title, Qt::DockWidgetArea area,
                                  QWidget* content)

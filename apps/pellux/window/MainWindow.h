@@ -12,6 +12,7 @@ QT_END_NAMESPACE
 namespace Pellux {
 
 class CommandRunner;
+class ConsoleDock;
 class HostRuntime;
 class StatusLine;
 class ViewWidget;
@@ -39,6 +40,7 @@ public:
     void Notify(int eventCode) override;
 
     ViewWidget& View() { return *m_view; }
+    ConsoleDock& Console() { return *m_console; }
     StatusLine& Status() { return *m_status; }
 
     /// @return the item for the View menu that shows and hides each dock and tool bar, in the order
@@ -65,8 +67,9 @@ private:
 
     CommandRunner& m_runner;
     HostRuntime& m_host;
-    ViewWidget* m_view;   ///< Owned by the window as its child.
-    StatusLine* m_status; ///< Owned by the window as its child.
+    ViewWidget* m_view;               ///< Owned by the window as its child.
+    StatusLine* m_status;             ///< Owned by the window as its child.
+    ConsoleDock* m_console = nullptr; ///< Owned by the window as its child.
     QByteArray m_firstLayout;
 };
 
