@@ -1,5 +1,8 @@
 #include "WindowFixture.h"
 
+#include <OrvikCore/IApplication.h>
+#include <OrvikCore/SessionMgr.h>
+
 #include <console/CompletionPopup.h>
 #include <console/ConsoleDock.h>
 #include <console/ConsoleInput.h>
@@ -78,13 +81,15 @@ TEST_F(ConsoleDock, ShowsEarlierCommandsAfterANewStart)
 {
     type("(+ 1 2)");
     press(Qt::Key_Return);
-    Close();
-    Open();
-    type("(new");
-    press(Qt::Key_Up);
-    EXPECT_EQ(input().toPlainText(), QStringLiteral("(+ 1 2)"));
-    press(Qt::Key_Down);
-    EXPECT_EQ(input().toPlainText(), QStringLiteral("(new"));
+
+    const auto* const application = OrvikCore::SessionMgr::Instance().GetApplication();
+    Pellux::ConsoleInput next(QString::fromStdWString(application->GetStateFolder()) +
+                              QStringLiteral("/console-history"));
+    QTest::keyClicks(&next, QStringLiteral("(new"));
+    QTest::keyClick(&next, Qt::Key_Up);
+    EXPECT_EQ(next.toPlainText(), QStringLiteral("(+ 1 2)"));
+    QTest::keyClick(&next, Qt::Key_Down);
+    EXPECT_EQ(next.toPlainText(), QStringLiteral("(new"));
 }
 
 TEST_F(ConsoleDock, CompletesCommandsWithTheirHelp)
@@ -169,8 +174,7 @@ TEST_F(ConsoleDock, CancelEndsWhatRuns)
 TEST_F(ConsoleDock, HasANameForEverythingThatTakesTheFocus)
 {
     for (const QWidget* const widget : Window().Console().findChildren<QWidget*>()) {
-        if (widget->focusPolicy() == Qt::NoFocus ||
-            !widget->metaObject()->className() ||
+        if (widget->focusPolicy() == Qt::NoFocus || !widget->metaObject()->className() ||
             QByteArray(widget->metaObject()->className()).startsWith("QDock") ||
             widget->objectName().startsWith(QStringLiteral("qt_")))
             continue;
