@@ -11,6 +11,7 @@ target_sources(OrvikOs PRIVATE
     src/posix/MemoryMappedFile.cpp
     src/posix/System.cpp
     src/posix/Thread.cpp
+    src/posix/ThreadWatch.cpp
     src/posix/WaitHandles.cpp)
 if(orvik_is_x86_64)
     target_sources(OrvikOs PRIVATE

@@ -14,6 +14,7 @@ target_sources(OrvikOs PRIVATE
     src/windows/MemoryMappedFile.cpp
     src/windows/MessageSource.cpp
     src/windows/System.cpp
-    src/windows/Thread.cpp)
+    src/windows/Thread.cpp
+    src/windows/ThreadWatch.cpp)
 target_compile_definitions(OrvikOs PRIVATE
     WIN32_LEAN_AND_MEAN NOMINMAX UNICODE _UNICODE _WIN32_WINNT=0x0A00)

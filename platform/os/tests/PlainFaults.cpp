@@ -96,6 +96,26 @@ PLAIN_EXPORT void PlainTry()
     }
 }
 
+/// Never comes to an end.
+PLAIN_EXPORT void PlainSpin()
+{
+    const Witness witness{&g_ran};
+    while (!g_really) {
+        g_sink = g_sink + 1;
+    }
+    mayThrow(g_really);
+}
+
+/// Never comes to an end, in calls of the C library and of functions that may throw.
+PLAIN_EXPORT void PlainSpinInCalls()
+{
+    const Witness witness{&g_ran};
+    while (!g_really) {
+        const std::string text(static_cast<std::size_t>(g_sink % 100 + 100), 'x');
+        mayThrow(g_really && text.empty());
+    }
+}
+
 /// Faults in a function of the C library.
 PLAIN_EXPORT void PlainLibraryLeaf()
 {

@@ -14,6 +14,7 @@ enum class FaultKind
     InvalidParameter, ///< A bad argument reported by RaiseInvalidParameter(); its details are not
                       ///< kept.
     Abort,            ///< An abort() of the calling thread.
+    Interruption,     ///< A ThreadWatch ends what the thread does; never handed to a hook.
 };
 
 /// One fault, as a hook gets it; a plain value that may be kept.

@@ -167,6 +167,9 @@ void ThrowFault(const FaultInfo& fault)
     case FaultKind::Abort:
         choose(own.abort, g_abort, &throwAbort)();
         break;
+    case FaultKind::Interruption:
+        t_faultThread.interrupter(t_faultThread.interrupterContext);
+        break;
     }
     std::terminate(); // A handler that returns has nothing to go back to.
 }

@@ -25,6 +25,8 @@ struct FaultThread
         0; ///< First byte of the guard below the stack; 0 on threads without one.
     std::uintptr_t stackLow = 0; ///< First byte of the stack, just above the guard.
     bool guardOpen = false; ///< The guard was opened for an overflow and is not armed again yet.
+    void (*interrupter)(void*) = nullptr; ///< Of the ThreadWatch that interrupts; throws.
+    void* interrupterContext = nullptr;   ///< Handed to it; not owned.
 };
 
 extern thread_local constinit FaultThread t_faultThread ORVIKOS_HANDLER_TLS;

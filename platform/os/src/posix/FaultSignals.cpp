@@ -151,32 +151,7 @@ bool redirect(int signal, const siginfo_t& info, ucontext_t& context, FaultThrea
         fault.record.NumberParameters = 0;
     }
 
-    const auto rsp = static_cast<std::uint64_t>(registerOf(context, REG_RSP));
-    const std::uint64_t place = (rsp - kRedZoneBytes - sizeof(FaultFrame)) & ~std::uint64_t{15};
-    if (thread.guardOpen && place < thread.guardLow + kThrowingBytes) {
-        return false;
-    }
-    auto* const frame = reinterpret_cast<FaultFrame*>(place);
-    const auto value = [&context](int index) {
-        return static_cast<std::uint64_t>(registerOf(context, index));
-    };
-    frame->rip = value(REG_RIP);
-    frame->rsp = rsp;
-    frame->rbp = value(REG_RBP);
-    frame->rbx = value(REG_RBX);
-    frame->r12 = value(REG_R12);
-    frame->r13 = value(REG_R13);
-    frame->r14 = value(REG_R14);
-    frame->r15 = value(REG_R15);
-    frame->r10 = value(REG_R10);
-    std::memcpy(&frame->fault, &fault, sizeof fault);
-
-    registerOf(context, REG_RIP) = reinterpret_cast<greg_t>(&OrvikOs_FaultThunk);
-    registerOf(context, REG_RSP) = static_cast<greg_t>(place);
-    registerOf(context, REG_EFL) &= ~kFlagsToClear;
-    clearFpStatus(context);
-    thread.converting = true;
-    return true;
+    return RedirectToThrow(fault, context, thread);
 }
 
 void handleFault(int signal, siginfo_t* info, void* contextOfSystem)
@@ -270,6 +245,36 @@ void removeHandlers()
 }
 
 } // namespace
+
+bool RedirectToThrow(const FaultInfo& fault, ucontext_t& context, FaultThread& thread)
+{
+    const auto rsp = static_cast<std::uint64_t>(registerOf(context, REG_RSP));
+    const std::uint64_t place = (rsp - kRedZoneBytes - sizeof(FaultFrame)) & ~std::uint64_t{15};
+    if (thread.guardOpen && place < thread.guardLow + kThrowingBytes) {
+        return false;
+    }
+    auto* const frame = reinterpret_cast<FaultFrame*>(place);
+    const auto value = [&context](int index) {
+        return static_cast<std::uint64_t>(registerOf(context, index));
+    };
+    frame->rip = value(REG_RIP);
+    frame->rsp = rsp;
+    frame->rbp = value(REG_RBP);
+    frame->rbx = value(REG_RBX);
+    frame->r12 = value(REG_R12);
+    frame->r13 = value(REG_R13);
+    frame->r14 = value(REG_R14);
+    frame->r15 = value(REG_R15);
+    frame->r10 = value(REG_R10);
+    std::memcpy(&frame->fault, &fault, sizeof fault);
+
+    registerOf(context, REG_RIP) = reinterpret_cast<greg_t>(&OrvikOs_FaultThunk);
+    registerOf(context, REG_RSP) = static_cast<greg_t>(place);
+    registerOf(context, REG_EFL) &= ~kFlagsToClear;
+    clearFpStatus(context);
+    thread.converting = true;
+    return true;
+}
 
 void FaultScope::Enter()
 {

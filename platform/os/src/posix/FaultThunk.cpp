@@ -51,7 +51,7 @@ extern "C" [[noreturn]] __attribute__((visibility("hidden"), used)) void
 OrvikOs_ThrowFromFault(OrvikOs::FaultFrame* frame)
 {
     OrvikOs::FaultThread& thread = OrvikOs::t_faultThread;
-    if (thread.hook != nullptr) {
+    if (thread.hook != nullptr && frame->fault.kind != OrvikOs::FaultKind::Interruption) {
         const OrvikOs::FaultInfo fault = frame->fault;
         thread.converting = false;
         thread.hook(thread.hookContext, fault);

@@ -11,6 +11,8 @@
 
 namespace OrvikOs {
 
+struct FaultThread;
+
 // The stages of turning a fault into an exception:
 //   FaultSignals.cpp   the handlers: decides between converting and chaining, and redirects the
 //   interrupted
@@ -57,6 +59,12 @@ void LearnFaultRegions();
 /// Tells whether the interrupted code is the stack unwinder or the dynamic loader, or runs inside
 /// the memory allocator. Usable in a signal handler.
 bool MustNotThrowFrom(const ucontext_t& context);
+
+/// Makes the thread that a signal has interrupted go on in the thunk, which throws what the fault
+/// becomes. Usable in a signal handler.
+///
+/// @return false when there is no room on the thread's stack.
+bool RedirectToThrow(const FaultInfo& fault, ucontext_t& context, FaultThread& thread);
 
 /// Tells whether the code interrupted by a signal runs inside the memory allocator or the dynamic
 /// loader. Usable in a signal handler.
