@@ -45,7 +45,9 @@ std::unique_ptr<CadShape> manyFaces(Kind kind)
     }
     auto shape = std::make_unique<CadShape>(all);
     std::wstring failure;
-    shape->SetMesh(OrvikCad::CutShape(shape->Shape(), shape->Parts(), {0.1, 0.35}, failure));
+    OrvikCad::KernelBudget budget;
+    shape->SetMesh(
+        OrvikCad::CutShape(shape->Shape(), shape->Parts(), {0.1, 0.35}, budget, failure));
     return shape;
 }
 

@@ -5,9 +5,8 @@
 #include "kernel/KernelMessages.h"
 #include "kernel/KernelProgress.h"
 #include "kernel/KernelText.h"
+#include "kernel/KernelWatch.h"
 #include "kernel/StepScan.h"
-
-#include <TambCommandsInfra/CancelToken.h>
 
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
@@ -48,7 +47,7 @@ TopoDS_Shape readShape(const CadFile& file, CadMessages& messages)
             hasBadText = true;
         }
     });
-    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+    PollJob();
     if (failure.empty() && !hasBadText && !shape.IsNull())
         return shape;
     const std::size_t place = std::min(stream.Position(), file.text.size());

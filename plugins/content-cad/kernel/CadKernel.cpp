@@ -3,8 +3,8 @@
 #include "interface/CadTexts.h"
 #include "kernel/FileReading.h"
 #include "kernel/FileWriter.h"
-#include "kernel/KernelGuard.h"
 #include "kernel/KernelMessages.h"
+#include "kernel/KernelWatch.h"
 #include "kernel/ModelBuilder.h"
 #include "kernel/PmiReader.h"
 #include "kernel/ReadContext.h"
@@ -49,19 +49,21 @@ public:
 
 /// Runs one step of reading.
 /// @return false when it failed; @p messages then has an error.
-bool runStep(const wchar_t* doing, CadMessages& messages, const std::function<bool()>& step)
+bool runStep(const wchar_t* doing, KernelBudget& budget, CadMessages& messages,
+             const std::function<bool()>& step)
 {
     bool isDone = false;
-    const std::wstring failure = RunGuarded([&] { isDone = step(); });
+    const std::wstring failure = RunWatched(budget, [&] { isDone = step(); });
     if (!failure.empty())
         messages.Fail(FillText(kKernelFailure, {doing, failure}));
     return isDone && failure.empty();
 }
 
 /// Runs a step without which the model is still worth showing.
-void tryStep(const wchar_t* doing, CadMessages& messages, const std::function<void()>& step)
+void tryStep(const wchar_t* doing, KernelBudget& budget, CadMessages& messages,
+             const std::function<void()>& step)
 {
-    const std::wstring failure = RunGuarded(step);
+    const std::wstring failure = RunWatched(budget, step);
     if (!failure.empty())
         messages.Warn(FillText(kKernelFailure, {doing, failure}));
 }
@@ -80,12 +82,13 @@ bool readInto(const CadFile& file, CadFormat format, CadDocument& document, CadM
 }
 
 bool build(const CadFile& file, const std::shared_ptr<CadDocument>& document,
-           const CadTessellation& tessellation, OrvikModel::Model& model, CadMessages& messages)
+           const CadTessellation& tessellation, KernelBudget& budget, OrvikModel::Model& model,
+           CadMessages& messages)
 {
     ShapeCatalog shapes;
     NodeIndex nodes;
     ReadContext context{*document, model, shapes, nodes, messages};
-    if (!runStep(kWhileBuilding, messages, [&] {
+    if (!runStep(kWhileBuilding, budget, messages, [&] {
             ModelBuilder(context, file.Stem()).Build();
             return true;
         }))
@@ -94,23 +97,26 @@ bool build(const CadFile& file, const std::shared_ptr<CadDocument>& document,
         messages.Fail(kNoShape);
         return false;
     }
-    tryStep(kWhileReadingPmi, messages, [&] { AddPmi(context); });
+    tryStep(kWhileReadingPmi, budget, messages, [&] { AddPmi(context); });
     BeginReadingPhase(kTessellating, file);
-    Tessellate(shapes, tessellation, model, messages);
-    tryStep(kWhileReadingViews, messages, [&] { AddSavedViews(context); });
+    if (tessellation.sag > 0.0 || tessellation.maxAngleDegrees > 0.0)
+        budget.AllowAnyMemory();
+    Tessellate(shapes, tessellation, budget, model, messages);
+    tryStep(kWhileReadingViews, budget, messages, [&] { AddSavedViews(context); });
     model.NumberNodes();
-    tryStep(kWhileValidating, messages, [&] { CheckValidation(context); });
+    tryStep(kWhileValidating, budget, messages, [&] { CheckValidation(context); });
     model.source = document;
     return true;
 }
 
 bool readFile(const CadFile& file, CadFormat format, const CadTessellation& tessellation,
-              OrvikModel::Model& model, CadMessages& messages)
+              const KernelLimits& limits, OrvikModel::Model& model, CadMessages& messages)
 {
+    KernelBudget budget(limits, file.text.size());
     const auto document = std::make_shared<CadDocument>();
-    return runStep(kWhileReading, messages,
+    return runStep(kWhileReading, budget, messages,
                    [&] { return readInto(file, format, *document, messages); }) &&
-           build(file, document, tessellation, model, messages);
+           build(file, document, tessellation, budget, model, messages);
 }
 
 /// Settings of the kernel that hold for the process; the readers' controllers must be there first.
@@ -125,7 +131,7 @@ void configureKernel()
 
 } // namespace
 
-CadKernel::CadKernel()
+CadKernel::CadKernel(const KernelLimits& limits) : m_limits(limits)
 {
     configureKernel();
 }
@@ -147,7 +153,8 @@ bool CadKernel::Read(const std::wstring& fileName, CadFormat format,
     model.path = fileName;
     bool isRead = false;
     try {
-        isRead = readFile({fileName, mapped.Text()}, format, tessellation, model, messages);
+        isRead =
+            readFile({fileName, mapped.Text()}, format, tessellation, m_limits, model, messages);
     } catch (const TambCommandsInfra::JobCancelled&) {
         messages.Fail(kCancelled);
     } catch (const std::bad_alloc&) {

@@ -2,6 +2,7 @@
 #define ORVIKCAD_KERNEL_CADKERNEL_H
 
 #include "interface/ICadKernel.h"
+#include "kernel/KernelWatch.h"
 
 namespace OrvikCad {
 
@@ -11,13 +12,16 @@ namespace OrvikCad {
 class CadKernel final : public ICadKernel
 {
 public:
-    CadKernel();
+    explicit CadKernel(const KernelLimits& limits = {});
 
     bool Read(const std::wstring& fileName, CadFormat format, const CadTessellation& tessellation,
               OrvikModel::Model& model, CadMessages& messages) override;
     bool CanWrite(const OrvikModel::Model& model) const override;
     bool Write(const std::wstring& fileName, CadFormat format, const OrvikModel::Model& model,
                CadMessages& messages) override;
+
+private:
+    KernelLimits m_limits;
 };
 
 } // namespace OrvikCad

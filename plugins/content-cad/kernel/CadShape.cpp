@@ -128,7 +128,8 @@ bool CadShape::Retessellate(double sag, double maxAngleDegrees) const
     if (parameters == m_mesh.Get()->parameters)
         return false;
     std::wstring failure;
-    m_mesh.Set(CutShape(m_shape, m_parts, parameters, failure));
+    KernelBudget budget;
+    m_mesh.Set(CutShape(m_shape, m_parts, parameters, budget, failure));
     return true;
 }
 
@@ -137,8 +138,9 @@ bool CadShape::MeasureExact(std::uint64_t partId, OrvikCore::EntityMeasure what,
 {
     const TopoDS_Shape measured = partId == 0 ? m_shape : m_parts.Find(partId);
     bool isMeasured = false;
+    KernelBudget budget;
     if (!measured.IsNull())
-        RunGuarded([&] { isMeasured = MeasureShape(measured, what, result); });
+        RunWatched(budget, [&] { isMeasured = MeasureShape(measured, what, result); });
     return isMeasured;
 }
 
@@ -147,7 +149,8 @@ bool CadShape::MeasureDistanceExact(const OrvikModel::PlacedPart& from,
                                     OrvikCore::DistanceResult& result) const
 {
     bool isMeasured = false;
-    RunGuarded([&] {
+    KernelBudget budget;
+    RunWatched(budget, [&] {
         const TopoDS_Shape placedFrom = placed(from);
         const TopoDS_Shape placedTo = placed(to);
         isMeasured = !placedFrom.IsNull() && !placedTo.IsNull() &&

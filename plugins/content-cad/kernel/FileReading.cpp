@@ -1,6 +1,7 @@
 #include "kernel/FileReading.h"
 
-#include <TambCommandsInfra/CancelToken.h>
+#include "kernel/KernelWatch.h"
+
 #include <TambCommandsInfra/Progress.h>
 #include <TambVizCore/Utils.h>
 
@@ -20,7 +21,7 @@ std::wstring CadFile::Stem() const
 
 void BeginReadingPhase(const wchar_t* what, const CadFile& file)
 {
-    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+    PollJob();
     TambCommandsInfra::Progress::Instance().BeginPhase(what + file.Name());
 }
 

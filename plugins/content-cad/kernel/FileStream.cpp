@@ -1,6 +1,7 @@
 #include "kernel/FileStream.h"
 
-#include <TambCommandsInfra/CancelToken.h>
+#include "kernel/KernelWatch.h"
+
 #include <TambCommandsInfra/Progress.h>
 
 #include <algorithm>
@@ -57,7 +58,7 @@ void FileBuffer::place(std::size_t from, std::size_t sliceBytes)
 
 FileBuffer::int_type FileBuffer::underflow()
 {
-    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+    PollJob();
     const std::size_t next = m_sliceStart + static_cast<std::size_t>(egptr() - eback());
     if (next >= m_text.size() + m_tail.size())
         return traits_type::eof();

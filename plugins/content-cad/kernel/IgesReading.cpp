@@ -3,9 +3,9 @@
 #include "kernel/KernelChecks.h"
 #include "kernel/KernelMessages.h"
 #include "kernel/KernelProgress.h"
+#include "kernel/KernelWatch.h"
 
 #include <OrvikOs/Utf8.h>
-#include <TambCommandsInfra/CancelToken.h>
 
 #include <IGESCAFControl_Reader.hxx>
 #include <Interface_InterfaceModel.hxx>
@@ -53,7 +53,7 @@ bool ReadIges(const CadFile& file, CadDocument& document, CadMessages& messages)
     const Handle(KernelProgress) progress = new KernelProgress(KernelProgress::Reports::Yes);
     Handle(TDocStd_Document) target = document.Document();
     const bool isTransferred = reader.Transfer(target, progress->Start());
-    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+    PollJob();
     WarnOfFailedTransfers(session, messages);
     if (!isTransferred)
         messages.Fail(

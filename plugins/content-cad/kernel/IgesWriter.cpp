@@ -3,9 +3,9 @@
 #include "interface/CadTexts.h"
 #include "kernel/KernelMessages.h"
 #include "kernel/KernelProgress.h"
+#include "kernel/KernelWatch.h"
 
 #include <OrvikOs/Utf8.h>
-#include <TambCommandsInfra/CancelToken.h>
 #include <TambVizCore/Utils.h>
 
 #include <IGESCAFControl_Writer.hxx>
@@ -69,7 +69,7 @@ bool MakeIgesText(const std::wstring& fileName, const CadDocument& document, std
     const Handle(KernelProgress) progress = new KernelProgress(KernelProgress::Reports::Yes);
     const KernelMessages complaints;
     const bool isDone = writer.Transfer(document.Document(), progress->Start());
-    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+    PollJob();
     if (!isDone) {
         messages.Fail(FillText(kNothingWritten, {L"IGES"}));
         return false;

@@ -20,6 +20,9 @@ std::wstring textOf(const Standard_Failure& failure)
 {
     const char* text = failure.GetMessageString();
     const std::string name = failure.DynamicType()->Name();
+    // The base of all failures says nothing by its name.
+    if (text && *text && failure.DynamicType() == STANDARD_TYPE(Standard_Failure))
+        return OrvikOs::Utf8ToWide(text);
     return OrvikOs::Utf8ToWide(text && *text ? name + ": " + text : name);
 }
 

@@ -1,5 +1,7 @@
 #include "kernel/KernelProgress.h"
 
+#include "kernel/KernelWatch.h"
+
 #include <TambCommandsInfra/CancelToken.h>
 #include <TambCommandsInfra/Progress.h>
 
@@ -9,6 +11,7 @@ KernelProgress::KernelProgress(Reports reports) : m_reports(reports) {}
 
 Standard_Boolean KernelProgress::UserBreak()
 {
+    ShowSignOfLife();
     return TambCommandsInfra::CancelToken::Instance().IsCancelled();
 }
 

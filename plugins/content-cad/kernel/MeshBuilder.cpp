@@ -1,6 +1,7 @@
 #include "kernel/MeshBuilder.h"
 
 #include "kernel/FaceMesh.h"
+#include "kernel/ShapeSanity.h"
 
 #include <BRepAdaptor_Curve.hxx>
 #include <BRep_Tool.hxx>
@@ -169,7 +170,8 @@ private:
         for (int i = 1; i <= m_parts.Edges().Extent(); ++i) {
             EdgeWay& way = m_edges[static_cast<std::size_t>(i) - 1];
             const TopoDS_Edge& edge = TopoDS::Edge(m_parts.Edges().FindKey(i));
-            if (!way.hasFace && !BRep_Tool::Degenerated(edge) && BRep_Tool::IsGeometric(edge))
+            if (!way.hasFace && !BRep_Tool::Degenerated(edge) && BRep_Tool::IsGeometric(edge) &&
+                IsSane(edge))
                 cutFreeEdge(edge, way);
         }
     }

@@ -1,8 +1,7 @@
 #include "kernel/ModelBuilder.h"
 
 #include "interface/CadTexts.h"
-
-#include <TambCommandsInfra/CancelToken.h>
+#include "kernel/KernelWatch.h"
 
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
@@ -33,7 +32,7 @@ void ModelBuilder::Build()
 bool ModelBuilder::takeNode()
 {
     if (m_nodeCount % 1024 == 0)
-        TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+        PollJob();
     if (++m_nodeCount <= kMaxModelNodes)
         return true;
     m_context.messages.Warn(FillText(kTooManyNodes, {std::to_wstring(kMaxModelNodes)}));

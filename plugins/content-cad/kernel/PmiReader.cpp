@@ -1,10 +1,10 @@
 #include "kernel/PmiReader.h"
 
+#include "kernel/KernelWatch.h"
 #include "kernel/PartContent.h"
 #include "kernel/PmiText.h"
 
 #include <OrvikOs/Utf8.h>
-#include <TambCommandsInfra/CancelToken.h>
 #include <TambVizCore/Matrix.h>
 
 #include <TDF_LabelSequence.hxx>
@@ -207,7 +207,7 @@ private:
         TDF_LabelSequence labels;
         (*m_tool.*list)(labels);
         for (const TDF_Label& label : labels) {
-            TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+            PollJob();
             Handle(Attribute) attribute;
             if (!label.FindAttribute(Attribute::GetID(), attribute))
                 continue;

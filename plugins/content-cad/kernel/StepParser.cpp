@@ -1,8 +1,8 @@
 #include "kernel/StepParser.h"
 
+#include "kernel/KernelWatch.h"
 #include "kernel/StepScan.h"
 
-#include <TambCommandsInfra/CancelToken.h>
 #include <TambCommandsInfra/Progress.h>
 
 #include <cstring>
@@ -119,7 +119,7 @@ bool StepParser::parseData()
         if (*m_at != '#')
             return parseWord("ENDSEC");
         if (count++ % kPollEntities == 0) {
-            TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+            PollJob();
             TambCommandsInfra::Progress::Instance().Report(
                 static_cast<double>(m_at - m_text.get()) /
                 static_cast<double>(m_end - m_text.get()));

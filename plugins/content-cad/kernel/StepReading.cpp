@@ -5,13 +5,13 @@
 #include "kernel/KernelChecks.h"
 #include "kernel/KernelMessages.h"
 #include "kernel/KernelProgress.h"
+#include "kernel/KernelWatch.h"
 #include "kernel/PmiValues.h"
 #include "kernel/SavedViewPlaces.h"
 #include "kernel/StepParser.h"
 #include "kernel/StepScan.h"
 
 #include <OrvikOs/Utf8.h>
-#include <TambCommandsInfra/CancelToken.h>
 
 #include <Interface_InterfaceModel.hxx>
 #include <Interface_Static.hxx>
@@ -89,7 +89,7 @@ bool parse(const CadFile& file, const StepScan& scan, STEPCAFControl_Reader& rea
     FileStream stream(file.text.substr(0, scan.usableBytes), scan.tail, OnBadText::Fail);
     const std::string name = wholePath(file);
     const IFSelect_ReturnStatus status = reader.ChangeReader().ReadStream(name.c_str(), stream);
-    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+    PollJob();
     if (status == IFSelect_RetDone)
         return true;
     const std::vector<std::wstring> reasons = complaints.Failures();
@@ -121,7 +121,7 @@ bool ReadStep(const CadFile& file, CadDocument& document, CadMessages& messages)
     Handle(TDocStd_Document) target = document.Document();
     const KernelMessages complaints;
     const bool isTransferred = reader.Transfer(target, progress->Start());
-    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+    PollJob();
     WarnOfFailedTransfers(session, messages);
     WarnOfMissingFiles(reader, messages);
     CompletePmi(session, file.text, document);

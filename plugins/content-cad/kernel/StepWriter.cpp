@@ -3,11 +3,11 @@
 #include "interface/CadTexts.h"
 #include "kernel/KernelMessages.h"
 #include "kernel/KernelProgress.h"
+#include "kernel/KernelWatch.h"
 #include "kernel/StepNamesWriter.h"
 #include "kernel/StepTextWriter.h"
 
 #include <OrvikOs/Utf8.h>
-#include <TambCommandsInfra/CancelToken.h>
 #include <TambVizCore/Utils.h>
 
 #include <APIHeaderSection_MakeHeader.hxx>
@@ -103,7 +103,7 @@ bool MakeStepText(const std::wstring& fileName, const CadDocument& document, std
     const KernelMessages complaints;
     const bool isDone =
         writer.Transfer(document.Document(), STEPControl_AsIs, nullptr, progress->Start());
-    TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+    PollJob();
     const Handle(XSControl_WorkSession) session = writer.ChangeWriter().WS();
     const Handle(StepData_StepModel) model = writer.ChangeWriter().Model();
     if (!isDone || model.IsNull() || model->NbEntities() == 0) {

@@ -1,12 +1,11 @@
 #include "kernel/Tessellation.h"
 
 #include "interface/CadTexts.h"
-#include "kernel/KernelGuard.h"
 #include "kernel/KernelProgress.h"
 #include "kernel/MeshBuilder.h"
+#include "kernel/ShapeSanity.h"
 
 #include <OrvikOs/ParallelFor.h>
-#include <TambCommandsInfra/CancelToken.h>
 #include <TambCommandsInfra/Progress.h>
 
 #include <BRepBndLib.hxx>
@@ -26,7 +25,6 @@
 
 namespace OrvikCad {
 
-using TambCommandsInfra::CancelToken;
 using TambCommandsInfra::Progress;
 
 namespace {
@@ -35,10 +33,10 @@ namespace {
 constexpr double kInfinite = 1e15;
 
 /// A box around a shape, from its curves and surfaces; empty for a shape without end.
-TambVizCore::VizBox estimateBox(const TopoDS_Shape& shape)
+TambVizCore::VizBox estimateBox(const TopoDS_Shape& shape, KernelBudget& budget)
 {
     Bnd_Box box;
-    RunGuarded([&] { BRepBndLib::Add(shape, box, /*useTriangulation=*/Standard_False); });
+    RunWatched(budget, [&] { BRepBndLib::Add(shape, box, /*useTriangulation=*/Standard_False); });
     if (box.IsVoid() || box.IsOpen())
         return {};
     double low[3];
@@ -61,7 +59,7 @@ void mesh(const TopoDS_Shape& shape, const MeshParameters& parameters)
     wanted.Relative = Standard_False;
     const Handle(KernelProgress) progress = new KernelProgress(KernelProgress::Reports::No);
     const BRepMesh_IncrementalMesh mesher(shape, wanted, progress->Start());
-    CancelToken::Instance().ThrowIfCancelled();
+    PollJob();
 }
 
 /// Shapes that have faces or edges in common must not be cut at the same time: the kernel writes
@@ -141,7 +139,8 @@ void tellFailures(const ShapeCatalog::Entry& entry, const ShapeMesh& mesh,
         messages.Warn(FillText(kFacesFailed, {entry.name, std::to_wstring(mesh.failedFaces)}));
 }
 
-void cutAll(const ShapeCatalog& catalog, const MeshParameters& parameters, CadMessages& messages)
+void cutAll(const ShapeCatalog& catalog, const MeshParameters& parameters, KernelBudget& budget,
+            CadMessages& messages)
 {
     const std::vector<ShapeCatalog::Entry>& entries = catalog.Entries();
     const auto groups = Groups(entries).Sorted(entries);
@@ -152,8 +151,8 @@ void cutAll(const ShapeCatalog& catalog, const MeshParameters& parameters, CadMe
             for (const std::size_t i : groups[group]) {
                 const ShapeCatalog::Entry& entry = entries[i];
                 std::wstring failure;
-                ShapeMesh mesh =
-                    CutShape(entry.shape->Shape(), entry.shape->Parts(), parameters, failure);
+                ShapeMesh mesh = CutShape(entry.shape->Shape(), entry.shape->Parts(), parameters,
+                                          budget, failure);
                 {
                     const std::lock_guard<std::mutex> lock(telling);
                     tellFailures(entry, mesh, failure, messages);
@@ -168,38 +167,38 @@ void cutAll(const ShapeCatalog& catalog, const MeshParameters& parameters, CadMe
 } // namespace
 
 ShapeMesh CutShape(const TopoDS_Shape& shape, const ShapeParts& parts,
-                   const MeshParameters& parameters, std::wstring& failure)
+                   const MeshParameters& parameters, KernelBudget& budget, std::wstring& failure)
 {
-    failure = RunGuarded([&] { mesh(shape, parameters); });
+    failure = RunWatched(budget, [&] { mesh(SaneFacesOf(shape), parameters); });
     if (!failure.empty())
         // What the whole cannot, most faces can alone; edges between them may then gape.
         for (int i = 1; i <= parts.Faces().Extent(); ++i)
-            RunGuarded([&] { mesh(parts.Faces().FindKey(i), parameters); });
+            RunWatched(budget, [&] { mesh(SaneFacesOf(parts.Faces().FindKey(i)), parameters); });
     ShapeMesh cut;
     const std::wstring buildFailure =
-        RunGuarded([&] { cut = BuildMesh(shape, parts, parameters); });
+        RunWatched(budget, [&] { cut = BuildMesh(shape, parts, parameters); });
     if (!buildFailure.empty()) {
         failure = buildFailure;
         cut = EmptyMesh(parameters);
     }
-    RunGuarded([&] { BRepTools::Clean(shape); });
+    RunWatched(budget, [&] { BRepTools::Clean(shape); });
     return cut;
 }
 
-void Tessellate(const ShapeCatalog& catalog, const CadTessellation& wanted,
+void Tessellate(const ShapeCatalog& catalog, const CadTessellation& wanted, KernelBudget& budget,
                 OrvikModel::Model& model, CadMessages& messages)
 {
     const std::vector<ShapeCatalog::Entry>& entries = catalog.Entries();
     if (!(wanted.sag > 0.0)) {
         OrvikOs::ParallelFor(entries.size(), 1, [&](std::size_t begin, std::size_t end) {
             for (std::size_t i = begin; i < end; ++i) {
-                CancelToken::Instance().ThrowIfCancelled();
-                entries[i].shape->SetBox(estimateBox(entries[i].shape->Shape()));
+                PollJob();
+                entries[i].shape->SetBox(estimateBox(entries[i].shape->Shape(), budget));
             }
         });
         model.NumberNodes();
     }
-    cutAll(catalog, parametersFor(wanted, model), messages);
+    cutAll(catalog, parametersFor(wanted, model), budget, messages);
     model.NumberNodes();
 }
 

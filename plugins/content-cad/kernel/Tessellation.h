@@ -3,6 +3,7 @@
 
 #include "interface/CadMessages.h"
 #include "interface/ICadKernel.h"
+#include "kernel/KernelWatch.h"
 #include "kernel/ShapeCatalog.h"
 
 #include <OrvikModel/Model.h>
@@ -20,7 +21,7 @@ inline constexpr double kDefaultSagShare = 0.001;
 /// How finely depends on the size of the whole model, so that a small part of a large assembly
 /// costs little. A shape that fails is named in a warning; what of it could be cut is kept.
 /// @throws TambCommandsInfra::JobCancelled, std::bad_alloc
-void Tessellate(const ShapeCatalog& catalog, const CadTessellation& wanted,
+void Tessellate(const ShapeCatalog& catalog, const CadTessellation& wanted, KernelBudget& budget,
                 OrvikModel::Model& model, CadMessages& messages);
 
 /// Cuts one shape; its topology holds no triangles afterwards.
@@ -28,7 +29,7 @@ void Tessellate(const ShapeCatalog& catalog, const CadTessellation& wanted,
 /// @param failure  receives why not all of it could be cut; empty otherwise.
 /// @throws TambCommandsInfra::JobCancelled, std::bad_alloc
 ShapeMesh CutShape(const TopoDS_Shape& shape, const ShapeParts& parts,
-                   const MeshParameters& parameters, std::wstring& failure);
+                   const MeshParameters& parameters, KernelBudget& budget, std::wstring& failure);
 
 } // namespace OrvikCad
 

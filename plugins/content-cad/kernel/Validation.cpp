@@ -1,6 +1,6 @@
 #include "kernel/Validation.h"
 
-#include <TambCommandsInfra/CancelToken.h>
+#include "kernel/KernelWatch.h"
 
 #include <BRepBndLib.hxx>
 #include <BRepGProp.hxx>
@@ -166,7 +166,7 @@ void CheckValidation(ReadContext& context)
     TDF_LabelSequence labels;
     XCAFDoc_DocumentTool::ShapeTool(context.document.Main())->GetShapes(labels);
     for (const TDF_Label& label : labels) {
-        TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
+        PollJob();
         if (XCAFDoc_ShapeTool::IsSimpleShape(label))
             BodyCheck(label, context.messages).Run(claimOf(label));
     }

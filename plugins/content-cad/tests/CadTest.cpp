@@ -5,17 +5,21 @@
 
 #include <OrvikOs/Thread.h>
 #include <OrvikOs/Utf8.h>
+#include <TambCommandsInfra/CancelToken.h>
 #include <TambVizCore/Utils.h>
 
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <optional>
 
 namespace OrvikCad {
 
 using OrvikModel::Model;
 using OrvikModel::ModelNode;
 using OrvikModel::NodeKind;
+using TambCommandsInfra::CancelScope;
+using TambCommandsInfra::CancelToken;
 using TambVizCore::Utils;
 
 namespace {
@@ -45,7 +49,8 @@ bool ReadResult::WarnsOf(std::wstring_view text) const
     });
 }
 
-ReadResult ReadCad(const std::wstring& file, const CadTessellation& tessellation)
+ReadResult ReadCad(const std::wstring& file, const CadTessellation& tessellation,
+                   const KernelLimits& limits)
 {
     const std::wstring path = file.find(L'/') == std::wstring::npos
                                   ? OrvikOs::Utf8ToWide(ORVIK_TEST_DATA) + L"/" + file
@@ -53,9 +58,13 @@ ReadResult ReadCad(const std::wstring& file, const CadTessellation& tessellation
     ReadResult result;
     OrvikOs::Thread worker;
     worker.Start([&] {
+        CancelToken& token = CancelToken::Instance();
+        std::optional<CancelScope> job;
+        if (token.RunningJob() == 0)
+            job.emplace(token, token.NextJobNumber());
         CadMessages messages(path);
         result.isRead =
-            CadKernel().Read(path, formatOf(path), tessellation, result.model, messages);
+            CadKernel(limits).Read(path, formatOf(path), tessellation, result.model, messages);
         result.error = messages.Error();
         result.warnings = messages.Warnings();
     });
@@ -63,10 +72,11 @@ ReadResult ReadCad(const std::wstring& file, const CadTessellation& tessellation
     return result;
 }
 
-ReadResult ReadCadText(std::string_view text, const std::string& fileName)
+ReadResult ReadCadText(std::string_view text, const std::string& fileName,
+                       const KernelLimits& limits)
 {
     const ScopedTempDir folder;
-    return ReadCad(folder.Write(fileName, text));
+    return ReadCad(folder.Write(fileName, text), {}, limits);
 }
 
 std::string TestModelText(const std::string& name)

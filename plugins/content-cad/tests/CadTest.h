@@ -3,6 +3,7 @@
 
 #include "interface/CadMessages.h"
 #include "interface/ICadKernel.h"
+#include "kernel/KernelWatch.h"
 
 #include <OrvikModel/Model.h>
 
@@ -25,11 +26,14 @@ struct ReadResult
 };
 
 /// Reads one of the models that were written for tests, by its name, or any file by its whole path.
-/// The ending decides about the format. Runs on a thread with a guarded stack, as the worker is.
-ReadResult ReadCad(const std::wstring& file, const CadTessellation& tessellation = {});
+/// The ending decides about the format. Runs on a thread with a guarded stack, as the worker is, as
+/// a job that can be cancelled unless one runs already.
+ReadResult ReadCad(const std::wstring& file, const CadTessellation& tessellation = {},
+                   const KernelLimits& limits = {});
 
 /// Writes a text to a file of a temporary folder and reads it.
-ReadResult ReadCadText(std::string_view text, const std::string& fileName);
+ReadResult ReadCadText(std::string_view text, const std::string& fileName,
+                       const KernelLimits& limits = {});
 
 /// @return the text of one of the models that were written for tests.
 std::string TestModelText(const std::string& name);

@@ -49,7 +49,8 @@ std::shared_ptr<const CadShape> cut(const TopoDS_Shape& shape)
 {
     auto made = std::make_shared<CadShape>(shape);
     std::wstring failure;
-    made->SetMesh(CutShape(made->Shape(), made->Parts(), kCoarse, failure));
+    KernelBudget budget;
+    made->SetMesh(CutShape(made->Shape(), made->Parts(), kCoarse, budget, failure));
     return made;
 }
 

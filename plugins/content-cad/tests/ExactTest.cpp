@@ -38,7 +38,8 @@ std::unique_ptr<CadShape> shapeOf(const TopoDS_Shape& shape)
 {
     auto made = std::make_unique<CadShape>(shape);
     std::wstring failure;
-    made->SetMesh(CutShape(made->Shape(), made->Parts(), {0.1, 0.35}, failure));
+    KernelBudget budget;
+    made->SetMesh(CutShape(made->Shape(), made->Parts(), {0.1, 0.35}, budget, failure));
     return made;
 }
 

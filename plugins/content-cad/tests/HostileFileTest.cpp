@@ -1,11 +1,11 @@
 #include "CadTest.h"
+#include "DamagedFile.h"
 #include "ScopedTempDir.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <cstdlib>
-#include <random>
 #include <string>
 
 namespace OrvikCad {
@@ -30,18 +30,7 @@ void expectAnswer(const ReadResult& read, const std::string& what)
         EXPECT_FALSE(warning.empty()) << what;
 }
 
-/// Flips one to twenty bits. A different number from outside looks further than the everyday run.
-std::string damaged(std::string text, std::uint32_t seed)
-{
-    std::mt19937 random(seed);
-    const std::uint32_t flips = 1 + static_cast<std::uint32_t>(random()) % 20;
-    for (std::uint32_t i = 0; i < flips; ++i) {
-        char& byte = text[random() % text.size()];
-        byte = static_cast<char>(byte ^ (1 << random() % 8));
-    }
-    return text;
-}
-
+/// A different number from outside looks further than the everyday run.
 std::uint32_t seedCount()
 {
     const char* wanted = std::getenv("ORVIK_FUZZ_SEEDS");
@@ -63,7 +52,7 @@ TEST_P(HostileFiles, WithFlippedBitsGiveAnAnswer)
     testing::internal::CaptureStdout();
 
     for (std::uint32_t seed = 0; seed < seedCount(); ++seed)
-        expectAnswer(ReadCadText(damaged(text, seed), Name()), "seed " + std::to_string(seed));
+        expectAnswer(ReadCadText(DamagedFile(text, seed), Name()), "seed " + std::to_string(seed));
 
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
@@ -85,7 +74,7 @@ TEST_P(HostileFiles, EmptyOrOfAnotherKindNameTheReason)
 TEST_P(HostileFiles, AreFineOnceMoreAfterwards)
 {
     const std::string text = TestModelText(Name());
-    ReadCadText(damaged(text, 3), Name());
+    ReadCadText(DamagedFile(text, 3), Name());
 
     const ReadResult read = ReadCadText(text, Name());
 

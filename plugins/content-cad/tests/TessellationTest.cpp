@@ -28,7 +28,8 @@ constexpr MeshParameters kFine{0.01, 0.2};
 ShapeMesh cut(const TopoDS_Shape& shape, const MeshParameters& parameters = kFine)
 {
     std::wstring failure;
-    ShapeMesh mesh = CutShape(shape, ShapeParts(shape), parameters, failure);
+    KernelBudget budget;
+    ShapeMesh mesh = CutShape(shape, ShapeParts(shape), parameters, budget, failure);
     EXPECT_EQ(failure, L"");
     return mesh;
 }
@@ -117,8 +118,9 @@ TEST(CutShape, KeepsTheRestWhenAFaceHasNoSurface)
     builder.MakeFace(empty);
     builder.Add(shape, empty);
     std::wstring failure;
+    KernelBudget budget;
 
-    const ShapeMesh mesh = CutShape(shape, ShapeParts(shape), kFine, failure);
+    const ShapeMesh mesh = CutShape(shape, ShapeParts(shape), kFine, budget, failure);
 
     EXPECT_EQ(mesh.failedFaces, 1u);
     EXPECT_GT(mesh.geometry->TriangleCount(), 100u);
