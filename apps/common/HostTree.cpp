@@ -1,5 +1,6 @@
 #include "HostTree.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Pellux {
@@ -7,6 +8,17 @@ namespace Pellux {
 using OrvikCore::ATreeItemStyle;
 using OrvikCore::TreeBuilder;
 using TambVizCore::RenderId;
+
+void IHostTreeObserver::RowsAboutToBeAnnounced(const HostTreeRow& /*parent*/, std::size_t /*first*/,
+                                               std::size_t /*last*/)
+{
+}
+
+void IHostTreeObserver::RowsAnnounced() {}
+
+void IHostTreeObserver::RowsAboutToBeCleared() {}
+
+void IHostTreeObserver::RowsCleared() {}
 
 HostTree::HostTree(FillRows fillRows)
     : m_fillRows(std::move(fillRows)),
@@ -69,7 +81,12 @@ void HostTree::ClearAll()
     m_constructions.clear();
     m_current = nullptr;
     m_highlighted.clear();
+    m_grown.clear();
+    if (m_observer != nullptr)
+        m_observer->RowsAboutToBeCleared();
     m_root->removeChildren();
+    if (m_observer != nullptr)
+        m_observer->RowsCleared();
     notifyRows();
 }
 
@@ -128,6 +145,15 @@ const HostTreeRow* HostTree::Find(const RenderId& path) const
     return find(path);
 }
 
+std::vector<const HostTreeRow*> HostTree::HighlightedRows() const
+{
+    std::vector<const HostTreeRow*> rows;
+    rows.reserve(m_highlighted.size());
+    for (const auto& [row, paths] : m_highlighted)
+        rows.push_back(row);
+    return rows;
+}
+
 void HostTree::Fill(const RenderId& path)
 {
     if (HostTreeRow* const row = find(path))
@@ -181,6 +207,8 @@ HostTreeRow& HostTree::enterRow(std::uint64_t id, const std::wstring& name,
             present->m_text = name;
         return *present;
     }
+    if (parent.m_announced == parent.m_children.size())
+        m_grown.push_back(&parent);
     return parent.addChild(
         std::make_unique<HostTreeRow>(id, name, style == nullptr ? m_plainStyle : *style));
 }
@@ -239,10 +267,34 @@ void HostTree::showAllHighlights()
         showHighlight(path);
 }
 
-void HostTree::notifyRows() const
+void HostTree::notifyRows()
 {
+    announceRows();
     if (m_observer != nullptr)
         m_observer->RowsChanged();
+}
+
+/// Tells the observer of new rows, the topmost new ones only: those below come with them.
+void HostTree::announceRows()
+{
+    const auto isAnnounced = [this](const HostTreeRow* row) {
+        while (row != m_root.get() && row->m_position < row->m_parent->m_announced)
+            row = row->m_parent;
+        return row == m_root.get();
+    };
+    std::vector<HostTreeRow*> grown;
+    grown.swap(m_grown);
+    const auto firstNew = std::partition(grown.begin(), grown.end(), isAnnounced);
+    std::for_each(firstNew, grown.end(),
+                  [](HostTreeRow* row) { row->m_announced = row->m_children.size(); });
+    std::for_each(grown.begin(), firstNew, [this](HostTreeRow* row) {
+        const std::size_t count = row->m_children.size();
+        if (m_observer != nullptr)
+            m_observer->RowsAboutToBeAnnounced(*row, row->m_announced, count - 1);
+        row->m_announced = count;
+        if (m_observer != nullptr)
+            m_observer->RowsAnnounced();
+    });
 }
 
 } // namespace Pellux

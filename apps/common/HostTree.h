@@ -28,6 +28,18 @@ public:
     virtual void HighlightChanged() = 0;
     /// Asks to open what lies above a row and to scroll to it.
     virtual void ShowRow(const HostTreeRow& row) = 0;
+
+    /// New rows, with all below them, are about to be counted by HostTreeRow::AnnouncedCount() of
+    /// @p parent, whose other rows stay where they are. RowsAnnounced() follows when they are.
+    ///
+    /// @param first, last  The positions of the first and the last new row.
+    virtual void RowsAboutToBeAnnounced(const HostTreeRow& parent, std::size_t first,
+                                        std::size_t last);
+    virtual void RowsAnnounced();
+
+    /// All rows are about to go; RowsCleared() follows when they are gone.
+    virtual void RowsAboutToBeCleared();
+    virtual void RowsCleared();
 };
 
 /// The model tree in memory, for every host: one without windows prints it, one with windows shows
@@ -76,6 +88,10 @@ public:
     ///         change.
     const HostTreeRow* Find(const TambVizCore::RenderId& path) const;
 
+    /// @return the rows that show what is highlighted, in no order. Not owned, valid until the rows
+    ///         or the highlight change.
+    std::vector<const HostTreeRow*> HighlightedRows() const;
+
     /// Builds the rows below a row; nothing when it is filled already or not there.
     void Fill(const TambVizCore::RenderId& path);
 
@@ -102,7 +118,8 @@ private:
     void fillBelow(HostTreeRow& row);
     void showHighlight(const TambVizCore::RenderId& path);
     void showAllHighlights();
-    void notifyRows() const;
+    void notifyRows();
+    void announceRows();
 
     FillRows m_fillRows;
     OrvikCore::ATreeItemStyle m_plainStyle;
@@ -114,6 +131,8 @@ private:
     std::unordered_set<TambVizCore::RenderId> m_wanted; ///< Paths of what is highlighted.
     /// The rows that show what is highlighted (not owned), with the paths that each stands for.
     std::unordered_map<HostTreeRow*, std::vector<TambVizCore::RenderId>> m_highlighted;
+    /// Rows that have got new rows below them since the last announcement (not owned).
+    std::vector<HostTreeRow*> m_grown;
     bool m_isFilling = false;
     IHostTreeObserver* m_observer = nullptr; ///< Not owned.
 };

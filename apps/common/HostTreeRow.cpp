@@ -79,6 +79,14 @@ const char* HostTreeRow::KindWord() const
     return style == nullptr ? "row" : style->Word();
 }
 
+bool HostTreeRow::GetKind(RowStyle::Kind& kind) const
+{
+    const auto* const style = dynamic_cast<const RowStyle*>(defaultStyle);
+    if (style != nullptr)
+        kind = style->GetKind();
+    return style != nullptr;
+}
+
 bool HostTreeRow::IsBold() const
 {
     return currentStyle->IsFontBold();
@@ -140,6 +148,7 @@ void HostTreeRow::removeChildren()
 {
     m_childById.reset();
     m_children.clear();
+    m_announced = 0;
 }
 
 } // namespace Pellux

@@ -54,6 +54,8 @@ public:
 
     /// Names the kind of the row; "row" for a style that is none of AddRowStyles.
     const char* KindWord() const;
+    /// @return false, with @p kind unchanged, for a style that is none of AddRowStyles.
+    bool GetKind(RowStyle::Kind& kind) const;
     bool IsBold() const;
     bool IsItalic() const;
 
@@ -67,6 +69,8 @@ public:
     /// @return null for the root, which is no row of the tree; not owned.
     const HostTreeRow* Parent() const { return m_parent; }
     std::size_t ChildCount() const { return m_children.size(); }
+    /// How many of them the observer of the tree was told of; ChildCount() outside a construction.
+    std::size_t AnnouncedCount() const { return m_announced; }
     /// @param position  Below ChildCount().
     const HostTreeRow& ChildAt(std::size_t position) const { return *m_children[position]; }
     /// @return null when there is none; not owned.
@@ -93,6 +97,7 @@ private:
     /// By id, from a number of children on; null before.
     std::unique_ptr<std::unordered_map<std::uint64_t, HostTreeRow*>> m_childById;
     std::size_t m_position = 0;
+    std::size_t m_announced = 0;
     bool m_isEnabled = true;
     bool m_isHighlighted = false;
     bool m_isFilled = false;
