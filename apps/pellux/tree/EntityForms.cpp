@@ -10,8 +10,7 @@ using TambVizCore::EntityId;
 
 QString EntityForm(const EntityId& entity)
 {
-    return QStringLiteral("(entity:by-id ") + Quoted(ToQt(EntityWords(entity))) +
-           QLatin1Char(')');
+    return QStringLiteral("(entity:by-id ") + Quoted(ToQt(EntityWords(entity))) + QLatin1Char(')');
 }
 
 QString EntitiesForm(const char* command, const std::vector<EntityId>& entities)

@@ -25,8 +25,12 @@ void setLine(QPainter& painter, const QColor& color, double width = 1.4)
 
 QPolygonF hexagon(double x, double y, double r)
 {
-    return QPolygonF({{x, y - r}, {x + r * 0.87, y - r / 2}, {x + r * 0.87, y + r / 2},
-                      {x, y + r}, {x - r * 0.87, y + r / 2}, {x - r * 0.87, y - r / 2}});
+    return QPolygonF({{x, y - r},
+                      {x + r * 0.87, y - r / 2},
+                      {x + r * 0.87, y + r / 2},
+                      {x, y + r},
+                      {x - r * 0.87, y + r / 2},
+                      {x - r * 0.87, y - r / 2}});
 }
 
 /// A cube seen from a corner.
@@ -37,8 +41,8 @@ void drawCube(QPainter& painter, const QColor& color, double x, double y, double
     setLine(painter, color);
     painter.setBrush(pale);
     painter.drawPolygon(hexagon(x, y, r));
-    for (const QPointF& corner : {QPointF(x, y + r), QPointF(x + r * 0.87, y - r / 2),
-                                  QPointF(x - r * 0.87, y - r / 2)})
+    for (const QPointF& corner :
+         {QPointF(x, y + r), QPointF(x + r * 0.87, y - r / 2), QPointF(x - r * 0.87, y - r / 2)})
         painter.drawLine(QPointF(x, y), corner);
 }
 
@@ -46,8 +50,8 @@ void drawPaper(QPainter& painter, const QColor& color)
 {
     setLine(painter, color);
     painter.setBrush(Qt::NoBrush);
-    painter.drawPolygon(QPolygonF(
-        {{3.5, 1.5}, {9.5, 1.5}, {12.5, 4.5}, {12.5, 14.5}, {3.5, 14.5}}));
+    painter.drawPolygon(
+        QPolygonF({{3.5, 1.5}, {9.5, 1.5}, {12.5, 4.5}, {12.5, 14.5}, {3.5, 14.5}}));
     painter.drawPolyline(QPolygonF({{9.5, 1.5}, {9.5, 4.5}, {12.5, 4.5}}));
 }
 
@@ -111,8 +115,8 @@ void drawScene(QPainter& painter)
 {
     setLine(painter, kGrey);
     painter.setBrush(Qt::NoBrush);
-    painter.drawPolygon(QPolygonF({{1.5, 13.5}, {1.5, 3.5}, {6, 3.5}, {7.5, 5.5}, {14.5, 5.5},
-                                   {14.5, 13.5}}));
+    painter.drawPolygon(
+        QPolygonF({{1.5, 13.5}, {1.5, 3.5}, {6, 3.5}, {7.5, 5.5}, {14.5, 5.5}, {14.5, 13.5}}));
 }
 
 void drawKind(QPainter& painter, Kind kind)

@@ -26,9 +26,8 @@ bool hasHiddenPart(const Node& node)
     if (drawn == nullptr)
         return false;
     const auto states = drawn->PartStates();
-    return std::any_of(states.begin(), states.end(), [](const PartState& state) {
-        return !state.Has(PartState::kShown);
-    });
+    return std::any_of(states.begin(), states.end(),
+                       [](const PartState& state) { return !state.Has(PartState::kShown); });
 }
 
 } // namespace
@@ -39,9 +38,7 @@ bool RowVisibility::Place::IsShown() const
 {
     if (part < 0)
         return node->IsVisible();
-    return node->AsGeoNode()
-        ->PartStates()[static_cast<std::size_t>(part)]
-        .Has(PartState::kShown);
+    return node->AsGeoNode()->PartStates()[static_cast<std::size_t>(part)].Has(PartState::kShown);
 }
 
 Shown RowVisibility::Of(const EntityId& entity)

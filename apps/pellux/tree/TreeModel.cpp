@@ -119,9 +119,9 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const
     case Qt::AccessibleDescriptionRole:
         return QString::fromLatin1(row.KindWord());
     case Qt::ForegroundRole:
-        return isDimmed(row) ? QVariant(QGuiApplication::palette().brush(QPalette::Disabled,
-                                                                        QPalette::Text))
-                             : QVariant();
+        return isDimmed(row)
+                   ? QVariant(QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text))
+                   : QVariant();
     default:
         return {};
     }
@@ -178,8 +178,7 @@ QVariant TreeModel::checkState(const HostTreeRow& row) const
 QString TreeModel::toolTip(const HostTreeRow& row) const
 {
     OrvikCore::ARendererTree* const renderer = m_session.GetTreeRenderer();
-    const QString text =
-        renderer == nullptr ? QString() : ToQt(renderer->GetToolTip(row.Path()));
+    const QString text = renderer == nullptr ? QString() : ToQt(renderer->GetToolTip(row.Path()));
     const QString kind = QString::fromLatin1(row.KindWord());
     return text.isEmpty() ? kind : text + QStringLiteral("\n") + kind;
 }

@@ -4,8 +4,9 @@
 #include "tree/KindIcons.h"
 #include "tree/RowVisibility.h"
 
-#include <HostTree.h>
 #include <TambVizCore/EntityId.h>
+
+#include <HostTree.h>
 
 #include <QAbstractItemModel>
 

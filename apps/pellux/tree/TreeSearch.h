@@ -67,11 +67,11 @@ private:
     CommandRunner& m_runner;
     OrvikCore::ASession& m_session;
     WildcardPattern m_pattern;
-    std::vector<Level> m_open;                    ///< The innermost last.
-    std::vector<TambVizCore::EntityId> m_parts;   ///< Without rows, of the row visited last.
+    std::vector<Level> m_open;                  ///< The innermost last.
+    std::vector<TambVizCore::EntityId> m_parts; ///< Without rows, of the row visited last.
     std::size_t m_nextPart = 0;
-    const HostTreeRow* m_partsRow = nullptr;      ///< Not owned; whose parts they are.
-    std::vector<FoundRow> m_found;                ///< Not in m_results yet.
+    const HostTreeRow* m_partsRow = nullptr; ///< Not owned; whose parts they are.
+    std::vector<FoundRow> m_found;           ///< Not in m_results yet.
     SearchResults m_results;
     QTimer m_timer;
 };

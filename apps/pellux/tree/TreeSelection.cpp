@@ -58,7 +58,7 @@ std::vector<EntityId> TreeSelection::Entities() const
     return entities;
 }
 
-void TreeSelection::Choose(const std::vector<EntityId>& entities)
+void TreeSelection::Choose(const std::vector<EntityId>& entities, Reveal reveal)
 {
     const std::vector<EntityId> present = m_session.GetPickedEntities();
     const std::unordered_set<EntityId> before(present.begin(), present.end());
@@ -67,7 +67,8 @@ void TreeSelection::Choose(const std::vector<EntityId>& entities)
         return;
     if (m_runner.IsBusy())
         return FollowLater();
-    m_lastShown = entities.empty() ? EntityId() : entities.back();
+    if (reveal == Reveal::No)
+        m_lastShown = entities.empty() ? EntityId() : entities.back();
     m_runner.Run(entities.empty() ? QStringLiteral("(sel:clear)")
                                   : EntitiesForm("sel:set", entities),
                  QStringLiteral("model tree"));
@@ -75,7 +76,7 @@ void TreeSelection::Choose(const std::vector<EntityId>& entities)
 
 void TreeSelection::choose()
 {
-    Choose(Entities());
+    Choose(Entities(), Reveal::No);
 }
 
 void TreeSelection::follow()

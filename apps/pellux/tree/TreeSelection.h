@@ -44,9 +44,16 @@ public:
     /// @return the entities of the rows that are selected, in the order of the tree.
     std::vector<TambVizCore::EntityId> Entities() const;
 
+    /// Whether the tree is to be opened at what is selected.
+    enum class Reveal
+    {
+        Yes,
+        No,
+    };
+
     /// Makes entities the selection of the session by a script command; nothing while something
     /// runs, and nothing when they are that already.
-    void Choose(const std::vector<TambVizCore::EntityId>& entities);
+    void Choose(const std::vector<TambVizCore::EntityId>& entities, Reveal reveal);
 
 private:
     void follow();
@@ -62,7 +69,7 @@ private:
     OrvikCore::ASession& m_session;
     QTimer m_followTimer; ///< Many rows are highlighted one by one.
     QTimer m_chooseTimer;
-    bool m_isFollowing = false;         ///< The view's selection is being set.
+    bool m_isFollowing = false;        ///< The view's selection is being set.
     TambVizCore::EntityId m_lastShown; ///< Scrolled to, or selected in the tree; empty for none.
 };
 

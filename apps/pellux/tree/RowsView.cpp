@@ -1,0 +1,45 @@
+#include "tree/RowsView.h"
+
+#include <QMouseEvent>
+#include <QStyle>
+#include <QStyleOptionViewItem>
+
+namespace Pellux {
+
+RowsView::RowsView(QWidget* parent) : QTreeView(parent)
+{
+    setUniformRowHeights(true);
+    setHeaderHidden(true);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setExpandsOnDoubleClick(false);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+}
+
+RowsView::~RowsView() = default;
+
+QRect RowsView::CheckBoxRect(const QModelIndex& index) const
+{
+    if (!index.isValid() || !index.flags().testFlag(Qt::ItemIsUserCheckable))
+        return {};
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualRect(index);
+    option.features |= QStyleOptionViewItem::HasCheckIndicator;
+    return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this);
+}
+
+QItemSelectionModel::SelectionFlags RowsView::selectionCommand(const QModelIndex& index,
+                                                               const QEvent* event) const
+{
+    const bool isMouse = event != nullptr && (event->type() == QEvent::MouseButtonPress ||
+                                              event->type() == QEvent::MouseButtonRelease ||
+                                              event->type() == QEvent::MouseMove);
+    if (isMouse &&
+        CheckBoxRect(index).contains(static_cast<const QMouseEvent*>(event)->position().toPoint()))
+        return QItemSelectionModel::NoUpdate;
+    return QTreeView::selectionCommand(index, event);
+}
+
+} // namespace Pellux
