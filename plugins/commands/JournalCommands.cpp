@@ -28,6 +28,7 @@ using TambCommandsInfra::Presence;
 using TambCommandsInfra::Value;
 using TambCommandsInfra::ValueType;
 using TambVizCore::EntityId;
+using TambVizCore::EntityType;
 using TambVizCore::PartKind;
 using TambVizCore::Utils;
 
@@ -116,22 +117,45 @@ std::optional<IdWords> readWords(const std::string& text)
     return id;
 }
 
+/// Types that one word may name.
+constexpr EntityType kTypes[] = {
+    EntityType::Body,
+    EntityType::Mesh,
+    EntityType::Assembly,
+    EntityType::AssemblyReference,
+    EntityType::Wire,
+    EntityType::PointSet,
+    EntityType::PointCloud,
+    EntityType::Annotation,
+    EntityType::AnnotationSet,
+    EntityType::View,
+    EntityType::Capture,
+    EntityType::NonGraphical,
+    EntityType::PmiDimension,
+    EntityType::PmiDatum,
+    EntityType::PmiGeometricTolerance,
+    EntityType::PmiNote,
+    EntityType::PmiSurfaceFinish,
+    EntityType::Container,
+};
+
 /// Finds the entity among those of a content; empty when there is none.
 EntityId findEntity(const IEntityProperties& content, const IdWords& id)
 {
-    EntityId found;
-    WalkEntities(content, Depth::Bodies, [&](const EntityId& entity) {
-        if (entity.Value() == id.value && entity.Owner() == id.content &&
-            TambVizCore::EntityTypeName(entity.Type()) == id.type)
-            found = entity;
-    });
-    if (found.IsEmpty())
-        return found;
-    found.SetSubEntity(id.part, id.index);
-    TambVizCore::VizBox box;
-    if (id.part != PartKind::None && !content.GetBox(found, box))
-        found.Clear();
-    return found;
+    for (const EntityType type : kTypes) {
+        if (TambVizCore::EntityTypeName(type) != id.type)
+            continue;
+        EntityId found(id.value, id.content, type);
+        EntityId parent;
+        std::wstring name;
+        if (!content.GetParent(found, parent) && !content.GetName(found, name))
+            continue;
+        found.SetSubEntity(id.part, id.index);
+        TambVizCore::VizBox box;
+        if (id.part == PartKind::None || content.GetBox(found, box))
+            return found;
+    }
+    return {};
 }
 
 Value byId(const Arguments& arguments)

@@ -4,6 +4,7 @@
 #include "runtime/CommandRunner.h"
 #include "runtime/Guarded.h"
 #include "runtime/QtText.h"
+#include "tree/TreePanel.h"
 #include "view/ViewWidget.h"
 #include "window/StatusLine.h"
 #include "window/WindowLayout.h"
@@ -11,6 +12,8 @@
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/IApplication.h>
 #include <OrvikCore/SessionMgr.h>
+
+#include <HostRuntime.h>
 
 #include <QCloseEvent>
 #include <QDockWidget>
@@ -61,6 +64,10 @@ void MainWindow::addPanels()
 {
     m_console = new ConsoleDock(m_runner, stateFile(QStringLiteral("console-history")), this);
     addDockWidget(Qt::BottomDockWidgetArea, m_console);
+    auto& session = OrvikCore::SessionMgr::Instance().CurrentSession();
+    if (HostTree* const tree = m_host.GetTree())
+        addDock("tree", tr("Model tree"), Qt::LeftDockWidgetArea,
+                new TreePanel(*tree, m_runner, session));
 }
 
 QDockWidget* MainWindow::addDock(const char* name, const QString& title, Qt::DockWidgetArea area,

@@ -37,6 +37,17 @@ TEST_F(TreePanelWindow, SelectsByScriptWhatIsClicked)
     EXPECT_EQ(SelectedTexts(), QStringList{Body().data().toString()});
 }
 
+TEST_F(TreePanelWindow, SelectsAWholeFileByScript)
+{
+    OpenCube();
+
+    Click(RowAt({0, 0}));
+
+    ASSERT_EQ(echoed.size(), 1) << qPrintable(errors.join(u'\n'));
+    EXPECT_EQ(Session().GetPickedEntities().size(), 1u);
+    EXPECT_EQ(SelectedTexts(), QStringList{QStringLiteral("cube.stl")});
+}
+
 TEST_F(TreePanelWindow, SelectsSeveralRows)
 {
     OpenCube();
