@@ -130,7 +130,9 @@ public:
     /// Lists every place where a half line passes through a face, in ascending distance.
     ///
     /// @param origin, direction  double[3], world units; the direction has any length but 0.
-    /// @param visibleOnly        leaves out what is hidden or cut away in the 3D view.
+    /// @param visibleOnly        leaves out what is hidden or cut away in the 3D view, and adds the
+    ///                           places where section planes cut closed bodies open: these name
+    ///                           the body, and their normal points to what was cut away.
     virtual bool IntersectLine(const double* origin, const double* direction, bool visibleOnly,
                                std::vector<LineHit>& hits) const = 0;
 

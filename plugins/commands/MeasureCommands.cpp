@@ -181,7 +181,9 @@ Command thicknessCommand()
                          "\"exact\" or \"triangles\"; #f when nothing is hit";
     command.summary = "Measures how thick the material is behind a point, in world units.";
     command.help = "The first body that the ray enters counts, up to where it leaves that body "
-                   "again; hidden bodies count too. The faces must point outwards. "
+                   "again. What is hidden or cut away by section planes does not count; where a "
+                   "plane cuts a closed body, its material begins or ends there. The faces must "
+                   "point outwards. "
                    "(car (measure:thickness origin direction)) is the thickness alone.";
     command.example = "(measure:thickness '(0 0 100) '(0 0 -1))";
     command.handler = thickness;

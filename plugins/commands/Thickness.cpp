@@ -38,7 +38,7 @@ std::vector<LineHit> intersect(const Contents& contents, const double* origin,
     std::vector<LineHit> all;
     for (const IEntityProperties* const content : contents) {
         std::vector<LineHit> hits;
-        if (content->IntersectLine(origin, direction, /*visibleOnly=*/false, hits))
+        if (content->IntersectLine(origin, direction, /*visibleOnly=*/true, hits))
             all.insert(all.end(), hits.begin(), hits.end());
     }
     std::stable_sort(all.begin(), all.end(),

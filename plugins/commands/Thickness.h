@@ -20,7 +20,9 @@ struct ThicknessResult
     bool isExact = false; ///< Both ends come from exact surfaces.
 };
 
-/// Measures the material of the first body that a ray enters.
+/// Measures the material of the first body that a ray enters, as the 3D view shows it: what is
+/// hidden or cut away by section planes does not count, and a cut through a closed body is its
+/// surface.
 ///
 /// @param direction    Of any length but 0.
 /// @param alongNormal  Measures from the entry against the face's normal, not along the ray.

@@ -122,11 +122,12 @@ public:
         result.distance = static_cast<double>(to.size());
         return true;
     }
-    bool IntersectLine(const double* origin, const double* direction, bool,
+    bool IntersectLine(const double* origin, const double* direction, bool visibleOnly,
                        std::vector<OrvikCore::LineHit>& hits) const override
     {
         if (!m_intersect)
             return false;
+        m_askedForVisible = visibleOnly;
         hits = m_intersect(origin, direction);
         return !hits.empty();
     }
@@ -142,6 +143,7 @@ public:
     std::function<std::vector<OrvikCore::LineHit>(const double* origin, const double* direction)>
         m_intersect;
     mutable std::vector<TambVizCore::EntityId> m_childrenAsked;
+    mutable bool m_askedForVisible = false; ///< By the last line.
 
 private:
     const FakeEntity* find(const TambVizCore::EntityId& entity) const

@@ -108,6 +108,7 @@ TEST_F(MeasureCommands, ThicknessIsThatOfTheFirstBodyTheRayEnters)
 
     EXPECT_EQ(run("measure:thickness", {m_above, m_down}),
               Value(List{4.0, List{0.0, 0.0, 14.0}, List{0.0, 0.0, 10.0}, L"exact"}));
+    EXPECT_TRUE(m_bolts.m_askedForVisible);
 }
 
 TEST_F(MeasureCommands, ThicknessLooksThroughAllFiles)

@@ -55,9 +55,7 @@ public:
 
     bool Refine(const OrvikModel::FacetHit& facet, OrvikModel::RefinedHit& hit) const override
     {
-        bool isMet = false;
-        const auto meet = [&] { isMet = m_surfaces->Meet(*m_samples, m_sag, facet, hit); };
-        return RunGuarded(meet).empty() && isMet;
+        return m_surfaces->Meet(*m_samples, m_sag, facet, hit);
     }
 
     double Deviation() const override { return kDeviationPerSag * m_sag; }

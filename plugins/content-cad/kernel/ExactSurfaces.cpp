@@ -1,5 +1,7 @@
 #include "kernel/ExactSurfaces.h"
 
+#include "kernel/KernelGuard.h"
+
 #include <BRep_Tool.hxx>
 #include <GeomAdaptor_Surface.hxx>
 #include <Geom_RectangularTrimmedSurface.hxx>
@@ -46,47 +48,70 @@ const SurfacePoint& nearestSample(const FaceSamples& samples, const gp_Pnt& poin
 ExactSurfaces::ExactSurfaces(const ShapeParts& parts)
 {
     m_surfaces.resize(static_cast<std::size_t>(parts.Faces().Extent()));
-    for (int i = 1; i <= parts.Faces().Extent(); ++i) {
-        const TopoDS_Face& face = TopoDS::Face(parts.Faces().FindKey(i));
-        Surface& surface = m_surfaces[static_cast<std::size_t>(i) - 1];
-        TopLoc_Location place;
-        surface.geometry = BRep_Tool::Surface(face, place);
-        if (surface.geometry.IsNull())
-            continue;
-        while (const auto trimmed =
-                   Handle(Geom_RectangularTrimmedSurface)::DownCast(surface.geometry))
-            surface.geometry = trimmed->BasisSurface();
-        surface.type = GeomAdaptor_Surface(surface.geometry).GetType();
-        surface.place = place.Transformation();
-        surface.inverse = surface.place.Inverted();
-        surface.isFlipped = (face.Orientation() == TopAbs_REVERSED) !=
-                            face.Location().Transformation().IsNegative();
+    int next = 1;
+    while (next <= parts.Faces().Extent()) // Goes on behind a face with which the kernel fails.
+        RunGuarded([&] {
+            while (next <= parts.Faces().Extent()) {
+                const int face = next++;
+                fill(TopoDS::Face(parts.Faces().FindKey(face)),
+                     m_surfaces[static_cast<std::size_t>(face) - 1]);
+            }
+        });
+}
+
+void ExactSurfaces::fill(const TopoDS_Face& face, Surface& surface)
+{
+    TopLoc_Location place;
+    Handle(Geom_Surface) geometry = BRep_Tool::Surface(face, place);
+    if (geometry.IsNull())
+        return;
+    while (const auto trimmed = Handle(Geom_RectangularTrimmedSurface)::DownCast(geometry))
+        geometry = trimmed->BasisSurface();
+    const GeomAdaptor_Surface adaptor(geometry);
+    switch (adaptor.GetType()) {
+    case GeomAbs_Plane:
+        surface.form = adaptor.Plane();
+        break;
+    case GeomAbs_Cylinder:
+        surface.form = adaptor.Cylinder();
+        break;
+    case GeomAbs_Cone:
+        surface.form = adaptor.Cone();
+        break;
+    case GeomAbs_Sphere:
+        surface.form = adaptor.Sphere();
+        break;
+    default:
+        break;
     }
+    surface.place = place.Transformation();
+    surface.inverse = surface.place.Inverted();
+    surface.isFlipped =
+        (face.Orientation() == TopAbs_REVERSED) != face.Location().Transformation().IsNegative();
+    surface.geometry = geometry;
 }
 
 std::optional<LineMeeting> ExactSurfaces::meet(const Surface& surface, const MeshSamples& samples,
                                                std::uint32_t face, const NearLine& line)
 {
-    const GeomAdaptor_Surface adaptor(surface.geometry);
-    switch (surface.type) {
-    case GeomAbs_Plane:
-        return MeetPlane(adaptor.Plane(), line);
-    case GeomAbs_Cylinder:
-        return MeetCylinder(adaptor.Cylinder(), line);
-    case GeomAbs_Cone:
-        return MeetCone(adaptor.Cone(), line);
-    case GeomAbs_Sphere:
-        return MeetSphere(adaptor.Sphere(), line);
-    default:
-        break;
-    }
+    if (const auto* plane = std::get_if<gp_Pln>(&surface.form))
+        return MeetPlane(*plane, line);
+    if (const auto* cylinder = std::get_if<gp_Cylinder>(&surface.form))
+        return MeetCylinder(*cylinder, line);
+    if (const auto* cone = std::get_if<gp_Cone>(&surface.form))
+        return MeetCone(*cone, line);
+    if (const auto* sphere = std::get_if<gp_Sphere>(&surface.form))
+        return MeetSphere(*sphere, line);
     const auto around = std::lower_bound(
         samples.begin(), samples.end(), face,
         [](const FaceSamples& some, std::uint32_t wanted) { return some.face < wanted; });
     if (around == samples.end() || around->face != face)
         return std::nullopt;
     const SurfacePoint& start = nearestSample(*around, line.point.Transformed(surface.place));
-    return MeetSurface(*surface.geometry, start.u, start.v, line);
+    std::optional<LineMeeting> met;
+    const std::wstring failure =
+        RunGuarded([&] { met = MeetSurface(*surface.geometry, start.u, start.v, line); });
+    return failure.empty() ? met : std::nullopt;
 }
 
 bool ExactSurfaces::Meet(const MeshSamples& samples, double sag, const OrvikModel::FacetHit& facet,

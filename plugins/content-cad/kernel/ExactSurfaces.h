@@ -5,12 +5,17 @@
 #include "kernel/ShapeMesh.h"
 #include "kernel/ShapeParts.h"
 
-#include <GeomAbs_SurfaceType.hxx>
 #include <Geom_Surface.hxx>
 #include <OrvikModel/ModelShape.h>
+#include <TopoDS_Face.hxx>
+#include <gp_Cone.hxx>
+#include <gp_Cylinder.hxx>
+#include <gp_Pln.hxx>
+#include <gp_Sphere.hxx>
 #include <gp_Trsf.hxx>
 
 #include <optional>
+#include <variant>
 #include <vector>
 
 namespace OrvikCad {
@@ -30,7 +35,8 @@ public:
     ///
     /// @param samples  Of the mesh that the triangle belongs to.
     /// @param sag      With which it was cut.
-    /// @return false when the surface is not met within what the tessellation allows.
+    /// @return false when the surface is not met within what the tessellation allows, or the kernel
+    ///         failed.
     bool Meet(const MeshSamples& samples, double sag, const OrvikModel::FacetHit& facet,
               OrvikModel::RefinedHit& hit) const;
 
@@ -44,12 +50,14 @@ private:
     struct Surface
     {
         Handle(Geom_Surface) geometry; ///< Without trimming; null for a face without a surface.
-        GeomAbs_SurfaceType type = GeomAbs_OtherSurface;
+        /// What a line meets by formula; nothing for other surfaces.
+        std::variant<std::monostate, gp_Pln, gp_Cylinder, gp_Cone, gp_Sphere> form;
         gp_Trsf place;   ///< From the surface to the shape.
         gp_Trsf inverse; ///< From the shape to the surface.
         /// The body lies on the side to which the product of the derivatives, each placed, points.
         bool isFlipped = false;
     };
+    static void fill(const TopoDS_Face& face, Surface& surface);
     static std::optional<LineMeeting> meet(const Surface& surface, const MeshSamples& samples,
                                            std::uint32_t face, const NearLine& line);
 

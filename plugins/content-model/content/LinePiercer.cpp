@@ -1,6 +1,7 @@
 #include "content/LinePiercer.h"
 
 #include "OrvikModel/ModelEntity.h"
+#include "content/SectionedLine.h"
 
 #include <TambVizCore/Geometry.h>
 #include <TambVizCore/Matrix.h>
@@ -8,11 +9,11 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <span>
 
 namespace OrvikModel {
 
 using OrvikCore::LineHit;
-using TambVizCore::ClipPlane;
 using TambVizCore::Geometry;
 using TambVizCore::GeometryHit;
 using TambVizCore::GeometryQuery;
@@ -98,22 +99,6 @@ LineHit place(const ModelInstance& instance, const double* inverse, const Refine
     return placed;
 }
 
-/// Carries a plane of the world into the units of a shape.
-ClipPlane toLocal(const ClipPlane& plane, const double* world)
-{
-    ClipPlane local;
-    double offset = static_cast<double>(plane.offset);
-    for (int column = 0; column < 3; ++column) {
-        double sum = 0.0;
-        for (int row = 0; row < 3; ++row)
-            sum += static_cast<double>(plane.normal[row]) * world[column * 4 + row];
-        local.normal[column] = static_cast<float>(sum);
-        offset += static_cast<double>(plane.normal[column]) * world[12 + column];
-    }
-    local.offset = static_cast<float>(offset);
-    return local;
-}
-
 /// Whether one place is told twice: the same side of the same body at the same distance.
 bool isSamePlace(const LineHit& a, const LineHit& b, const WorldLine& line, double tolerance)
 {
@@ -134,32 +119,34 @@ public:
     {
     }
 
-    void Run(std::size_t position, const Visibility& seen, std::vector<LineHit>& hits)
+    /// @return all faces that the line passes through, in ascending distance.
+    const std::vector<PiercedFace>& Run(std::span<const TambVizCore::PartState> states)
     {
         if (!m_geometry->Index() || !TambVizCore::InvertMatrix(m_instance.world, m_inverse))
-            return;
+            return m_faces;
         transform(m_inverse, m_line.origin, 1.0, m_local.origin);
         transform(m_inverse, m_line.direction, 0.0, m_local.direction);
-        std::vector<ClipPlane> localPlanes;
-        for (const ClipPlane& plane : seen.planes)
-            localPlanes.push_back(toLocal(plane, m_instance.world));
         const double start = startOfQuery();
         GeometryQuery query;
         for (int i = 0; i < 3; ++i) {
             query.origin[i] = static_cast<float>(m_local.origin[i] + start * m_local.direction[i]);
             query.direction[i] = static_cast<float>(m_local.direction[i]);
         }
-        query.partStates = seen.StatesOf(position, *m_geometry);
-        query.clipPlanes = localPlanes;
         query.facetsOnly = true; // Every triangle is met once; exact places are sorted afterwards.
-        const std::size_t first = hits.size();
         GeometryHit hit;
         while (m_geometry->Index()->FindFace(query, hit)) {
-            add(hit, first, hits);
+            add(hit, states);
             query.minDistance = std::nextafter(std::max(hit.distance, 0.0f),
                                                std::numeric_limits<float>::infinity());
         }
+        std::stable_sort(m_faces.begin(), m_faces.end(),
+                         [](const PiercedFace& a, const PiercedFace& b) {
+                             return a.hit.distance < b.hit.distance;
+                         });
+        return m_faces;
     }
+
+    const Geometry& Shown() const { return *m_geometry; }
 
 private:
     /// Where to begin so that the index counts from nearby: its numbers are floats.
@@ -175,7 +162,7 @@ private:
         return std::max(0.0, ahead - m_size);
     }
 
-    void add(const GeometryHit& hit, std::size_t first, std::vector<LineHit>& hits)
+    void add(const GeometryHit& hit, std::span<const TambVizCore::PartState> states)
     {
         const std::uint64_t partId =
             hit.partIndex == TambVizCore::kNoPart ? 0 : m_geometry->Parts()[hit.partIndex].id;
@@ -195,13 +182,22 @@ private:
         LineHit placed = place(m_instance, m_inverse, refined);
         placed.entity = MakeEntity(m_model, *m_instance.node, partId);
         placed.exact = isExact;
-        const bool isTold =
-            std::any_of(hits.begin() + static_cast<std::ptrdiff_t>(first), hits.end(),
-                        [&](const LineHit& told) {
-                            return isSamePlace(told, placed, m_line, kSamePlace * m_size);
-                        });
-        if (placed.distance >= 0.0 && !isTold)
-            hits.push_back(placed);
+        if (placed.distance >= 0.0)
+            keep({placed, hit.partIndex >= states.size() ||
+                              states[hit.partIndex].Has(TambVizCore::PartState::kShown)});
+    }
+
+    /// A face that is shown counts before one that is not.
+    void keep(const PiercedFace& face)
+    {
+        const auto told =
+            std::find_if(m_faces.begin(), m_faces.end(), [&](const PiercedFace& other) {
+                return isSamePlace(other.hit, face.hit, m_line, kSamePlace * m_size);
+            });
+        if (told == m_faces.end())
+            m_faces.push_back(face);
+        else if (face.isShown && !told->isShown)
+            *told = face;
     }
 
     const Model& m_model;
@@ -211,6 +207,7 @@ private:
     double m_inverse[16];
     LocalLine m_local;
     double m_size = 0.0; ///< Of the box, world units.
+    std::vector<PiercedFace> m_faces;
 };
 
 } // namespace
@@ -238,7 +235,10 @@ Ray ToRay(const WorldLine& line)
 void PierceShape(const Model& model, std::size_t position, const ModelInstance& instance,
                  const WorldLine& line, const Visibility& seen, std::vector<LineHit>& hits)
 {
-    Piercer(model, instance, line).Run(position, seen, hits);
+    Piercer piercer(model, instance, line);
+    const auto& faces = piercer.Run(seen.StatesOf(position, piercer.Shown()));
+    KeptPiece(line, seen.planes)
+        .AppendSeen(faces, piercer.Shown().IsClosed(), MakeEntity(model, *instance.node), hits);
 }
 
 } // namespace OrvikModel

@@ -32,7 +32,8 @@ TambVizCore::Ray ToRay(const WorldLine& line);
 /// the side between two, count once.
 ///
 /// @param position  Of the instance, for @p seen.
-/// @param seen      Its hidden parts are not met, nor what its planes cut away.
+/// @param seen      Its hidden parts are not met, nor what its planes cut away; where they cut a
+///                  closed body open, that place is met.
 void PierceShape(const Model& model, std::size_t position, const ModelInstance& instance,
                  const WorldLine& line, const Visibility& seen,
                  std::vector<OrvikCore::LineHit>& hits);

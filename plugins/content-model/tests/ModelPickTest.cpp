@@ -200,8 +200,12 @@ TEST_F(ModelPickTest, WhatSectionPlanesCutAwayIsNotHit)
     ASSERT_TRUE(pick(down(0.5f, 0.4f)));
 
     EXPECT_EQ(m_hit, entityOf(0, MakePartId(PartKind::Face, 4)));
-    EXPECT_EQ(intersect(0.5, 0.4).size(), 1u);
-    EXPECT_EQ(intersect(0.5, 0.4, /*visibleOnly=*/false).size(), 2u);
+    const std::vector<LineHit> hits = intersect(0.5, 0.4);
+    ASSERT_EQ(hits.size(), 2u);
+    EXPECT_EQ(hits[0].entity, entityOf(0)); // The cut itself.
+    EXPECT_DOUBLE_EQ(hits[0].position[2], 0.5);
+    EXPECT_EQ(intersect(0.5, 0.4, /*visibleOnly=*/false)[0].entity,
+              entityOf(0, MakePartId(PartKind::Face, 5)));
 }
 
 TEST(ModelPick, PmiAndPointCloudsFollowTheirSwitches)
