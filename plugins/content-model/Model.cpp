@@ -84,15 +84,6 @@ void Model::NumberNodes()
         numbering.walk(*node);
     m_byPosition = std::move(numbering.nodes);
     box = numbering.box;
-    m_firstOfKind.clear();
-    for (const ModelNode* node : m_byPosition)
-        m_firstOfKind.emplace(node->kind, node);
-}
-
-const ModelNode* Model::FirstOfKind(NodeKind kind) const
-{
-    const auto found = m_firstOfKind.find(kind);
-    return found != m_firstOfKind.end() ? found->second : nullptr;
 }
 
 const ModelNode* Model::FindNode(std::uint64_t nodeNumber) const

@@ -22,17 +22,6 @@ bool isViewOrCapture(const ModelNode& node)
     return node.kind == NodeKind::View || node.kind == NodeKind::Capture;
 }
 
-bool isFirstGroup(const Model& model, const ModelNode& node)
-{
-    return (node.kind == NodeKind::Views || node.kind == NodeKind::Captures) &&
-           model.FirstOfKind(node.kind) == &node;
-}
-
-EntityType memberType(const ModelNode& group)
-{
-    return group.kind == NodeKind::Views ? EntityType::View : EntityType::Capture;
-}
-
 std::uint64_t viewValue(const Model& model, const ModelNode& node)
 {
     return (model.number << 32) | node.number;
@@ -89,8 +78,6 @@ const wchar_t* wordFor(NodeKind kind)
 
 EntityId MakeEntity(const Model& model, const ModelNode& node, std::uint64_t partId)
 {
-    if (isFirstGroup(model, node))
-        return {0, kViewOwner, memberType(node)};
     if (isViewOrCapture(node))
         return {viewValue(model, node), kViewOwner, EntityTypeOf(node)};
     EntityId entity(node.number, model.number, EntityTypeOf(node));
@@ -114,13 +101,8 @@ EntityMatch FindEntity(const Model& model, const EntityId& entity)
         match.isContainer = true;
         return match;
     }
-    const ModelNode* node = nullptr;
-    if (entity.Owner() == kViewOwner && entity.Value() == 0)
-        node = model.FirstOfKind(entity.Type() == EntityType::View ? NodeKind::Views
-                                                                   : NodeKind::Captures);
-    else
-        node = model.FindNode(entity.Owner() == kViewOwner ? entity.Value() & kLowHalf
-                                                           : entity.Value());
+    const ModelNode* node =
+        model.FindNode(entity.Owner() == kViewOwner ? entity.Value() & kLowHalf : entity.Value());
     if (!node || whole != MakeEntity(model, *node))
         return match;
     match.node = node;
@@ -142,8 +124,6 @@ bool HasPart(const ModelNode& node, std::uint64_t partId)
 
 std::uint64_t RowIdOf(const Model& model, const ModelNode& node)
 {
-    if (isFirstGroup(model, node))
-        return static_cast<std::uint64_t>(memberType(node));
     if (isViewOrCapture(node))
         return viewValue(model, node);
     if (node.kind == NodeKind::PmiType && node.pmiType != EntityType::Unknown &&

@@ -101,10 +101,6 @@ void openRow(TreeBuilder& builder, const Model& model, const ModelNode& node,
 /// @return the node that a row id would name if it stood somewhere in the tree.
 const ModelNode* candidateFor(const Model& model, const ModelNode* parent, std::uint64_t rowId)
 {
-    if (rowId == static_cast<std::uint64_t>(EntityType::View))
-        return model.FirstOfKind(NodeKind::Views);
-    if (rowId == static_cast<std::uint64_t>(EntityType::Capture))
-        return model.FirstOfKind(NodeKind::Captures);
     if (const ModelNode* node = model.FindNode(rowId))
         return node;
     if (rowId >> 32 != 0)

@@ -71,4 +71,5 @@ TEST(ModelEntity, OthersAreNotFound)
     EXPECT_FALSE(FindEntity(*model, EntityId(1, 2, EntityType::Mesh)).IsFound());
     EXPECT_FALSE(FindEntity(*model, EntityId(2, 1, EntityType::Mesh)).IsFound());
     EXPECT_FALSE(FindEntity(*model, EntityId(0, 10005, EntityType::View)).IsFound());
+    EXPECT_FALSE(FindEntity(*FullModel(), EntityId(0, 10005, EntityType::View)).IsFound());
 }

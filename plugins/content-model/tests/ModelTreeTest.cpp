@@ -70,8 +70,7 @@ TEST_F(ModelTreeTest, BuildsARowForTheSceneTheContentAndEachNode)
 
 TEST_F(ModelTreeTest, EveryRowLeadsToItsEntityAndBack)
 {
-    FakeSession& session = MakeCurrentFakeSession();
-    session.AddRenderer(&m_renderer, /*keep=*/true);
+    MakeCurrentFakeSession().AddRenderer(&m_renderer, /*keep=*/true);
     m_renderer.Render();
     for (const RenderId& path : m_tree.Paths())
         ASSERT_TRUE(m_renderer.ExpandNode(path)) << path.ToString();
@@ -115,17 +114,20 @@ TEST_F(ModelTreeTest, EveryRowWithAPictureLeadsToItAndBack)
 
 TEST_F(ModelTreeTest, RowsOfViewsAndCapturesNameThemselves)
 {
+    MakeCurrentFakeSession().AddRenderer(&m_renderer, /*keep=*/true);
     m_renderer.Render();
     const RenderId top = pathOf(L"top");
     EntityId entity;
 
     m_tree.GetTreeBuilder()->ExtractEntityId(top, entity);
 
-    EXPECT_EQ(top[2], static_cast<std::uint64_t>(EntityType::View));
+    EXPECT_EQ(top[2], NodeNamed(model(), L"views").number);
     EXPECT_EQ(entity.Type(), EntityType::View);
     EXPECT_EQ(entity.Owner(), static_cast<std::uint64_t>(EntityType::AnnotationSet));
     EXPECT_EQ(entity.Value(), top[3]);
-    EXPECT_EQ(pathOf(L"section")[2], static_cast<std::uint64_t>(EntityType::Capture));
+    m_tree.GetTreeBuilder()->ExtractEntityId(pathOf(L"section"), entity);
+    EXPECT_EQ(entity.Type(), EntityType::Capture);
+    EXPECT_EQ(entity.Owner(), static_cast<std::uint64_t>(EntityType::AnnotationSet));
 }
 
 TEST_F(ModelTreeTest, TypesOfPmiHaveTheirNumberAsRowId)
@@ -213,10 +215,35 @@ TEST_F(ModelTreeTest, KnowsNothingOfOtherContents)
         EntityId entity;
         RenderId back;
         ASSERT_TRUE(second.ConvertToEntityId(path, entity));
-        const bool isShared = path.Length() == 1 || entity.Value() == 0;
-        EXPECT_EQ(m_renderer.ConvertToRenderId(entity, back), isShared) << entity.ToString();
+        EXPECT_EQ(m_renderer.ConvertToRenderId(entity, back), path.Length() == 1)
+            << entity.ToString();
         EXPECT_EQ(m_renderer.ConvertToEntityId(path, entity), path.Length() == 1);
         EXPECT_EQ(m_renderer.ExpandNode(path), path.Length() == 1);
+    }
+}
+
+TEST(ModelTree, GroupsOfViewsOfSeveralContentsAreToldApart)
+{
+    Document document(nullptr);
+    ModelContent first(document, FullModel(1), "Test");
+    ModelContent second(document, FullModel(2), "Test");
+
+    for (const wchar_t* group : {L"views", L"captures"}) {
+        const EntityId one = MakeEntity(*first.GetModel(), NodeNamed(*first.GetModel(), group));
+        const EntityId other = MakeEntity(*second.GetModel(), NodeNamed(*second.GetModel(), group));
+
+        EXPECT_NE(one, other);
+        EXPECT_TRUE(OrvikModel::FindEntity(*first.GetModel(), one).IsFound());
+        EXPECT_FALSE(OrvikModel::FindEntity(*first.GetModel(), other).IsFound());
+    }
+    // What the numbers of the types would come to, whatever content the path is of.
+    StoringViewTree tree;
+    for (const std::uint64_t type : {10010u, 10012u}) {
+        EntityId one;
+        EntityId other;
+        tree.GetTreeBuilder()->ExtractEntityId(TreePathOf({kScene, 1, type}), one);
+        tree.GetTreeBuilder()->ExtractEntityId(TreePathOf({kScene, 2, type}), other);
+        EXPECT_EQ(one, other);
     }
 }
 

@@ -21,9 +21,9 @@ enum class EntityType : std::uint32_t
     NonGraphical = 10007, ///< Without a 3D representation; a failed conversion is no error.
     Wire = 10008,
     PointSet = 10009,
-    View = 10010,       ///< A saved view; also the id of the row that groups them.
+    View = 10010,       ///< A saved view; a row with this id says that the next id names one.
     Annotation = 10011, ///< One PMI item.
-    Capture = 10012,    ///< A capture; also the id of the row that groups them.
+    Capture = 10012,    ///< A capture; likewise.
 
     PmiDimension = 10101,
     PmiGeometricTolerance = 10102,

@@ -9,7 +9,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -107,15 +106,11 @@ struct Model
     /// @return all nodes in the order of their numbers, not owned: a parent before its children.
     const std::vector<const ModelNode*>& InOrder() const { return m_byPosition; }
 
-    /// @return the first node of a kind in the order of the numbers, not owned; null without one.
-    const ModelNode* FirstOfKind(NodeKind kind) const;
-
     /// @return the last piece of the path.
     std::wstring FileName() const;
 
 private:
     std::vector<const ModelNode*> m_byPosition; ///< In the order of the numbers.
-    std::map<NodeKind, const ModelNode*> m_firstOfKind;
 };
 
 /// @return @p number, or the first one after it that stands neither for a type of entities (10001

@@ -18,9 +18,7 @@ namespace OrvikModel {
 ///
 /// Value, owner and type are the node's number, the model's number and EntityTypeOf(node). Views
 /// and captures are known in the whole document: their owner is EntityType::AnnotationSet, their
-/// value the model's number in the upper and the node's in the lower 32 bits. The first node that
-/// groups views, and the first that groups captures, have that owner, the type of their members,
-/// and the value 0.
+/// value the model's number in the upper and the node's in the lower 32 bits.
 ///
 /// @param partId  0 for the whole node.
 TambVizCore::EntityId MakeEntity(const Model& model, const ModelNode& node,
@@ -48,8 +46,12 @@ EntityMatch FindEntity(const Model& model, const TambVizCore::EntityId& entity);
 bool HasPart(const ModelNode& node, std::uint64_t partId);
 
 /// The id of a node's row in the model tree, unique among its siblings: its number, but the number
-/// of the type for a type of PMI and for the groups of views and captures (the first of each), and
-/// the entity's value for views and captures.
+/// of the type for a type of PMI (the first of its parent), and the entity's value for views and
+/// captures.
+///
+/// Deliberate: rows that group views or captures do not have the number of their type, because
+/// TreeBuilder::ExtractEntityId makes one entity of all paths that end in it, whatever content they
+/// are of (test ModelTree.GroupsOfViewsOfSeveralContentsAreToldApart).
 std::uint64_t RowIdOf(const Model& model, const ModelNode& node);
 
 /// What a row or a tool tip says of a node: its name, the text after it for an annotation, the word
