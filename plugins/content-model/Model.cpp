@@ -28,6 +28,7 @@ struct Numbering
     std::vector<const ModelNode*> nodes;
     std::vector<Level> open;
     TambVizCore::VizBox box;
+    TambVizCore::VizBox bodyBox;
 
     void walk(ModelNode& top)
     {
@@ -58,8 +59,12 @@ struct Numbering
             TambVizCore::MultiplyMatrices(parentWorld, node.transform->data(), level.world);
         else
             std::copy_n(parentWorld, 16, level.world);
-        if (node.shape)
-            box.Add(node.shape->BoundingBox().Transformed(level.world));
+        if (node.shape) {
+            const TambVizCore::VizBox placed = node.shape->BoundingBox().Transformed(level.world);
+            box.Add(placed);
+            if (node.kind != NodeKind::Annotation)
+                bodyBox.Add(placed);
+        }
         open.push_back(level);
     }
 };
@@ -84,6 +89,7 @@ void Model::NumberNodes()
         numbering.walk(*node);
     m_byPosition = std::move(numbering.nodes);
     box = numbering.box;
+    bodyBox = numbering.bodyBox.IsEmpty() ? numbering.box : numbering.bodyBox;
 }
 
 const ModelNode* Model::FindNode(std::uint64_t nodeNumber) const

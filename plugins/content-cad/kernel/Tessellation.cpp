@@ -119,7 +119,7 @@ private:
 MeshParameters parametersFor(const CadTessellation& wanted, const OrvikModel::Model& model)
 {
     MeshParameters parameters;
-    const double diagonal = 2.0 * model.box.Radius();
+    const double diagonal = 2.0 * model.bodyBox.Radius();
     parameters.sag = wanted.sag > 0.0 ? wanted.sag : diagonal * kDefaultSagShare;
     // A model of one point has no size; anything does.
     if (!(parameters.sag > 0.0))

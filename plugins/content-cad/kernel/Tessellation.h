@@ -18,8 +18,9 @@ inline constexpr double kDefaultSagShare = 0.001;
 /// Cuts every shape of a catalog into triangles, each once, several at a time, and numbers the
 /// model's nodes.
 ///
-/// How finely depends on the size of the whole model, so that a small part of a large assembly
-/// costs little. A shape that fails is named in a warning; what of it could be cut is kept.
+/// How finely depends on the size of the whole model without its annotations, so that a small part
+/// of a large assembly costs little. A shape that fails is named in a warning; what of it could be
+/// cut is kept.
 /// @throws TambCommandsInfra::JobCancelled, std::bad_alloc
 void Tessellate(const ShapeCatalog& catalog, const CadTessellation& wanted, KernelBudget& budget,
                 OrvikModel::Model& model, CadMessages& messages);

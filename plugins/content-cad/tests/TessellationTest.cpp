@@ -3,6 +3,7 @@
 #include "CadTest.h"
 #include "kernel/ShapeCatalog.h"
 
+#include <BRepBuilderAPI_MakeEdge.hxx>
 #include <BRepPrimAPI_MakeCylinder.hxx>
 #include <BRepPrimAPI_MakeSphere.hxx>
 #include <BRepTools.hxx>
@@ -179,6 +180,33 @@ TEST(Tessellation, ChangesWithTheParametersAndKeepsIds)
         EXPECT_EQ(after->Parts()[i].id, before->Parts()[i].id);
     EXPECT_TRUE(shape.Retessellate(0.0, 0.0));
     EXPECT_EQ(shape.Present()->TriangleCount(), before->TriangleCount());
+}
+
+/// Cuts a cylinder of 10 x 20 in a model, beside an annotation of some length.
+/// @return the number of its triangles.
+std::uint32_t trianglesBesideAnnotation(double length)
+{
+    ShapeCatalog shapes;
+    OrvikModel::Model model;
+    const auto add = [&](OrvikModel::NodeKind kind, const TopoDS_Shape& shape) {
+        auto node = std::make_unique<OrvikModel::ModelNode>();
+        node->kind = kind;
+        node->shape = shapes.Get(shape, L"shape");
+        model.nodes.push_back(std::move(node));
+    };
+    add(OrvikModel::NodeKind::Body, BRepPrimAPI_MakeCylinder(10.0, 20.0).Solid());
+    add(OrvikModel::NodeKind::Annotation,
+        BRepBuilderAPI_MakeEdge(gp_Pnt(0, 0, 0), gp_Pnt(length, 0, 0)).Edge());
+    CadMessages messages(L"test.step");
+    CadTessellation wanted;
+    wanted.maxAngleDegrees = 60.0; // The sag decides.
+    Tessellate(shapes, wanted, model, messages);
+    return model.nodes[0]->shape->Present()->TriangleCount();
+}
+
+TEST(Tessellate, AnnotationsDoNotMakeBodiesCoarser)
+{
+    EXPECT_EQ(trianglesBesideAnnotation(10000.0), trianglesBesideAnnotation(1.0));
 }
 
 } // namespace

@@ -68,9 +68,9 @@ std::string ModelContent::GetTypeName() const
 
 bool ModelContent::GetBoundingBox(TambVizCore::VizBox& box) const
 {
-    if (m_model->box.IsEmpty())
+    if (m_model->bodyBox.IsEmpty())
         return false;
-    box = m_model->box;
+    box = m_model->bodyBox;
     return true;
 }
 

@@ -128,7 +128,7 @@ bool ModelContent::GetBox(const EntityId& entity, VizBox& box) const
     const EntityMatch match = FindEntity(*m_model, entity);
     VizBox found;
     if (match.isContainer) {
-        found = m_model->box;
+        found = m_model->bodyBox;
     } else if (match.partId != 0 && HasPart(*match.node, match.partId)) {
         const auto geometry = match.node->shape->Present();
         const auto part = static_cast<std::uint32_t>(geometry->FindPart(match.partId));

@@ -1,5 +1,7 @@
 #include "OrvikModel/Model.h"
 
+#include "TestModels.h"
+
 #include <gtest/gtest.h>
 
 namespace OrvikModel {
@@ -55,6 +57,26 @@ TEST(Model, PlacesANodeByAllTransformsAboveIt)
     // A quarter turn about z takes (2, 0, 0) to (0, 2, 0).
     EXPECT_EQ(world[12], 10.0);
     EXPECT_EQ(world[13], 2.0);
+}
+
+TEST(Model, BoxOfBodiesLeavesOutAnnotations)
+{
+    std::vector<NodePtr> nodes;
+    nodes.push_back(MakeCube(NodeKind::Body, L"body"));
+    nodes.push_back(MakeCube(NodeKind::Annotation, L"far away", 100.0));
+    const auto model = MakeModel(std::move(nodes));
+
+    EXPECT_DOUBLE_EQ(model->box.Hi()[0], 101.0);
+    EXPECT_DOUBLE_EQ(model->bodyBox.Hi()[0], 1.0);
+}
+
+TEST(Model, BoxOfAnnotationsAloneIsThatOfAll)
+{
+    std::vector<NodePtr> nodes;
+    nodes.push_back(MakeCube(NodeKind::Annotation, L"far away", 100.0));
+    const auto model = MakeModel(std::move(nodes));
+
+    EXPECT_EQ(model->bodyBox, model->box);
 }
 
 } // namespace

@@ -93,11 +93,14 @@ struct Model
     std::uint64_t number = 0; ///< Tells the contents of one document apart; set on adding.
     std::vector<std::unique_ptr<ModelNode>> nodes; ///< The top nodes.
     TambVizCore::VizBox box;                       ///< World units; set by NumberNodes.
-    std::shared_ptr<const ModelSource> source;     ///< May be null.
+    /// The box without annotations, which may lie far around a part; that of all in a model that
+    /// has nothing else. Set by NumberNodes.
+    TambVizCore::VizBox bodyBox;
+    std::shared_ptr<const ModelSource> source; ///< May be null.
 
     /// Sets numbers in the order of a walk from the top (a parent before its children), parents and
-    /// the box. The numbers leave out those that stand for grouping rows of the tree and for types
-    /// of entities: 10001 to 10999 and 40000.
+    /// the boxes. The numbers leave out those that stand for grouping rows of the tree and for
+    /// types of entities: 10001 to 10999 and 40000.
     void NumberNodes();
 
     /// @return the node with that number, not owned; null when there is none.

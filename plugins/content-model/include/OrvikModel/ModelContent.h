@@ -40,6 +40,7 @@ public:
     void Undo() override;
     void Redo() override;
     std::string GetTypeName() const override;
+    /// Annotations do not count unless there is nothing else; the camera sees them all the same.
     bool GetBoundingBox(TambVizCore::VizBox& box) const override;
     void ClearSelection() override;
     /// Highlights the item and, where its shape stands in several places, the same of each.
