@@ -3,6 +3,7 @@
 #include "content/ArraySharing.h"
 #include "content/ClosedShells.h"
 #include "content/MeshShape.h"
+#include "content/ShapeOfArrays.h"
 
 #include <algorithm>
 #include <array>
@@ -25,6 +26,8 @@ namespace {
 
 constexpr wchar_t kTooManyBodies[] =
     L"the file has more than %1 objects and groups; they were read as one body";
+/// The size in which points beside triangles are drawn.
+constexpr float kSetPointPixels = 4.0f;
 /// Of triangles without a coloured material beside some with one.
 constexpr RGBAColor kPlainColor(204, 204, 204);
 
@@ -44,6 +47,15 @@ struct BodyPlan
     std::wstring name;
     std::vector<const MeshRange*> ranges;
 };
+
+/// Whether one of them is other than white, which stands for none.
+bool hasColor(const MeshArray<std::uint8_t>& colors)
+{
+    for (std::size_t i = 0; i + 3 < colors.Size(); i += 4)
+        if (colors[i] != 255 || colors[i + 1] != 255 || colors[i + 2] != 255)
+            return true;
+    return false;
+}
 
 std::unique_ptr<ModelNode> makeNode(NodeKind kind, const std::wstring& name,
                                     GeometryBuilder& builder)
@@ -84,11 +96,13 @@ public:
     std::vector<std::unique_ptr<ModelNode>> Run(ReadMessages& messages);
 
 private:
+    std::vector<std::unique_ptr<ModelNode>> makeSolids(ReadMessages& messages);
+    std::unique_ptr<ModelNode> makeThin(MeshThin&& thin) const;
     std::vector<BodyPlan> makePlans(ReadMessages& messages) const;
-    std::wstring nameOf(const MeshRange& range) const;
+    std::wstring nameOf(std::uint32_t objectIndex, std::uint32_t groupIndex) const;
     bool usesVertexColors(const BodyPlan& plan) const;
     bool hasOneMaterial(const BodyPlan& plan) const;
-    const MeshMaterial* coloredMaterial(const MeshRange& range) const;
+    const MeshMaterial* coloredMaterial(std::uint32_t material) const;
     std::unique_ptr<ModelNode> takeWhole(const BodyPlan& plan);
     std::unique_ptr<ModelNode> copyOut(const BodyPlan& plan);
     void copyRange(const MeshRange& range, bool withMaterialColors);
@@ -103,10 +117,10 @@ private:
     std::uint32_t m_run = 0;
 };
 
-std::wstring BodyMaker::nameOf(const MeshRange& range) const
+std::wstring BodyMaker::nameOf(std::uint32_t objectIndex, std::uint32_t groupIndex) const
 {
-    const std::wstring object = range.object == kNone ? L"" : m_mesh.objects[range.object];
-    const std::wstring group = range.group == kNone ? L"" : m_mesh.groups[range.group];
+    const std::wstring object = objectIndex == kNone ? L"" : m_mesh.objects[objectIndex];
+    const std::wstring group = groupIndex == kNone ? L"" : m_mesh.groups[groupIndex];
     if (!object.empty() && !group.empty())
         return object + L" / " + group;
     if (object.empty() && group.empty())
@@ -122,7 +136,7 @@ std::vector<BodyPlan> BodyMaker::makePlans(ReadMessages& messages) const
         const auto [entry, isNew] =
             indices.emplace(std::make_pair(range.object, range.group), plans.size());
         if (isNew)
-            plans.push_back({nameOf(range), {}});
+            plans.push_back({nameOf(range.object, range.group), {}});
         plans[entry->second].ranges.push_back(&range);
     }
     if (plans.size() <= kMaxBodies)
@@ -134,17 +148,17 @@ std::vector<BodyPlan> BodyMaker::makePlans(ReadMessages& messages) const
     return {whole};
 }
 
-const MeshMaterial* BodyMaker::coloredMaterial(const MeshRange& range) const
+const MeshMaterial* BodyMaker::coloredMaterial(std::uint32_t material) const
 {
-    if (range.material == kNone || !m_mesh.materials[range.material].hasColor)
+    if (material == kNone || !m_mesh.materials[material].hasColor)
         return nullptr;
-    return &m_mesh.materials[range.material];
+    return &m_mesh.materials[material];
 }
 
 bool BodyMaker::hasOneMaterial(const BodyPlan& plan) const
 {
     return std::all_of(plan.ranges.begin(), plan.ranges.end(), [&](const MeshRange* range) {
-        return coloredMaterial(*range) == coloredMaterial(*plan.ranges.front());
+        return coloredMaterial(range->material) == coloredMaterial(plan.ranges.front()->material);
     });
 }
 
@@ -168,7 +182,7 @@ bool BodyMaker::usesVertexColors(const BodyPlan& plan) const
 std::unique_ptr<ModelNode> BodyMaker::build(const BodyPlan& plan, MeshData&& arrays,
                                             bool withMaterialColors) const
 {
-    const MeshMaterial* material = coloredMaterial(*plan.ranges.front());
+    const MeshMaterial* material = coloredMaterial(plan.ranges.front()->material);
     const bool keepsColors = withMaterialColors || !arrays.colors.IsEmpty();
     GeometryBuilder builder;
     const bool isClosed = AreClosedShells(arrays.positions.Data(), arrays.VertexCount(),
@@ -199,7 +213,7 @@ std::unique_ptr<ModelNode> BodyMaker::takeWhole(const BodyPlan& plan)
 /// Appends the triangles of a run with the vertices that they use.
 void BodyMaker::copyRange(const MeshRange& range, bool withMaterialColors)
 {
-    const MeshMaterial* material = coloredMaterial(range);
+    const MeshMaterial* material = coloredMaterial(range.material);
     const RGBAColor color = material ? toColor(material->color) : kPlainColor;
     const std::uint32_t* corner = m_mesh.triangles.Data() + std::size_t{range.firstTriangle} * 3;
     for (std::size_t i = 0; i < std::size_t{range.triangleCount} * 3; ++i) {
@@ -242,7 +256,39 @@ std::unique_ptr<ModelNode> BodyMaker::copyOut(const BodyPlan& plan)
     return build(plan, std::move(m_body), withMaterialColors);
 }
 
+std::unique_ptr<ModelNode> BodyMaker::makeThin(MeshThin&& thin) const
+{
+    const bool isColored = hasColor(thin.colors);
+    auto node = std::make_unique<ModelNode>();
+    node->kind = thin.areLines ? NodeKind::Wire : NodeKind::PointSet;
+    node->name = nameOf(thin.object, thin.group);
+    if (const MeshMaterial* material = coloredMaterial(thin.material); material && !isColored)
+        node->color = toColor(material->color);
+    ShapeArrays arrays;
+    if (!thin.areLines)
+        for (std::uint32_t i = 0; i < thin.VertexCount(); ++i)
+            arrays.points.PushBack(i);
+    arrays.mesh.positions = std::move(thin.positions);
+    if (isColored)
+        arrays.mesh.colors = std::move(thin.colors);
+    arrays.segments = std::move(thin.segments);
+    arrays.runs = std::move(thin.runs);
+    node->shape = MakeShape(std::move(arrays));
+    node->pointSizePixels = thin.areLines ? node->pointSizePixels : kSetPointPixels;
+    return node;
+}
+
 std::vector<std::unique_ptr<ModelNode>> BodyMaker::Run(ReadMessages& messages)
+{
+    std::vector<std::unique_ptr<ModelNode>> bodies;
+    if (m_mesh.TriangleCount() > 0)
+        bodies = makeSolids(messages);
+    for (MeshThin& thin : m_mesh.thin)
+        bodies.push_back(makeThin(std::move(thin)));
+    return bodies;
+}
+
+std::vector<std::unique_ptr<ModelNode>> BodyMaker::makeSolids(ReadMessages& messages)
 {
     const std::vector<BodyPlan> plans = makePlans(messages);
     std::vector<std::unique_ptr<ModelNode>> bodies;

@@ -21,7 +21,8 @@ inline constexpr float kCloudPointPixels = 2.0f;
 
 /// Divides a mesh into bodies: one for each pair of object and group, in order of appearance. A
 /// body whose triangles close solids is a NodeKind::PolyBody, another a NodeKind::Mesh; points
-/// without triangles become one NodeKind::PointCloud.
+/// without triangles become one NodeKind::PointCloud. Lines and points beside triangles follow as
+/// NodeKind::Wire, with an edge for each polyline, and NodeKind::PointSet.
 ///
 /// A body is named after its group, its object, or "object / group" when both have names; without
 /// any, after @p defaultName. Where all its triangles have the same coloured material, the body has

@@ -28,7 +28,6 @@ using TambVizCore::Utils;
 namespace {
 
 constexpr wchar_t kPhase[] = L"Writing ";
-constexpr wchar_t kWiresLeftOut[] = L"the format holds no lines; wires left out: %1";
 
 MeshColor toMeshColor(const RGBAColor& color)
 {
@@ -50,25 +49,17 @@ BodyToWrite bodyOf(const PlacedShape& shape)
     body.normals = geometry.Normals().Span();
     body.colors = geometry.Colors().Span();
     body.triangles = geometry.Triangles().Span();
-    body.isPointCloud = geometry.TriangleCount() == 0;
+    if (geometry.TriangleCount() == 0)
+        body.segments = geometry.Segments().Span();
+    body.isPointCloud = geometry.TriangleCount() == 0 && geometry.SegmentCount() == 0;
     return body;
 }
 
-/// Chooses what a format of triangles and points can hold.
-MeshToWrite meshOf(const std::vector<PlacedShape>& shapes, ReadMessages& messages)
+MeshToWrite meshOf(const std::vector<PlacedShape>& shapes)
 {
     MeshToWrite mesh;
-    std::size_t wires = 0;
-    for (const PlacedShape& shape : shapes) {
-        const Geometry& geometry = *shape.geometry;
-        const bool isWire = geometry.TriangleCount() == 0 && geometry.SegmentCount() > 0;
-        if (isWire)
-            ++wires;
-        else
-            mesh.bodies.push_back(bodyOf(shape));
-    }
-    if (wires > 0)
-        messages.Warn(FillText(kWiresLeftOut, {std::to_wstring(wires)}));
+    for (const PlacedShape& shape : shapes)
+        mesh.bodies.push_back(bodyOf(shape));
     return mesh;
 }
 
@@ -100,7 +91,7 @@ bool MeshSaver::save(const std::wstring& fileName, OrvikCore::AContent* content)
     std::vector<PlacedShape> shapes;
     // A content without shapes leaves the list empty, which the writer reports.
     dynamic_cast<const IEntityProperties&>(*content).GetShapes(TambVizCore::EntityId(), shapes);
-    const MeshToWrite mesh = meshOf(shapes, messages);
+    const MeshToWrite mesh = meshOf(shapes);
     const WritableFormat* const format =
         FindWritableFormat(Utils::ToUpperAscii(Utils::GetFileExtension(fileName)));
     WriteOptions options;

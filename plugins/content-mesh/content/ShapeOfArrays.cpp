@@ -52,15 +52,25 @@ bool isClosed(const MeshData& mesh)
     return areClosed(corners);
 }
 
+void addEdges(const ShapeArrays& arrays, GeometryBuilder& builder)
+{
+    const auto count = static_cast<std::uint32_t>(arrays.segments.Size() / 2);
+    if (count > 0 && arrays.runs.IsEmpty())
+        builder.AddPart({PartKind::Edge, 0, count, MakePartId(PartKind::Edge, 0)});
+    for (std::uint32_t i = 0; i < arrays.runs.Size(); ++i) {
+        const std::uint32_t end = i + 1 < arrays.runs.Size() ? arrays.runs[i + 1] : count;
+        builder.AddPart(
+            {PartKind::Edge, arrays.runs[i], end - arrays.runs[i], MakePartId(PartKind::Edge, i)});
+    }
+}
+
 } // namespace
 
 std::shared_ptr<const OrvikModel::ModelShape> MakeShape(ShapeArrays&& arrays)
 {
     GeometryBuilder builder;
     builder.SetClosed(isClosed(arrays.mesh));
-    if (!arrays.segments.IsEmpty())
-        builder.AddPart({PartKind::Edge, 0, static_cast<std::uint32_t>(arrays.segments.Size() / 2),
-                         MakePartId(PartKind::Edge, 0)});
+    addEdges(arrays, builder);
     builder.SetPositions(Share(std::move(arrays.mesh.positions)));
     builder.SetNormals(Share(std::move(arrays.mesh.normals)));
     builder.SetColors(Share(std::move(arrays.mesh.colors)));

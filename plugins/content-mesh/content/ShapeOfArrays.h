@@ -11,7 +11,7 @@ namespace OrvikMesh {
 ///
 /// Triangles that close a solid make it closed, also where its vertices are split for normals or
 /// colours: points count as one when their coordinates are the same bits. All segments together are
-/// one edge.
+/// one edge unless the arrays tell of several.
 ///
 /// @throws std::bad_alloc
 std::shared_ptr<const OrvikModel::ModelShape> MakeShape(ShapeArrays&& arrays);

@@ -8,6 +8,7 @@
 
 using OrvikMesh::MeshData;
 using OrvikMesh::MeshRange;
+using OrvikMesh::MeshThin;
 using OrvikMesh::ReadMessages;
 
 namespace {
@@ -54,6 +55,24 @@ bool isFinite(const OrvikMesh::MeshArray<float>& values)
                        [](float value) { return std::isfinite(value); });
 }
 
+bool isSound(const MeshThin& thin, const MeshData& mesh)
+{
+    const auto isIn = [](std::uint32_t index, std::size_t size) {
+        return index == OrvikMesh::kNone || index < size;
+    };
+    const std::size_t segments = thin.segments.Size() / 2;
+    return thin.VertexCount() > 0 && isFinite(thin.positions) && thin.areLines == (segments > 0) &&
+           thin.areLines == (thin.runs.Size() > 0) &&
+           (thin.colors.IsEmpty() || thin.colors.Size() == thin.VertexCount() * 4) &&
+           std::all_of(thin.segments.begin(), thin.segments.end(),
+                       [&](std::uint32_t vertex) { return vertex < thin.VertexCount(); }) &&
+           std::is_sorted(thin.runs.begin(), thin.runs.end()) &&
+           std::all_of(thin.runs.begin(), thin.runs.end(),
+                       [&](std::uint32_t run) { return run < segments; }) &&
+           isIn(thin.object, mesh.objects.size()) && isIn(thin.group, mesh.groups.size()) &&
+           isIn(thin.material, mesh.materials.size());
+}
+
 } // namespace
 
 void FuzzReader(const OrvikMesh::ContentReader& reader, const std::uint8_t* data, std::size_t size)
@@ -66,8 +85,11 @@ void FuzzReader(const OrvikMesh::ContentReader& reader, const std::uint8_t* data
     require(isRead != messages.HasError(), "an error exactly when nothing was read");
     if (!isRead)
         return;
-    require(mesh.VertexCount() > 0, "vertices");
-    require(mesh.isPointCloud == (mesh.TriangleCount() == 0), "triangles, or a point cloud");
+    require(mesh.VertexCount() > 0 || !mesh.thin.empty(), "vertices");
+    require(mesh.isPointCloud == (mesh.TriangleCount() == 0 && mesh.thin.empty()),
+            "triangles, or a point cloud");
+    for (const MeshThin& thin : mesh.thin)
+        require(isSound(thin, mesh), "sound lines and points");
     require(isIndexed(mesh), "indices in range");
     require(isCovered(mesh), "runs that cover the triangles");
     require(isNamed(mesh), "names in range");

@@ -8,6 +8,7 @@ std::vector<std::string> FuzzSeeds()
     return {ObjSample(),
             "v 0 0 0 1 0 0\nv 1 0 0 0 1 0\nv 1 1 0\nv 0 1 0\nusemtl a\n"
             "f 1 2 \\\n3 4\ng b c\nf -1 -2 -3\nl 1 2\np 1\n",
+            "v 0 0 0\nv 1 0 0 1 0 0\nv 1 1 0\nl 1 2 3\no a\nl -1/2 \\\n-3/1\np 1 -1\n",
             "newmtl a\nKd 0.5 0.25 1\nd 0.5\nnewmtl b\nTr 0.25\n"};
 }
 

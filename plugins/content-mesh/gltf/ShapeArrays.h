@@ -18,6 +18,7 @@ struct ShapeArrays
 {
     MeshData mesh;                     ///< Without ranges and names; its triangles may be none.
     MeshArray<std::uint32_t> segments; ///< Two vertex indices per segment.
+    MeshArray<std::uint32_t> runs;     ///< The first segment of each edge; empty: one of all.
     MeshArray<std::uint32_t> points;   ///< One vertex index per point.
 };
 

@@ -40,6 +40,21 @@ struct MeshRange
     std::uint32_t material = kNone; ///< Index into MeshData::materials, or kNone.
 };
 
+/// Lines, or points, of one object and group beside the triangles of a mesh.
+struct MeshThin
+{
+    bool areLines = false;
+    std::uint32_t object = kNone; ///< As those of a MeshRange.
+    std::uint32_t group = kNone;
+    std::uint32_t material = kNone;
+    MeshArray<float> positions;        ///< Three per vertex; each vertex of points is one.
+    MeshArray<std::uint8_t> colors;    ///< Four per vertex, or empty.
+    MeshArray<std::uint32_t> segments; ///< Of lines: two vertex indices per segment.
+    MeshArray<std::uint32_t> runs;     ///< Of lines: the first segment of each polyline, ascending.
+
+    std::size_t VertexCount() const { return positions.Size() / 3; }
+};
+
 /// What a reader makes of a file: one pool of vertices, triangles that index it, and their names.
 ///
 /// Every index is in range and every coordinate is finite. Vertices that no triangle uses may be
@@ -55,6 +70,7 @@ struct MeshData
     MeshArray<std::uint8_t> colors;     ///< Four per vertex: red, green, blue, alpha; or empty.
     MeshArray<std::uint32_t> triangles; ///< Three vertex indices per triangle.
     std::vector<MeshRange> ranges;
+    std::vector<MeshThin> thin;        ///< Never empty ones; with vertices of their own.
     std::vector<std::wstring> objects; ///< Names of solids and objects, in order of appearance.
     std::vector<std::wstring> groups;
     std::vector<MeshMaterial> materials;

@@ -110,10 +110,10 @@ void ObjAssembler::Add(const ObjPiece& piece)
         for (; name != piece.Names().end() && name->face <= i; ++name)
             applyName(*name);
         const ObjFace& face = scan.faces[i];
-        if (resolveFace(scan, corners, face))
-            appendFace(face.cornerCount);
+        if (face.kind == ObjElement::Face)
+            addFace(scan, corners, face);
         else
-            m_badIndices.Add(pieceOffset + face.offset);
+            addThin(corners, face, pieceOffset + face.offset);
         corners += face.cornerCount;
     }
     for (; name != piece.Names().end(); ++name)
@@ -121,6 +121,41 @@ void ObjAssembler::Add(const ObjPiece& piece)
     addCounts(scan);
     m_base.vertex += scan.vertexCount;
     m_base.normal += scan.normalCount;
+}
+
+void ObjAssembler::addFace(const ObjScan& scan, const ObjCorner* corners, const ObjFace& face)
+{
+    m_hasFaces = true;
+    if (resolveFace(scan, corners, face))
+        appendFace(face.cornerCount);
+    else
+        m_badIndices.Add(static_cast<std::uint64_t>(scan.begin - m_text.data()) + face.offset);
+}
+
+/// Adds a polyline or points unless one of the points is not there or not finite.
+void ObjAssembler::addThin(const ObjCorner* corners, const ObjFace& element, std::uint64_t offset)
+{
+    m_facePoints.resize(element.cornerCount);
+    for (std::uint32_t i = 0; i < element.cornerCount; ++i)
+        if (!resolve(corners[i].vertex, m_base.vertex, m_pointCount, m_facePoints[i])) {
+            m_badThin.Add(offset);
+            return;
+        }
+    if (!areFinite())
+        m_badThin.Add(offset);
+    else if (element.kind == ObjElement::Line)
+        m_thin.AddLine(m_facePoints, m_range);
+    else
+        m_thin.AddPoints(m_facePoints, m_range);
+}
+
+/// Whether all coordinates of m_facePoints are.
+bool ObjAssembler::areFinite() const
+{
+    return !m_hasNonFinite ||
+           std::all_of(m_facePoints.begin(), m_facePoints.end(), [this](std::uint32_t point) {
+               return IsFinitePoint(m_points.Data() + std::size_t{point} * 3);
+           });
 }
 
 /// Puts the corners of a face into m_facePoints and m_faceNormals. @return false when one of its
@@ -140,10 +175,7 @@ bool ObjAssembler::resolveFace(const ObjScan& scan, const ObjCorner* corners, co
             m_badNormals.Add(offset);
         lacksNormal = lacksNormal || m_faceNormals[i] == kNone;
     }
-    if (m_hasNonFinite &&
-        std::any_of(m_facePoints.begin(), m_facePoints.end(), [this](std::uint32_t point) {
-            return !IsFinitePoint(m_points.Data() + std::size_t{point} * 3);
-        })) {
+    if (!areFinite()) {
         m_nonFinite.Add(offset);
         m_facePoints.clear();
         return true;
@@ -277,12 +309,10 @@ void ObjAssembler::Finish(ReadMessages& messages)
     warn(messages, kShortFace, m_shortFaces);
     warn(messages, kNonFiniteFace, m_nonFinite);
     warn(messages, kFanned, m_fanned);
-    if (m_hasFaces && m_pointLines.count > 0) {
-        m_leftOut.first = m_leftOut.count == 0 ? m_pointLines.first
-                                               : std::min(m_leftOut.first, m_pointLines.first);
-        m_leftOut.count += m_pointLines.count;
-    }
+    warn(messages, kObjBadThin, m_badThin);
     warn(messages, kObjLeftOut, m_leftOut);
+    if (HasFacesOrLines()) // Else all points become one cloud.
+        m_mesh.thin = m_thin.Take();
 }
 
 bool ObjAssembler::MakeCloud(ReadMessages& messages)
@@ -328,18 +358,19 @@ void ObjAssembler::fillVertices()
 void ObjAssembler::addCounts(const ObjScan& scan)
 {
     const auto add = [this](Occurrences& sum, const ScanOccurrences& part) {
-        if (sum.count == 0 && part.count > 0)
-            sum.first = static_cast<std::uint64_t>(part.first - m_text.data());
+        if (part.count == 0)
+            return;
+        const auto first = static_cast<std::uint64_t>(part.first - m_text.data());
+        sum.first = sum.count == 0 ? first : std::min(sum.first, first);
         sum.count += part.count;
     };
     add(m_zeroIndices, scan.zeroIndices);
     add(m_shortFaces, scan.shortFaces);
     add(m_badNumbers, scan.badNumbers);
     add(m_junkLines, scan.junkLines);
-    add(m_pointLines, scan.pointLines);
+    add(m_badThin, scan.badThin);
     add(m_leftOut, scan.leftOut);
-    m_hasFaces =
-        m_hasFaces || scan.faceCount > 0 || scan.zeroIndices.count > 0 || scan.shortFaces.count > 0;
+    m_hasFaces = m_hasFaces || scan.zeroIndices.count > 0 || scan.shortFaces.count > 0;
 }
 
 void ObjAssembler::warn(ReadMessages& messages, const wchar_t* reason,

@@ -4,6 +4,7 @@
 #include "readers/MeshData.h"
 #include "readers/MeshReader.h"
 #include "readers/ObjPiece.h"
+#include "readers/ObjThinBodies.h"
 #include "readers/ReadMessages.h"
 #include "readers/Triangulate.h"
 
@@ -17,8 +18,8 @@
 namespace OrvikMesh {
 
 /// Makes one mesh of the pieces of an OBJ file: resolves indices, splits polygons, gives each
-/// different pair of point and normal one vertex in the order of first use, and collects names.
-/// Points that no face uses are left out. One thread.
+/// different pair of point and normal one vertex in the order of first use, and collects lines,
+/// points and names. Points that no element uses are left out. One thread.
 class ObjAssembler
 {
 public:
@@ -38,11 +39,11 @@ public:
     /// Completes the mesh and says what was left out.
     void Finish(ReadMessages& messages);
 
-    /// True when there was a face, if only a bad one.
-    bool HasFaces() const { return m_hasFaces; }
+    /// True when there was a face, if only a bad one, or a line.
+    bool HasFacesOrLines() const { return m_hasFaces || m_thin.HasLines(); }
 
-    /// Makes a point cloud of all points; after Finish(), when there are no faces. Normals are
-    /// theirs where there are as many.
+    /// Makes a point cloud of all points; after Finish(), when there are neither faces nor lines.
+    /// Normals are theirs where there are as many.
     ///
     /// @return false with an error when there is none.
     bool MakeCloud(ReadMessages& messages);
@@ -69,6 +70,9 @@ private:
         std::uint32_t normal = 0;
     };
 
+    void addFace(const ObjScan& scan, const ObjCorner* corners, const ObjFace& face);
+    void addThin(const ObjCorner* corners, const ObjFace& element, std::uint64_t offset);
+    bool areFinite() const;
     bool resolveFace(const ObjScan& scan, const ObjCorner* corners, const ObjFace& face);
     void appendFace(std::size_t cornerCount);
     std::uint32_t vertexOf(std::uint32_t point, std::uint32_t normal);
@@ -106,6 +110,7 @@ private:
     NameTable m_materialNames;
     std::vector<std::string> m_libraries;
     MeshRange m_range; ///< The run that is being filled.
+    ObjThinBodies m_thin{m_points, m_pointColors};
 
     Occurrences m_badIndices;
     Occurrences m_badNormals;
@@ -115,7 +120,7 @@ private:
     Occurrences m_shortFaces;
     Occurrences m_badNumbers;
     Occurrences m_junkLines;
-    Occurrences m_pointLines;
+    Occurrences m_badThin;
     Occurrences m_leftOut;
     bool m_hasFaces = false;
 };

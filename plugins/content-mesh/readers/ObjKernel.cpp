@@ -204,7 +204,12 @@ inline const char* readCorner(ObjScan& scan, const char* at, ObjCorner& corner)
     return at;
 }
 
-LineStop readFace(ObjScan& scan, const char* line, std::size_t keyword)
+std::uint32_t fewestCorners(ObjElement kind)
+{
+    return kind == ObjElement::Face ? 3 : kind == ObjElement::Line ? 2 : 1;
+}
+
+LineStop readFace(ObjScan& scan, const char* line, std::size_t keyword, ObjElement kind)
 {
     if (scan.faceCount == scan.faceRoom)
         return LineStop::Full;
@@ -232,13 +237,17 @@ LineStop readFace(ObjScan& scan, const char* line, std::size_t keyword)
         ++last;
         at = next;
     }
-    if (hasZero) {
-        note(scan.zeroIndices, line);
-    } else if (last - first < 3) {
-        note(scan.shortFaces, line);
+    const std::uint32_t count = last - first;
+    if (hasZero || count < fewestCorners(kind)) {
+        note(kind != ObjElement::Face ? scan.badThin
+             : hasZero                ? scan.zeroIndices
+                                      : scan.shortFaces,
+             line);
     } else {
-        scan.faces[scan.faceCount++] = {last - first,
-                                        static_cast<std::uint32_t>(line - scan.begin)};
+        ObjFace& face = scan.faces[scan.faceCount++];
+        face.kind = kind;
+        face.cornerCount = count & kObjMaxCorners; // A piece has fewer bytes.
+        face.offset = static_cast<std::uint32_t>(line - scan.begin);
         scan.cornerCount = last;
     }
     scan.at = nextLine(at, scan.end);
@@ -268,11 +277,10 @@ bool isSilent(const char* at, const char* end)
            startsWith(at, end, "c_interp", 8) || startsWith(at, end, "d_interp", 8);
 }
 
-/// Lines, curves and surfaces.
-bool isElement(const char* at, const char* end)
+bool isCurveOrSurface(const char* at, const char* end)
 {
-    return startsWith(at, end, "l", 1) || startsWith(at, end, "curv", 4) ||
-           startsWith(at, end, "curv2", 5) || startsWith(at, end, "surf", 4);
+    return startsWith(at, end, "curv", 4) || startsWith(at, end, "curv2", 5) ||
+           startsWith(at, end, "surf", 4);
 }
 
 /// The words that belong to free-form curves and surfaces.
@@ -286,7 +294,7 @@ bool isFreeForm(const char* at, const char* end)
     return static_cast<std::size_t>(end - at) >= 3 && std::memcmp(at, "end", 3) == 0;
 }
 
-/// Anything but vertices, normals and faces. @return false for a line that names something.
+/// Anything but vertices, normals and elements. @return false for a line that names something.
 bool skipOther(ObjScan& scan, const char* at)
 {
     if (*at == '#') {
@@ -300,9 +308,7 @@ bool skipOther(ObjScan& scan, const char* at)
         scan.nameEnd = next;
         return false;
     }
-    if (startsWith(at, scan.end, "p", 1))
-        note(scan.pointLines, at);
-    else if (isElement(at, scan.end))
+    if (isCurveOrSurface(at, scan.end))
         note(scan.leftOut, at);
     else if (!isSilent(at, scan.end) && !isFreeForm(at, scan.end))
         note(scan.junkLines, at);
@@ -339,13 +345,17 @@ ObjStop ScanObj(ObjScan& scan)
         if (*at == 'v' && (IsBlank(second) || IsLineEnd(second))) {
             stop = readVertex(scan, at);
         } else if (*at == 'f' && (IsBlank(second) || IsLineEnd(second))) {
-            stop = readFace(scan, at, 1);
+            stop = readFace(scan, at, 1, ObjElement::Face);
+        } else if (*at == 'l' && IsBlank(second)) {
+            stop = readFace(scan, at, 1, ObjElement::Line);
+        } else if (*at == 'p' && IsBlank(second)) {
+            stop = readFace(scan, at, 1, ObjElement::Points);
         } else if (*at == 'v' && second == 'n') {
             stop = readNormal(scan, at);
         } else if (*at == 'v' && second == 't') {
             scan.at = nextStatement(at, scan.end);
         } else if (startsWith(at, scan.end, "fo", 2)) {
-            stop = readFace(scan, at, 2);
+            stop = readFace(scan, at, 2, ObjElement::Face);
         } else if (!skipOther(scan, at)) {
             if (isContinued(at, scan.nameEnd) && scan.nameEnd < scan.end)
                 return ObjStop::Continued;

@@ -25,10 +25,23 @@ struct ObjCorner
     std::int32_t normal;
 };
 
+/// The most corners that an element can count.
+inline constexpr std::uint32_t kObjMaxCorners = (1u << 30) - 1;
+
+/// What an element is.
+enum class ObjElement : std::uint32_t
+{
+    Face,   ///< Three corners or more.
+    Line,   ///< Two or more.
+    Points, ///< One or more.
+};
+
+/// A face, a polyline or some points.
 struct ObjFace
 {
-    std::uint32_t cornerCount; ///< At least 3.
-    std::uint32_t offset;      ///< Of its line from the start of the piece.
+    ObjElement kind : 2;
+    std::uint32_t cornerCount : 30;
+    std::uint32_t offset; ///< Of its line from the start of the piece.
 };
 
 /// Why ScanObj() came back.
@@ -71,7 +84,7 @@ struct ObjScan
     ScanOccurrences shortFaces;
     ScanOccurrences zeroIndices;
     ScanOccurrences junkLines;
-    ScanOccurrences pointLines; ///< Elements that are points.
+    ScanOccurrences badThin; ///< Lines of one point; lines and points with an index 0.
     ScanOccurrences leftOut;
 };
 

@@ -134,7 +134,7 @@ void ObjPiece::scanContinued()
     placeNew(m_scan.shortFaces, before.shortFaces, before.at);
     placeNew(m_scan.zeroIndices, before.zeroIndices, before.at);
     placeNew(m_scan.junkLines, before.junkLines, before.at);
-    placeNew(m_scan.pointLines, before.pointLines, before.at);
+    placeNew(m_scan.badThin, before.badThin, before.at);
     placeNew(m_scan.leftOut, before.leftOut, before.at);
 }
 

@@ -55,9 +55,9 @@ bool ReadObjContent(const std::wstring& path, std::string_view content, const Re
                                                      static_cast<double>(pieces.size()));
     }
     assembler.Finish(messages);
-    if (!assembler.HasFaces() && mesh.TriangleCount() == 0)
+    if (!assembler.HasFacesOrLines())
         return assembler.MakeCloud(messages);
-    if (mesh.TriangleCount() == 0) {
+    if (mesh.TriangleCount() == 0 && mesh.thin.empty()) {
         messages.Fail(kNoTriangle);
         return false;
     }

@@ -107,7 +107,10 @@ inline constexpr wchar_t kObjZeroIndex[] = L"an index is 0; faces left out: %1";
 inline constexpr wchar_t kObjBadNormal[] =
     L"the index of a normal is out of range; indices replaced: %1";
 inline constexpr wchar_t kObjJunk[] = L"not understood; lines left out, in whole or in part: %1";
-inline constexpr wchar_t kObjLeftOut[] = L"points, lines and curves left out: %1";
+inline constexpr wchar_t kObjLeftOut[] = L"curves and surfaces left out: %1";
+inline constexpr wchar_t kObjBadThin[] =
+    L"an index that is 0 or out of range, a coordinate that is no finite number, or a line of one "
+    L"point; lines and points left out: %1";
 inline constexpr wchar_t kObjOnlyPoints[] =
     L"the file holds no faces; its points were read as a point cloud";
 inline constexpr wchar_t kObjNoLibrary[] = L"the material library \"%1\" cannot be read: %2";

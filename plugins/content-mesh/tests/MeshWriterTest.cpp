@@ -199,6 +199,8 @@ TEST_P(EachFormat, NothingToWriteIsAnErrorThatLeavesTheFile)
 
     EXPECT_FALSE(result.ok);
     EXPECT_THAT(result.error, testing::AnyOf(EndsWith(L": there is no triangle to write"),
+                                             EndsWith(L": there is no triangle, line or point to "
+                                                      L"write"),
                                              EndsWith(L": there is neither a triangle nor a point "
                                                       L"to write")));
     EXPECT_EQ(std::filesystem::file_size(m_folder.Path() / (std::string("mesh.") + GetParam())),
@@ -324,6 +326,32 @@ TEST(MeshWriter, TellsWhichBodiesItLeavesOut)
                 ElementsAre(EndsWith(L"a.off: the format holds no points beside triangles; point "
                                      L"clouds left out: 1")));
     EXPECT_EQ(ReadFile(folder.PathOf("a.off")).mesh.VertexCount(), 4u);
+}
+
+TEST(ObjWriter, LinesAndPointsComeBackBesideTriangles)
+{
+    const TempFolder folder;
+    const Arrays arrays = quad();
+    BodyToWrite lines = arrays.Body(L"lines");
+    const std::vector<std::uint32_t> segments = {0, 1, 1, 2, 3, 0};
+    lines.triangles = {};
+    lines.segments = segments;
+    BodyToWrite points = arrays.Body(L"points");
+    points.triangles = {};
+    points.isPointCloud = true;
+
+    ASSERT_TRUE(write(folder.PathOf("a.obj"), {{lines, arrays.Body(L"quad"), points}}).ok);
+    const ReadResult read = ReadFile(folder.PathOf("a.obj"));
+
+    EXPECT_EQ(read.mesh.TriangleCount(), 2u);
+    ASSERT_EQ(read.mesh.thin.size(), 2u);
+    EXPECT_EQ(read.mesh.objects[read.mesh.thin[0].object], L"lines");
+    EXPECT_THAT(std::vector<std::uint32_t>(read.mesh.thin[0].segments.begin(),
+                                           read.mesh.thin[0].segments.end()),
+                ElementsAre(0, 1, 1, 2, 3, 0));
+    EXPECT_EQ(read.mesh.thin[0].runs.Size(), 2u);
+    EXPECT_EQ(read.mesh.thin[1].VertexCount(), 4u);
+    EXPECT_TRUE(read.warnings.empty());
 }
 
 TEST(MeshWriter, NormalsFollowATransformThatStretches)

@@ -397,12 +397,11 @@ TEST(ObjReader, FacesWithInfinitiesAndNansAreLeftOutAndDenormalsKept)
                                              L"faces left out: 2"));
 }
 
-TEST(ObjReader, PointsAndLinesAreLeftOutAndCounted)
+TEST(ObjReader, CurvesAndSurfacesAreLeftOutAndCounted)
 {
-    const ReadResult result = ReadObjText(kSquare + "p 1\nl 1 2\ns 1\nf 1 2 3\n");
+    const ReadResult result = ReadObjText(kSquare + "curv 0 1 1 2\nsurf 0 1 0 1 1 2\nf 1 2 3\n");
 
-    EXPECT_THAT(result.warnings,
-                ElementsAre(L"test: line 5: points, lines and curves left out: 2"));
+    EXPECT_THAT(result.warnings, ElementsAre(L"test: line 5: curves and surfaces left out: 2"));
 }
 
 TEST(ObjReader, FileWithoutFacesIsAPointCloudWithAWarning)

@@ -81,20 +81,23 @@ bool WritableBodies::HaveColors() const
     });
 }
 
-WritableBodies ChooseBodies(const MeshToWrite& mesh, bool takesPoints)
+WritableBodies ChooseBodies(const MeshToWrite& mesh, FileHolds holds)
 {
     const bool hasTriangles =
         std::any_of(mesh.bodies.begin(), mesh.bodies.end(), [](const BodyToWrite& body) {
             return !body.isPointCloud && body.TriangleCount() > 0;
         });
     WritableBodies chosen;
-    chosen.arePoints = takesPoints && !hasTriangles;
+    chosen.arePoints = holds == FileHolds::TrianglesOrPoints && !hasTriangles;
     for (const BodyToWrite& body : mesh.bodies) {
-        if (body.isPointCloud != chosen.arePoints) {
+        const bool isHeld =
+            holds == FileHolds::All || (body.isPointCloud == chosen.arePoints && !body.IsWire());
+        if (!isHeld) {
             chosen.cloudsLeftOut += body.isPointCloud ? 1 : 0;
+            chosen.wiresLeftOut += body.IsWire() ? 1 : 0;
             continue;
         }
-        if (!body.isPointCloud && body.TriangleCount() == 0)
+        if (!body.isPointCloud && !body.IsWire() && body.TriangleCount() == 0)
             continue;
         chosen.bodies.push_back(&body);
         chosen.vertices += body.VertexCount();

@@ -39,15 +39,23 @@ struct WritableBodies
     std::size_t vertices = 0;
     std::size_t triangles = 0;
     std::size_t cloudsLeftOut = 0;
+    std::size_t wiresLeftOut = 0;
     bool arePoints = false; ///< All bodies are point clouds.
 
     bool HaveNormals() const; ///< All of them.
     bool HaveColors() const;  ///< Any of them.
 };
 
-/// Chooses the bodies with triangles; the point clouds where there are none and the format takes
-/// them.
-WritableBodies ChooseBodies(const MeshToWrite& mesh, bool takesPoints);
+/// What a file of some format can hold.
+enum class FileHolds
+{
+    Triangles,
+    TrianglesOrPoints, ///< The one or the other; triangles go first.
+    All,               ///< Also lines, and all of it beside each other.
+};
+
+/// Chooses the bodies that a file can hold.
+WritableBodies ChooseBodies(const MeshToWrite& mesh, FileHolds holds);
 
 } // namespace OrvikMesh
 

@@ -25,10 +25,12 @@ struct BodyToWrite
     std::span<const float> normals;       ///< Three per vertex, or empty.
     std::span<const std::uint8_t> colors; ///< Four per vertex: red, green, blue, alpha; or empty.
     std::span<const std::uint32_t> triangles; ///< Three per triangle, each less than VertexCount().
+    std::span<const std::uint32_t> segments;  ///< Of a wire, which has no triangles: two each.
     bool isPointCloud = false;                ///< No triangles: each vertex is a point.
 
     std::size_t VertexCount() const { return positions.size() / 3; }
     std::size_t TriangleCount() const { return triangles.size() / 3; }
+    bool IsWire() const { return triangles.empty() && !segments.empty(); }
 };
 
 /// What is written into one file.

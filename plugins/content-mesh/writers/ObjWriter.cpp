@@ -63,6 +63,8 @@ private:
     void writeVertices(const BodyToWrite& body, const BodyPlacement& placement);
     void writeNormals(const BodyToWrite& body, const BodyPlacement& placement);
     void writeFaces(const BodyToWrite& body, const BodyPlacement& placement);
+    void writeLines(const BodyToWrite& body);
+    void writePoints(const BodyToWrite& body);
     void writeNumbers(FileSink& sink, const char* keyword, const std::array<float, 3>& numbers);
 
     const std::wstring& m_path;
@@ -162,6 +164,30 @@ void ObjFileWriter::writeFaces(const BodyToWrite& body, const BodyPlacement& pla
     }
 }
 
+/// Writes segments of which one begins where another ends as one line.
+void ObjFileWriter::writeLines(const BodyToWrite& body)
+{
+    for (std::size_t i = 0; i + 1 < body.segments.size(); i += 2) {
+        const bool goesOn = i > 0 && body.segments[i] == body.segments[i - 1];
+        if (!goesOn) {
+            m_sink.Text(i > 0 ? "\nl " : "l ");
+            m_sink.Number(m_firstVertex + body.segments[i]);
+        }
+        m_sink.Text(" ");
+        m_sink.Number(m_firstVertex + body.segments[i + 1]);
+    }
+    m_sink.Text("\n");
+}
+
+void ObjFileWriter::writePoints(const BodyToWrite& body)
+{
+    for (std::size_t i = 0; i < body.VertexCount(); ++i) {
+        m_sink.Text("p ");
+        m_sink.Number(m_firstVertex + i);
+        m_sink.Text("\n");
+    }
+}
+
 void ObjFileWriter::writeBody(const BodyToWrite& body)
 {
     const BodyPlacement placement(body);
@@ -170,7 +196,12 @@ void ObjFileWriter::writeBody(const BodyToWrite& body)
     writeNormals(body, placement);
     if (body.color)
         m_sink.Text("usemtl " + m_materials.at(keyOf(*body.color)) + "\n");
-    writeFaces(body, placement);
+    if (body.isPointCloud)
+        writePoints(body);
+    else if (body.IsWire())
+        writeLines(body);
+    else
+        writeFaces(body, placement);
     m_firstVertex += body.VertexCount();
     m_firstNormal += body.normals.size() / 3;
     m_trianglesDone += body.TriangleCount();
@@ -197,17 +228,15 @@ void ObjFileWriter::Run()
 bool WriteObj(const std::wstring& path, const MeshToWrite& mesh, const WriteOptions& options,
               ReadMessages& messages)
 {
-    const WritableBodies chosen = ChooseBodies(mesh, /*takesPoints=*/false);
-    if (chosen.triangles == 0) {
-        messages.Fail(kNothingToWrite);
+    const WritableBodies chosen = ChooseBodies(mesh, FileHolds::All);
+    if (chosen.bodies.empty()) {
+        messages.Fail(kNothingOfAll);
         return false;
     }
     if (chosen.vertices > kMostVertices) {
         messages.Fail(FillText(kTooManyVertices, {std::to_wstring(chosen.vertices)}));
         return false;
     }
-    if (chosen.cloudsLeftOut > 0)
-        messages.Warn(FillText(kCloudsLeftOut, {std::to_wstring(chosen.cloudsLeftOut)}));
     return WriteGuarded([&] { ObjFileWriter(path, chosen, options).Run(); }, messages);
 }
 

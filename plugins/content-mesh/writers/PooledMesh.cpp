@@ -41,7 +41,9 @@ void ForEachTriangle(const WritableBodies& chosen, FileSink& sink,
 bool ChoosePooledBodies(const MeshToWrite& mesh, WritableBodies& chosen, ReadMessages& messages)
 {
     constexpr std::size_t kMost = std::numeric_limits<std::int32_t>::max();
-    chosen = ChooseBodies(mesh, /*takesPoints=*/true);
+    chosen = ChooseBodies(mesh, FileHolds::TrianglesOrPoints);
+    if (chosen.wiresLeftOut > 0)
+        messages.Warn(FillText(kWiresLeftOut, {std::to_wstring(chosen.wiresLeftOut)}));
     if (chosen.vertices == 0)
         messages.Fail(kNothingAtAll);
     else if (chosen.vertices > kMost)

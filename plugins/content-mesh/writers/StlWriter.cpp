@@ -64,7 +64,9 @@ void writeFile(const std::wstring& path, const WritableBodies& chosen, const Wri
 bool WriteStl(const std::wstring& path, const MeshToWrite& mesh, const WriteOptions& options,
               ReadMessages& messages)
 {
-    const WritableBodies chosen = ChooseBodies(mesh, /*takesPoints=*/false);
+    const WritableBodies chosen = ChooseBodies(mesh, FileHolds::Triangles);
+    if (chosen.wiresLeftOut > 0)
+        messages.Warn(FillText(kWiresLeftOut, {std::to_wstring(chosen.wiresLeftOut)}));
     if (chosen.triangles == 0) {
         messages.Fail(kNothingToWrite);
         return false;
