@@ -3,6 +3,8 @@
 
 #include "OrvikCore/Export.h"
 
+#include <TambVizCore/EntityId.h>
+
 #include <array>
 #include <string>
 #include <vector>
@@ -18,8 +20,10 @@ struct Dimension
     std::vector<Point> line;
     /// Plain lines that lead there: the legs of an angle.
     std::vector<std::vector<Point>> legs;
-    /// The value with its unit; stands at the middle of the line.
+    /// The value with its unit; stands beside the middle of the line.
     std::wstring text;
+    /// What was measured: the dimension goes when one of them does. May be empty.
+    std::vector<TambVizCore::EntityId> measured;
 };
 
 /// A view that draws dimensions over the model; found by dynamic_cast.

@@ -34,14 +34,6 @@ constexpr RGBAColor kLineColor{230, 126, 34};
 constexpr RGBAColor kTextColor{20, 30, 45};
 constexpr RGBAColor kTextBackground{255, 255, 255, 200};
 
-OrvikCore::IViewObjectProvider& currentProvider()
-{
-    auto* const provider = dynamic_cast<OrvikCore::IViewObjectProvider*>(&CurrentView());
-    if (provider == nullptr)
-        throw std::runtime_error("The view cannot draw beside the model.");
-    return *provider;
-}
-
 Parameter colorParameter()
 {
     Parameter color;
@@ -109,7 +101,7 @@ Command drawPolylineCommand()
         const std::vector<std::vector<double>> lines = {coordinates(arguments["points"])};
         const RGBAColor color = colorArgument(kDrawPolyline, arguments["color"], kLineColor);
         ChangeView([&] {
-            currentProvider().DrawMarkupObjects(lines, arguments["closed"].AsBool(),
+            CurrentProvider().DrawMarkupObjects(lines, arguments["closed"].AsBool(),
                                                 arguments["filled"].AsBool(), color);
         });
         return Value();
@@ -144,7 +136,7 @@ Command drawTextCommand()
             TextDirection::PositiveY, /*bold=*/false, /*italic=*/false,
             static_cast<float>(arguments["height"].AsReal()), 0.0f, 0.0f, L"",
             colorArgument(kDrawText, arguments["color"], kTextColor), kTextBackground);
-        ChangeView([&item] { currentProvider().DrawTextItems({item}); });
+        ChangeView([&item] { CurrentProvider().DrawTextItems({item}); });
         return Value();
     };
     return command;

@@ -7,6 +7,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterAnnotationCommands(table);
     RegisterApplicationCommands(table);
     RegisterCameraCommands(table);
+    RegisterDimensionCommands(table);
     RegisterDocumentCommands(table);
     RegisterDocumentFileCommands(table);
     RegisterDocumentTreeCommand(table);

@@ -11,6 +11,7 @@ namespace OrvikCommands {
 void RegisterAnnotationCommands(TambCommandsInfra::CommandTable& table);
 void RegisterApplicationCommands(TambCommandsInfra::CommandTable& table);
 void RegisterCameraCommands(TambCommandsInfra::CommandTable& table);
+void RegisterDimensionCommands(TambCommandsInfra::CommandTable& table);
 void RegisterDocumentCommands(TambCommandsInfra::CommandTable& table);
 void RegisterDocumentFileCommands(TambCommandsInfra::CommandTable& table);
 void RegisterDocumentTreeCommand(TambCommandsInfra::CommandTable& table);

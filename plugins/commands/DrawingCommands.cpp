@@ -1,11 +1,16 @@
 #include "CommandParts.h"
 #include "Commands.h"
+#include "SceneParts.h"
 
+#include <OrvikCore/AViewObject.h>
+#include <OrvikCore/IViewObjectProvider.h>
+#include <OrvikCore/ViewObjectManager.h>
 #include <TambCommandsInfra/CommandTable.h>
 #include <TambCommandsInfra/ITambViewServices.h>
 
 #include <array>
 #include <cstdint>
+#include <stdexcept>
 #include <vector>
 
 namespace OrvikCommands {
@@ -141,12 +146,37 @@ Command clearDrawingsCommand()
 {
     Command command;
     command.name = "view:clear-drawing";
-    command.summary =
-        "Removes the arrows, lines, texts and triangles that were drawn over the model.";
+    command.summary = "Removes the arrows, lines, texts, triangles and dimensions that were drawn "
+                      "over the model.";
     command.example = "(view:clear-drawing)";
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments&) {
         ViewServices().ClearDrawingObjects();
+        return Value();
+    };
+    return command;
+}
+
+Command rotationCenterCommand()
+{
+    Command command;
+    command.name = "view:display-rotation-center";
+    command.parameters = {SwitchParameter("show", "#t shows, #f hides; #t when left out")};
+    command.summary = "Shows or hides a mark at the point that the camera turns around.";
+    command.help = "While the mouse turns the camera a window shows it all the same; pictures show "
+                   "it only on request.";
+    command.example = "(view:display-rotation-center)";
+    command.effect = CommandEffect::Changes;
+    command.handler = [](const Arguments& arguments) {
+        ChangeView([&] {
+            const OrvikCore::ViewObjectManager* const manager =
+                CurrentProvider().GetViewObjectManager();
+            OrvikCore::AViewObject* const mark =
+                manager == nullptr ? nullptr : manager->Get("RotationCenterViewObject");
+            if (mark == nullptr)
+                throw std::runtime_error("The view has no mark at the rotation centre.");
+            mark->SetIsVisible(arguments["show"].AsBool());
+        });
         return Value();
     };
     return command;
@@ -201,6 +231,7 @@ void RegisterDrawingCommands(CommandTable& table)
     table.Register(drawArrowCommand());
     table.Register(drawMeshCommand());
     table.Register(clearDrawingsCommand());
+    table.Register(rotationCenterCommand());
     table.Register(incrementalCommand());
     table.Register(setIncrementalCommand());
     table.Register(updateCommand("view:update", "Draws the view where something has changed.",

@@ -63,7 +63,7 @@ void RegisterExplodeCommand(CommandTable& table)
     command.summary = "Shows assemblies taken apart.";
     command.help =
         "Picks, hover, boxes of the view, sections and highlighting follow what is shown. Measures "
-        "(measure:distance, entity:bounding-box and all others) stay those of the model. Files "
+        "of entities (measure:distance, entity:bounding-box, ...) stay those of the model. Files "
         "do not move away from each other. A second explosion replaces the first; view:undo takes "
         "it back.";
     command.example = "(view:explode 0.5)";

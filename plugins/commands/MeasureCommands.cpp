@@ -1,5 +1,6 @@
 #include "CommandParts.h"
 #include "Commands.h"
+#include "Dimensions.h"
 #include "EntityParts.h"
 #include "Thickness.h"
 
@@ -23,6 +24,7 @@ using OrvikCore::IEntityProperties;
 using OrvikCore::MeasureResult;
 using TambCommandsInfra::Arguments;
 using TambCommandsInfra::Command;
+using TambCommandsInfra::CommandEffect;
 using TambCommandsInfra::CommandTable;
 using TambCommandsInfra::Parameter;
 using TambCommandsInfra::Presence;
@@ -54,7 +56,10 @@ Command distanceCommand()
                          "\"triangles\"; #f for what has no shape";
     command.summary = "Measures the least distance between two entities, in world units.";
     command.help = "Exact between solids, else from triangles, lines and points; the end of the "
-                   "list says which. (car (measure:distance a b)) is the distance alone.";
+                   "list says which. (car (measure:distance a b)) is the distance alone. "
+                   "The picture shows it until measure:clear; measure:draw switches that off. "
+                   "Measures are those of the model, also while it is shown exploded.";
+    command.effect = CommandEffect::Changes;
     command.example = "(measure:distance (app:pick-face 0 0 100 0 0 -1 0.5) (app:pick-face 0 0 "
                       "-100 0 0 1 0.5))";
     command.handler = [name = command.name](const Arguments& arguments) {
@@ -64,19 +69,13 @@ Command distanceCommand()
         DistanceResult result;
         if (!measureDistance(from, to, result))
             return Value(false);
+        LeaveDimension(LengthDimension(result.from, result.to, result.distance, result.exact),
+                       {from, to});
         return Value(Value::List{Value(result.distance), ToPoint(result.from), ToPoint(result.to),
                                  ToHow(result.exact)});
     };
     return command;
 }
-
-/// The line along which an entity runs, or the plane that it lies in.
-struct Bearing
-{
-    double vector[3] = {0.0, 0.0, 0.0}; ///< Along the line, or normal to the plane.
-    bool isPlane = false;
-    bool isExact = false;
-};
 
 std::optional<Bearing> bearingOf(const EntityId& entity)
 {
@@ -89,16 +88,20 @@ std::optional<Bearing> bearingOf(const EntityId& entity)
         bearing.isPlane = true;
     else if (!content->Measure(entity, EntityMeasure::Direction, result))
         return std::nullopt;
-    std::copy_n(result.vector, 3, bearing.vector);
+    std::copy_n(result.vector, 3, bearing.vector.begin());
     bearing.isExact = result.exact;
+    // The middle of a round face does not lie on its axis.
+    if (content->Measure(entity, EntityMeasure::Origin, result) ||
+        content->Measure(entity, EntityMeasure::Center, result))
+        std::copy_n(result.vector, 3, bearing.place.begin());
     return bearing;
 }
 
 /// The angle between two lines, two planes or a line and a plane, 0 to 90 degrees.
 double angleBetween(const Bearing& a, const Bearing& b)
 {
-    const double* const u = a.vector;
-    const double* const v = b.vector;
+    const Triple& u = a.vector;
+    const Triple& v = b.vector;
     const double along = std::fabs(u[0] * v[0] + u[1] * v[1] + u[2] * v[2]);
     const double across =
         std::hypot(u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2], u[0] * v[1] - u[1] * v[0]);
@@ -119,17 +122,23 @@ Command angleCommand()
     command.summary = "Measures the angle between two faces or edges, in degrees.";
     command.help = "A planar face counts as its plane, a straight edge as its line, a round face "
                    "or edge as its axis: 0 is parallel, 90 perpendicular. (car (measure:angle a "
-                   "b)) is the angle alone.";
+                   "b)) is the angle alone. "
+                   "The picture shows it until measure:clear; measure:draw switches that off. "
+                   "Measures are those of the model, also while it is shown exploded.";
+    command.effect = CommandEffect::Changes;
     command.example = "(measure:angle (app:pick-face 0 0 100 0 0 -1 0.5) (app:pick-face 100 0 0 "
                       "-1 0 0 0.5))";
     command.handler = [name = command.name](const Arguments& arguments) {
         const OrvikOs::FpMasked coordinatesAreData;
-        const auto first = bearingOf(EntityArgument(name, "first", arguments["first"]));
-        const auto second = bearingOf(EntityArgument(name, "second", arguments["second"]));
+        const EntityId& a = EntityArgument(name, "first", arguments["first"]);
+        const EntityId& b = EntityArgument(name, "second", arguments["second"]);
+        const auto first = bearingOf(a);
+        const auto second = bearingOf(b);
         if (!first || !second)
             return Value(false);
-        return Value(Value::List{Value(angleBetween(*first, *second)),
-                                 ToHow(first->isExact && second->isExact)});
+        const double degrees = angleBetween(*first, *second);
+        LeaveDimension(AngleDimension(*first, *second, degrees), {a, b});
+        return Value(Value::List{Value(degrees), ToHow(first->isExact && second->isExact)});
     };
     return command;
 }
@@ -161,6 +170,8 @@ Value thickness(const Arguments& arguments)
     const auto result = MeasureThickness(LoadedProperties(), origin, direction, along == "normal");
     if (!result)
         return Value(false);
+    LeaveDimension(LengthDimension(result->entry, result->exit, result->thickness, result->isExact),
+                   {result->body});
     return Value(Value::List{Value(result->thickness), ToPoint(result->entry),
                              ToPoint(result->exit), ToHow(result->isExact)});
 }
@@ -184,7 +195,10 @@ Command thicknessCommand()
                    "again. What is hidden or cut away by section planes does not count; where a "
                    "plane cuts a closed body, its material begins or ends there. The faces must "
                    "point outwards. "
-                   "(car (measure:thickness origin direction)) is the thickness alone.";
+                   "(car (measure:thickness origin direction)) is the thickness alone. "
+                   "The picture shows it until measure:clear; measure:draw switches that off. "
+                   "While assemblies are shown exploded, bodies are met where they are shown.";
+    command.effect = CommandEffect::Changes;
     command.example = "(measure:thickness '(0 0 100) '(0 0 -1))";
     command.handler = thickness;
     return command;

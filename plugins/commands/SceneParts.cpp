@@ -5,6 +5,7 @@
 
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/AView3D.h>
+#include <OrvikCore/IViewObjectProvider.h>
 #include <TambCommandsInfra/CallGate.h>
 #include <TambVizCore/AView3DAdapter.h>
 #include <TambVizCore/IView3D.h>
@@ -101,6 +102,14 @@ TambVizCore::IViewDoUndoStrategy& CurrentUndo()
     if (strategy == nullptr)
         throw std::runtime_error("The view cannot undo.");
     return *strategy;
+}
+
+OrvikCore::IViewObjectProvider& CurrentProvider()
+{
+    auto* const provider = dynamic_cast<OrvikCore::IViewObjectProvider*>(&CurrentView());
+    if (provider == nullptr)
+        throw std::runtime_error("The view cannot draw beside the model.");
+    return *provider;
 }
 
 std::vector<RenderId> DrawnIds(const std::vector<EntityId>& entities)

@@ -10,7 +10,8 @@
 
 namespace OrvikCore {
 class AView3D;
-}
+class IViewObjectProvider;
+} // namespace OrvikCore
 namespace TambVizCore {
 class IView3D;
 class IViewAttribute;
@@ -44,6 +45,9 @@ TambVizCore::RenderingOptions& CurrentOptions();
 
 /// @throws std::runtime_error "The view cannot undo."
 TambVizCore::IViewDoUndoStrategy& CurrentUndo();
+
+/// @throws std::runtime_error "The view cannot draw beside the model."
+OrvikCore::IViewObjectProvider& CurrentProvider();
 
 /// @return the ids of what draws entities; entities that nothing draws are left out.
 std::vector<TambVizCore::RenderId> DrawnIds(const std::vector<TambVizCore::EntityId>& entities);

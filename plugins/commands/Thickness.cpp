@@ -66,6 +66,8 @@ ThicknessResult between(const LineHit& entry, const LineHit& exit)
         std::hypot(exit.position[0] - entry.position[0], exit.position[1] - entry.position[1],
                    exit.position[2] - entry.position[2]);
     result.isExact = entry.exact && exit.exact;
+    result.body = entry.entity;
+    result.body.ReduceToBody();
     return result;
 }
 

@@ -1,6 +1,8 @@
 #ifndef PLUGINCOMMANDS_THICKNESS_H
 #define PLUGINCOMMANDS_THICKNESS_H
 
+#include <TambVizCore/EntityId.h>
+
 #include <array>
 #include <optional>
 #include <vector>
@@ -18,6 +20,7 @@ struct ThicknessResult
     double entry[3] = {0.0, 0.0, 0.0};
     double exit[3] = {0.0, 0.0, 0.0};
     bool isExact = false; ///< Both ends come from exact surfaces.
+    TambVizCore::EntityId body;
 };
 
 /// Measures the material of the first body that a ray enters, as the 3D view shows it: what is

@@ -34,6 +34,8 @@ struct SceneState
     int height = 0;
     std::uint64_t model = 0;   ///< Stamps of the scenes; see TambVizCore::NodeStamps.
     std::uint64_t objects = 0; ///< In the world.
+    std::uint64_t front = 0;   ///< In front of the model.
+    std::uint64_t frontLabels = 0;
     std::uint64_t corner = 0;
     std::uint64_t labels = 0;
     std::uint64_t options = 0; ///< Their revision.

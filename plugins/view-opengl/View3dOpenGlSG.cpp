@@ -126,7 +126,7 @@ bool View3dOpenGlSG::drawImage(int width, int height, TambVizCore::Image& image)
     const int samples = GetRenderingOptions()->GetAntialiasLevel();
     if (!current.IsCurrent() || !bindTarget(m_target, width, height, samples))
         return false;
-    drawPicture(width, height);
+    drawPicture(width, height, Purpose::Picture);
     drawOverlay(width, height);
     m_renderer.EndFrame();
     if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
@@ -151,6 +151,20 @@ bool View3dOpenGlSG::bindTarget(FrameTarget& target, int width, int height, int 
         return false;
     }
     return true;
+}
+
+void View3dOpenGlSG::DrawDimension(const OrvikCore::Dimension& dimension)
+{
+    ViewObjects::DrawDimension(dimension);
+    if (m_window != nullptr)
+        UpdateDisplay();
+}
+
+void View3dOpenGlSG::ClearDimensions()
+{
+    ViewObjects::ClearDimensions();
+    if (m_window != nullptr)
+        UpdateDisplay();
 }
 
 bool View3dOpenGlSG::GetRenderIdAtPixel(int x, int y, RenderId& id)
@@ -221,6 +235,7 @@ void View3dOpenGlSG::ClearViewport()
     GetSelectionHolder()->ClearHighlight();
     GetSelectionHolder()->ClearSelection();
     m_root->RemoveAllChildren();
+    ViewObjects::ClearDimensions();
 }
 
 bool View3dOpenGlSG::pickAtPixel(int x, int y, TambVizCore::PartKinds kinds,

@@ -68,6 +68,10 @@ public:
     bool SetViewportBackground(int number, const TambVizCore::RGBAColor& color) override;
     void ClearViewport() override;
 
+    /// Without a window nothing is drawn before somebody asks for a picture.
+    void DrawDimension(const OrvikCore::Dimension& dimension) override;
+    void ClearDimensions() override;
+
     void SetFrameWindow(OrvikCore::IFrameWindow* window) override;
     bool UseWindowContext(std::string& errorText) override;
     void ReleaseWindowContext() override;
@@ -96,6 +100,13 @@ private:
         std::uint64_t overlay = 0; ///< Stamp of what lies over the frame; 0 for nothing.
     };
 
+    /// What is drawn for: the mark at the rotation centre is in pictures only on request.
+    enum class Purpose
+    {
+        Frame,
+        Picture
+    };
+
     bool prepare();
     void takeContext(std::unique_ptr<GlContext> context);
     void dropContext();
@@ -106,7 +117,9 @@ private:
     bool overlayShows();
     FrameTarget& shownTarget();
     FrameShown wantedFrame();
-    void drawPicture(int width, int height);
+    void prepareScene(const PictureScale& scale, Purpose purpose);
+    void drawPicture(int width, int height, Purpose purpose);
+    void drawFront(const PictureScale& scale, int width, int height);
     void drawAxes(const Projection& projection, int width, int height);
     void drawOverlay(int width, int height);
     void followDrag(const OrvikCore::ViewOpDrag& op);
@@ -129,6 +142,7 @@ private:
     std::optional<TambVizCore::RGBAColor> m_background[2];
     /// Of the drag being followed: where it began, and its last point on the way.
     std::optional<PixelRectangle> m_band;
+    bool m_isTurning = false; ///< The mouse turns the camera.
     int m_width = 0;
     int m_height = 0;
     mutable float m_center[3] = {0.0f, 0.0f, 0.0f}; ///< Answer of GetGeometryCenter.

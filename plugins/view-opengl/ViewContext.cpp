@@ -68,6 +68,7 @@ void View3dOpenGlSG::clearGraphics()
 {
     m_renderer.Clear();
     textLabels().ClearGraphics();
+    frontLabels().ClearGraphics();
     m_target.Clear();
     m_frame.Clear();
     m_present.Clear();

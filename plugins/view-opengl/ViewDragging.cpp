@@ -34,6 +34,8 @@ void View3dOpenGlSG::ControllerNotify(OrvikCore::IViewOp* op)
 {
     if (op != nullptr && op->Type() == OrvikCore::ViewOpType::Drag)
         followDrag(static_cast<const OrvikCore::ViewOpDrag&>(*op));
+    if (op != nullptr && op->Type() == OrvikCore::ViewOpType::Rotate)
+        m_isTurning = op->State() == IViewOpState::Start || op->State() == IViewOpState::Processing;
     if (op != nullptr && op->Type() == OrvikCore::ViewOpType::Zoom)
         zoomToPointer(static_cast<OrvikCore::ViewOpZoom&>(*op));
     else

@@ -1,7 +1,9 @@
 // What the view draws into a picture, and in which order.
 #include "View3dOpenGlSG.h"
 #include "objects/AxesObject.h"
+#include "objects/RotationMark.h"
 
+#include <OrvikCore/ACamera.h>
 #include <OrvikCore/ViewObjectManager.h>
 #include <TambVizCore/Matrix.h>
 
@@ -23,20 +25,45 @@ void withoutPlace(const double* view, double* turn)
 
 } // namespace
 
-void View3dOpenGlSG::drawPicture(int width, int height)
+void View3dOpenGlSG::prepareScene(const PictureScale& scale, Purpose purpose)
+{
+    prepareObjects(*m_root, scale);
+    RotationMark* const mark = rotationMark();
+    if (mark == nullptr)
+        return;
+    // A camera that turns around no point leaves this one.
+    float center[3];
+    std::copy_n(GetGeometryCenter(), 3, center);
+    GetCamera()->GetRotationCenter(center);
+    const double point[3] = {center[0], center[1], center[2]};
+    mark->Adapt(scale, point, m_isTurning && purpose == Purpose::Frame);
+}
+
+void View3dOpenGlSG::drawPicture(int width, int height, Purpose purpose)
 {
     Background background;
     GetViewportBackground(1, background.top);
     GetViewportBackground(2, background.bottom);
     Projection projection = MakeProjection(*GetCamera(), width, height);
-    prepareObjects(projection.view);
+    PictureScale scale{projection, m_height > 0 ? static_cast<double>(height) / m_height : 1.0};
+    prepareScene(scale, purpose);
     projection = m_renderer.Draw(*m_root, worldObjects(), *GetRenderingOptions(), projection,
                                  background, textLabels().Bounds(projection.view));
-    const double pixelScale = m_height > 0 ? static_cast<double>(height) / m_height : 1.0;
-    if (GetViewObjectManager()->IsEnabled())
-        textLabels().Draw(projection, width, height, pixelScale);
+    scale.projection = projection;
+    if (GetViewObjectManager()->IsEnabled()) {
+        textLabels().Draw(projection, width, height, scale.pixelScale);
+        drawFront(scale, width, height);
+    }
     drawAxes(projection, width, height);
     glViewport(0, 0, width, height);
+}
+
+void View3dOpenGlSG::drawFront(const PictureScale& scale, int width, int height)
+{
+    if (frontObjects().ChildCount() == 0)
+        return;
+    m_renderer.DrawInset(frontObjects(), *GetRenderingOptions(), scale.projection);
+    frontLabels().Draw(scale.projection, width, height, scale.pixelScale);
 }
 
 void View3dOpenGlSG::drawAxes(const Projection& projection, int width, int height)

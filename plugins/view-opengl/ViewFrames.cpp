@@ -62,7 +62,7 @@ bool View3dOpenGlSG::DrawFrame()
     if (sceneChanged) {
         if (!bindTarget(m_frame, m_width, m_height, GetRenderingOptions()->GetAntialiasLevel()))
             return false;
-        drawPicture(m_width, m_height);
+        drawPicture(m_width, m_height, Purpose::Frame);
     }
     if (!overlayShows())
         m_present.Clear();
@@ -140,12 +140,14 @@ View3dOpenGlSG::FrameShown View3dOpenGlSG::wantedFrame()
     wanted.frame.camera = CameraState::Of(*GetCamera());
     const Projection projection =
         MakeProjection(*GetCamera(), std::max(m_width, 1), std::max(m_height, 1));
-    prepareObjects(projection.view);
+    prepareScene({projection, 1.0}, Purpose::Frame);
     SceneState& scene = wanted.frame.scene;
     scene.width = m_width;
     scene.height = m_height;
     scene.model = GetSceneRoot().Stamps().subtree;
     scene.objects = worldObjects().Stamps().subtree;
+    scene.front = frontObjects().Stamps().subtree;
+    scene.frontLabels = frontLabels().Revision();
     scene.corner = cornerObjects().Stamps().subtree;
     scene.labels = textLabels().Revision();
     scene.options = GetRenderingOptions()->Revision();

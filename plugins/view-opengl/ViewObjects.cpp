@@ -1,8 +1,10 @@
 #include "ViewObjects.h"
 
 #include "objects/AxesObject.h"
+#include "objects/DimensionObject.h"
 #include "objects/DrawingObjects.h"
 #include "objects/ObjectGeometry.h"
+#include "objects/RotationMark.h"
 #include "objects/TextObject.h"
 
 #include <OrvikCore/Dbg.h>
@@ -22,6 +24,9 @@ using TambVizCore::SharedArray;
 namespace {
 
 constexpr RGBAColor kArrowColor{230, 126, 34};
+
+/// So many dimensions are kept; a script may measure in a loop.
+constexpr std::size_t kMostDimensions = 100;
 
 std::unique_ptr<AViewObject> ownedBy(AViewObject* object)
 {
@@ -47,15 +52,18 @@ std::vector<std::uint8_t> toBytes(const std::vector<float>& colors)
 
 ViewObjects::ViewObjects()
     : m_world(1),
+      m_front(1),
       m_corner(1),
       m_overlay(1),
       m_manager(std::make_unique<OrvikCore::ViewObjectManager>(m_world))
 {
     m_world.SetAuxiliary(true);
+    m_front.SetAuxiliary(true);
     m_corner.SetAuxiliary(true);
     m_overlay.SetAuxiliary(true);
     // The manager owns what is added.
     m_manager->Add(kAxesName, std::make_unique<AxesObject>(m_corner).release());
+    m_manager->Add(kRotationMarkName, std::make_unique<RotationMark>(m_front).release());
     m_manager->Add(kRubberBandName, std::make_unique<RubberBand>(m_overlay).release());
 }
 
@@ -110,13 +118,60 @@ void ViewObjects::DrawTextItems(std::vector<OrvikCore::TextItem3D> const& items)
 
 void ViewObjects::ClearDrawingObjects()
 {
-    for (const std::string& name : m_drawings) {
-        const auto object = ownedBy(m_manager->Get(name));
-        m_manager->Remove(name);
-        if (object != nullptr)
-            object->Clear();
-    }
+    for (const std::string& name : m_drawings)
+        remove(name);
     m_drawings.clear();
+    ViewObjects::ClearDimensions();
+}
+
+void ViewObjects::DrawDimension(const OrvikCore::Dimension& drawn)
+{
+    if (m_dimensions.size() >= kMostDimensions) {
+        remove(m_dimensions.front());
+        m_dimensions.erase(m_dimensions.begin());
+    }
+    auto object = std::make_unique<DimensionObject>(m_front, m_frontLabels, drawn);
+    m_dimensions.push_back("Dimension" + std::to_string(object->Id()));
+    m_manager->Add(m_dimensions.back(), object.release()); // The manager owns it now.
+}
+
+void ViewObjects::ClearDimensions()
+{
+    for (const std::string& name : m_dimensions)
+        remove(name);
+    m_dimensions.clear();
+}
+
+void ViewObjects::remove(const std::string& objectName)
+{
+    const auto object = ownedBy(m_manager->Get(objectName));
+    m_manager->Remove(objectName);
+    if (object != nullptr)
+        object->Clear();
+}
+
+DimensionObject* ViewObjects::dimension(const std::string& objectName)
+{
+    return dynamic_cast<DimensionObject*>(m_manager->Get(objectName));
+}
+
+void ViewObjects::dropDimensionsOfWhatHasGone(TambVizCore::Node& model)
+{
+    if (m_modelStamp == model.Stamps().structure)
+        return;
+    m_modelStamp = model.Stamps().structure;
+    const auto hasGone = [&](const std::string& name) {
+        const DimensionObject* const drawn = dimension(name);
+        return drawn == nullptr || std::any_of(drawn->Measured().begin(), drawn->Measured().end(),
+                                               [&model](const TambVizCore::EntityId& entity) {
+                                                   return model.FindEntity(entity) == nullptr;
+                                               });
+    };
+    for (const std::string& name : m_dimensions)
+        if (hasGone(name))
+            remove(name);
+    std::erase_if(m_dimensions,
+                  [this](const std::string& name) { return !m_manager->Contains(name); });
 }
 
 void ViewObjects::addDrawing(std::unique_ptr<AViewObject> object)
@@ -126,15 +181,25 @@ void ViewObjects::addDrawing(std::unique_ptr<AViewObject> object)
     m_manager->Add(name, object.release());
 }
 
-void ViewObjects::prepareObjects(const double* view)
+void ViewObjects::prepareObjects(TambVizCore::Node& model, const PictureScale& scale)
 {
+    dropDimensionsOfWhatHasGone(model);
     m_manager->Render();
     m_manager->Display();
     m_world.SetVisible(m_manager->IsEnabled());
+    m_front.SetVisible(m_manager->IsEnabled());
     m_corner.SetVisible(m_manager->IsEnabled());
     m_overlay.SetVisible(m_manager->IsEnabled());
     if (auto* const axes = dynamic_cast<AxesObject*>(m_manager->Get(kAxesName)))
-        axes->Turn(view);
+        axes->Turn(scale.projection.view);
+    for (const std::string& name : m_dimensions)
+        if (DimensionObject* const drawn = dimension(name))
+            drawn->Adapt(scale);
+}
+
+RotationMark* ViewObjects::rotationMark()
+{
+    return dynamic_cast<RotationMark*>(m_manager->Get(kRotationMarkName));
 }
 
 RubberBand* ViewObjects::rubberBand()

@@ -20,6 +20,7 @@ constexpr std::uint32_t kAround = 24; ///< Corners of the arrow's circles.
 constexpr float kShaftRadius = 0.015f;
 constexpr float kHeadRadius = 0.045f;
 constexpr float kHeadLength = 0.15f;
+constexpr float kLoneHeadRadius = 0.28f; ///< Of a head whose length is 1.
 
 void addTriangle(std::vector<std::uint32_t>& triangles, std::uint32_t a, std::uint32_t b,
                  std::uint32_t c)
@@ -120,6 +121,27 @@ std::shared_ptr<const Geometry> MakeArrow()
         addTriangle(triangles, top, topNext, footNext);
         addTriangle(triangles, top, footNext, foot);
         addTriangle(triangles, foot, footNext, 1);
+    }
+    GeometryBuilder builder;
+    builder.SetPositions(SharedArray<float>(std::move(positions)))
+        .SetTriangles(SharedArray<std::uint32_t>(std::move(triangles)))
+        .SetClosed(true);
+    return BuildGeometry(builder);
+}
+
+std::shared_ptr<const Geometry> MakeHead()
+{
+    std::vector<float> positions = {0.0f, 0.0f, 0.0f, 0.0f, 0.0f, 1.0f};
+    std::vector<std::uint32_t> triangles;
+    for (std::uint32_t i = 0; i < kAround; ++i) {
+        const float angle =
+            2.0f * std::numbers::pi_v<float> * static_cast<float>(i) / static_cast<float>(kAround);
+        positions.insert(positions.end(), {kLoneHeadRadius * std::cos(angle),
+                                           kLoneHeadRadius * std::sin(angle), 0.0f});
+        const std::uint32_t here = 2 + i;
+        const std::uint32_t next = 2 + (i + 1) % kAround;
+        addTriangle(triangles, 0, next, here);
+        addTriangle(triangles, here, next, 1);
     }
     GeometryBuilder builder;
     builder.SetPositions(SharedArray<float>(std::move(positions)))

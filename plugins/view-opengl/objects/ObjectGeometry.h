@@ -14,6 +14,9 @@ std::shared_ptr<const TambVizCore::Geometry> BuildGeometry(TambVizCore::Geometry
 /// An arrow from the origin to (0, 0, 1): a round shaft and a cone. Closed.
 std::shared_ptr<const TambVizCore::Geometry> MakeArrow();
 
+/// A cone whose base lies around the origin and whose tip is (0, 0, 1). Closed.
+std::shared_ptr<const TambVizCore::Geometry> MakeHead();
+
 /// Line segments between pairs of points.
 /// @param points  x, y, z triples, two for each segment.
 std::shared_ptr<const TambVizCore::Geometry> MakeSegments(std::vector<float> points);

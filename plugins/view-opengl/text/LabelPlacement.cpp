@@ -43,7 +43,7 @@ void forCorners(const LabelExtent& extent, LabelCorners& corners, Place place)
         const bool top = i >= 2;
         corners[i].texture[0] = right ? 1.0f : 0.0f;
         corners[i].texture[1] = top ? 0.0f : 1.0f;
-        place(corners[i], right ? extent.width : 0,
+        place(corners[i], (right ? extent.width : 0) - extent.start,
               top ? extent.baseline : extent.baseline - extent.height);
     }
 }

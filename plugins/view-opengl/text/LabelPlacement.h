@@ -24,8 +24,9 @@ struct LabelExtent
 {
     int width;
     int height;
-    int baseline; ///< Rows above the base line.
-    int capital;  ///< Height of a capital letter.
+    int baseline;  ///< Rows above the base line.
+    int capital;   ///< Height of a capital letter.
+    int start = 0; ///< Columns left of the anchor.
 };
 
 /// Places a label that faces the camera: the base line begins at the anchor, moved by the offsets.

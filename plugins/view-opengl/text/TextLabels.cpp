@@ -59,11 +59,24 @@ TextLabels::TextLabels() = default;
 
 TextLabels::~TextLabels() = default;
 
-void TextLabels::Add(std::uint64_t id, const TextItem3D& item)
+void TextLabels::Add(std::uint64_t id, const TextItem3D& item, LabelStart start)
 {
     drop(id);
     ++m_revision;
-    m_labels.emplace(id, Label{.item = item, .texture = {}});
+    m_labels.emplace(id, Label{.item = item, .start = start, .texture = {}});
+}
+
+void TextLabels::SetOffset(std::uint64_t id, float x, float y)
+{
+    const auto found = m_labels.find(id);
+    if (found == m_labels.end())
+        return;
+    TextItem3D& item = found->second.item;
+    if (item.m_offsetX == x && item.m_offsetY == y)
+        return;
+    item.m_offsetX = x;
+    item.m_offsetY = y;
+    ++m_revision;
 }
 
 void TextLabels::Remove(std::uint64_t id)
@@ -216,7 +229,8 @@ void TextLabels::drawLabel(Label& label, const Projection& projection, int width
                : kWorldLetterPixels;
     if (!prepareTexture(label, capital))
         return;
-    const LabelExtent extent{label.width, label.height, label.baseline, capital};
+    const int start = label.start == LabelStart::MiddleAtAnchor ? label.width / 2 : 0;
+    const LabelExtent extent{label.width, label.height, label.baseline, capital, start};
     LabelCorners corners;
     const bool isSeen =
         facing ? PlaceFacing(label.item, extent, projection, width, height, pixelScale, corners)

@@ -15,6 +15,13 @@
 
 namespace ViewOpenGl {
 
+/// Whether a text begins at its anchor or has its middle there.
+enum class LabelStart
+{
+    AtAnchor,
+    MiddleAtAnchor,
+};
+
 /// The text labels of a view: which there are, and drawing them into the picture that is bound.
 ///
 /// A label that faces the camera keeps its size in pixels and is drawn in front of everything; the
@@ -32,7 +39,10 @@ public:
     // Draw() or ClearGraphics().
 
     /// @param id  tells labels apart; one that is there already is replaced.
-    void Add(std::uint64_t id, const OrvikCore::TextItem3D& item);
+    void Add(std::uint64_t id, const OrvikCore::TextItem3D& item,
+             LabelStart start = LabelStart::AtAnchor);
+    /// Sets the offsets from the anchor; see TextItem3D.
+    void SetOffset(std::uint64_t id, float x, float y);
     void Remove(std::uint64_t id);
     void SetVisible(std::uint64_t id, bool visible);
 
@@ -60,6 +70,7 @@ private:
     struct Label
     {
         OrvikCore::TextItem3D item;
+        LabelStart start = LabelStart::AtAnchor;
         bool visible = true;
         int drawnPixels = 0; ///< Height of a capital letter in the texture; 0 for no texture yet.
         int width = 0;       ///< Of the texture.
