@@ -200,7 +200,8 @@ std::uint32_t trianglesBesideAnnotation(double length)
     CadMessages messages(L"test.step");
     CadTessellation wanted;
     wanted.maxAngleDegrees = 60.0; // The sag decides.
-    Tessellate(shapes, wanted, model, messages);
+    KernelBudget budget;
+    Tessellate(shapes, wanted, budget, model, messages);
     return model.nodes[0]->shape->Present()->TriangleCount();
 }
 
