@@ -17,6 +17,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <utility>
 
 // cad_cancel FILE [COUNT]: reads a CAD file to its end, then COUNT times (100) cancels reading it,
 // at moments spread over that time. Prints for each phase how often it was cancelled and the
@@ -103,6 +104,7 @@ struct Worst
 {
     int count = 0;
     double seconds = 0.0;
+    double megabytes = 0.0; ///< By which the process has grown, all times together.
 };
 
 double megabytes()
@@ -131,6 +133,7 @@ int main(int argc, char** argv)
     const double whole = since(start);
     const double before = megabytes();
     double most = before;
+    double last = before;
     std::map<std::string, Worst> phases;
     for (int i = 0; i < count; ++i) {
         {
@@ -141,17 +144,20 @@ int main(int argc, char** argv)
         std::this_thread::sleep_for(std::chrono::duration<double>(whole * (i + 0.5) / count));
         const std::string phase = presentPhase();
         const double seconds = reading.Cancel();
+        const double present = megabytes();
+        const double growth = present - std::exchange(last, present);
+        most = std::max(most, present);
         if (reading.IsRead())
             continue;
         Worst& worst = phases[phase];
         ++worst.count;
         worst.seconds = std::max(worst.seconds, seconds);
-        most = std::max(most, megabytes());
+        worst.megabytes += growth;
     }
     std::printf("%s: read in %.2f s\n", argv[1], whole);
     for (const auto& [phase, worst] : phases)
-        std::printf("  %-50s cancelled %3d times, at most %.3f s\n", phase.c_str(), worst.count,
-                    worst.seconds);
+        std::printf("  %-50s cancelled %3d times, at most %.3f s, memory %+.1f MB\n", phase.c_str(),
+                    worst.count, worst.seconds, worst.megabytes);
     std::printf("  memory before the first cancel %.1f MB, afterwards at most %.1f MB, at the end "
                 "%.1f MB\n",
                 before, most, megabytes());

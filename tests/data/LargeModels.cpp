@@ -5,11 +5,15 @@
 #include <BRepAlgoAPI_Cut.hxx>
 #include <BRepFilletAPI_MakeFillet.hxx>
 #include <BRepPrimAPI_MakeCylinder.hxx>
+#include <BRepTools.hxx>
+#include <BRep_Builder.hxx>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
+#include <TopoDS_Compound.hxx>
 #include <gp_Ax2.hxx>
 
 #include <cmath>
+#include <stdexcept>
 #include <string>
 
 namespace TestData {
@@ -57,8 +61,14 @@ Quantity_ColorRGBA colorOf(int number)
     return Color(wave(0), wave(2), wave(4));
 }
 
+enum class FileFormat
+{
+    Step,
+    Iges,
+};
+
 /// @param bodies  How many different ones there are; they come in turn.
-void writeAssembly(const path& file, int placements, int bodies)
+void writeAssembly(const path& file, int placements, int bodies, FileFormat format)
 {
     ModelDocument model;
     const TDF_Label top = model.AddAssembly(u"assembly");
@@ -73,22 +83,42 @@ void writeAssembly(const path& file, int placements, int bodies)
         model.Place(top, labels[static_cast<std::size_t>(i % bodies)],
                     Move(i % kRow * kSpacing, i / kRow * kSpacing, 0), name.c_str());
     }
-    model.WriteStep(file, {});
+    if (format == FileFormat::Step)
+        model.WriteStep(file, {});
+    else
+        model.WriteIges(file);
 }
 
 void writeParts96(const path& file)
 {
-    writeAssembly(file, 96, 96);
+    writeAssembly(file, 96, 96, FileFormat::Step);
 }
 
 void writeParts468(const path& file)
 {
-    writeAssembly(file, 468, 468);
+    writeAssembly(file, 468, 468, FileFormat::Step);
+}
+
+void writeIges468(const path& file)
+{
+    writeAssembly(file, 468, 468, FileFormat::Iges);
+}
+
+void writeBrep1000(const path& file)
+{
+    const BRep_Builder builder;
+    TopoDS_Compound all;
+    builder.MakeCompound(all);
+    for (int i = 0; i < 1000; ++i)
+        builder.Add(all,
+                    roundedBlock(i).Located(Move(i % kRow * kSpacing, i / kRow * kSpacing, 0)));
+    if (!BRepTools::Write(all, file.c_str()))
+        throw std::runtime_error("cannot write " + file.string());
 }
 
 void writeShared(const path& file)
 {
-    writeAssembly(file, 468, 4);
+    writeAssembly(file, 468, 4, FileFormat::Step);
 }
 
 } // namespace
@@ -98,6 +128,8 @@ std::vector<TestModel> LargeModels()
     return {
         {"parts_96.step", "96 different bodies, about 1,000 faces", writeParts96},
         {"parts_468.step", "468 different bodies, about 5,000 faces", writeParts468},
+        {"parts_468.iges", "468 different bodies as IGES", writeIges468},
+        {"bodies_1000.brep", "1,000 different bodies as BREP", writeBrep1000},
         {"shared_468.step", "468 placements of 4 bodies", writeShared},
     };
 }

@@ -1,5 +1,7 @@
 #include "kernel/KernelChecks.h"
 
+#include "kernel/KernelWatch.h"
+
 #include <OrvikOs/Utf8.h>
 
 #include <IGESData_UndefinedEntity.hxx>
@@ -27,6 +29,8 @@ constexpr wchar_t kUnknownEntities[] =
 
 /// How the kernel begins what it says of a file that it cannot read.
 constexpr std::string_view kExternalFile = "Can not read external file";
+
+constexpr int kPollEntities = 4096;
 
 constexpr wchar_t kMoreAlike[] = L" (such entities: %1)";
 
@@ -108,6 +112,8 @@ void WarnOfBadEntities(const Handle(XSControl_WorkSession) & session, CadMessage
     std::uint64_t firstUnknown = 0;
     std::wstring firstType;
     for (int i = 1; i <= model->NbEntities(); ++i) {
+        if (i % kPollEntities == 0)
+            PollJob();
         if (model->IsErrorEntity(i))
             complaints.Add(model->Check(i, Standard_True), numberOf(model, model->Value(i)));
         const std::wstring type = unknownTypeOf(model->Value(i));

@@ -60,7 +60,7 @@ private:
 std::wstring RunWatched(KernelBudget& budget, const std::function<void()>& body);
 
 /// Time that the kernel is given to notice a cancel by itself.
-inline constexpr unsigned kCancelPatienceMs = 150;
+inline constexpr unsigned kCancelPatienceMs = 300;
 
 /// Tells the watch of the calling thread that the work goes on. Cheap; does nothing without one.
 void ShowSignOfLife() noexcept;

@@ -305,6 +305,8 @@ Handle(StepData_StepReaderData) StepParser::Release(Resource_FormatType codePage
         static_cast<int>(m_arguments.size()), codePage);
     int number = 0;
     for (const Record& record : m_records) {
+        if (static_cast<std::size_t>(number) % kPollEntities == 0)
+            PollJob();
         data->SetRecord(++number, record.ident, record.type, record.argumentCount > 0 ? 1 : 0);
         for (std::uint32_t i = 0; i < record.argumentCount; ++i) {
             const Argument& argument = m_arguments[record.firstArgument + i];

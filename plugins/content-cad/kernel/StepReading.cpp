@@ -48,6 +48,39 @@ std::string wholePath(const CadFile& file)
     return std::filesystem::absolute(OrvikOs::WideToUtf8(file.path)).string();
 }
 
+/// Makes entities of records, and looks at the job's cancel in between: the kernel's own tool does
+/// not.
+class PollingTool final : public StepData_StepReaderTool
+{
+public:
+    using StepData_StepReaderTool::StepData_StepReaderTool;
+
+    Standard_Boolean Recognize(const Standard_Integer number, Handle(Interface_Check) & check,
+                               Handle(Standard_Transient) & entity) override
+    {
+        poll();
+        return StepData_StepReaderTool::Recognize(number, check, entity);
+    }
+
+    Standard_Boolean AnalyseRecord(const Standard_Integer number,
+                                   const Handle(Standard_Transient) & entity,
+                                   Handle(Interface_Check) & check) override
+    {
+        poll();
+        return StepData_StepReaderTool::AnalyseRecord(number, entity, check);
+    }
+
+private:
+    void poll()
+    {
+        if (++m_calls % kPollEntities == 0)
+            PollJob();
+    }
+
+    static constexpr unsigned kPollEntities = 256;
+    unsigned m_calls = 0;
+};
+
 /// Makes the session's model of the records of a file with plain syntax, as the kernel's own
 /// reading would.
 /// @return false where that has to do it.
@@ -61,7 +94,7 @@ bool loadRecords(const CadFile& file, STEPCAFControl_Reader& reader)
     const Handle(StepData_StepModel) model = new StepData_StepModel();
     {
         const Handle(StepData_StepReaderData) data = parser.Release(model->SourceCodePage());
-        StepData_StepReaderTool tool(data, protocol);
+        PollingTool tool(data, protocol);
         tool.SetErrorHandle(Standard_True);
         tool.PrepareHeader(nullptr);
         tool.Prepare(nullptr);

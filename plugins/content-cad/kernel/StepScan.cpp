@@ -2,6 +2,7 @@
 
 #include "interface/CadMessages.h"
 #include "interface/CadTexts.h"
+#include "kernel/KernelWatch.h"
 
 #include <OrvikOs/Utf8.h>
 
@@ -17,6 +18,8 @@ namespace {
 
 /// The kernel keeps numbers in 32 bits with a sign.
 constexpr std::uint64_t kMaxNumber = 2147483647;
+
+constexpr std::size_t kPollEntities = 4096;
 
 constexpr std::string_view kFirstWord = "ISO-10303-21";
 constexpr std::string_view kLastWord = "END-ISO-10303-21";
@@ -130,6 +133,8 @@ private:
             refuse(at, FillText(kStepNumber, {std::to_wstring(kMaxNumber)}));
         else if (error == std::errc())
             m_entities.push_back({number, at});
+        if (m_entities.size() % kPollEntities == 0)
+            PollJob();
     }
 
     /// In most files the numbers rise; then nothing has to be sorted.
