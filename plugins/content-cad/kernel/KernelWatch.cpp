@@ -19,7 +19,6 @@ using TambCommandsInfra::CancelToken;
 using TambCommandsInfra::JobCancelled;
 
 constexpr std::uint64_t kLeastSilentMs = 50;
-constexpr unsigned kCancelledLooks = kCancelPatienceMs / ThreadWatch::kIntervalMs;
 constexpr std::size_t kMegabyte = std::size_t{1} << 20;
 
 constexpr char kNoEnd[] = "the computation does not come to an end";
@@ -75,7 +74,8 @@ private:
     std::uint64_t m_silentSince = 0; ///< Processor time of the thread.
     std::size_t m_bytesBefore = 0; ///< Size of the process when the silence began; 0 not known yet.
     bool m_isGrowing = false;      ///< Takes much of what it may.
-    unsigned m_cancelledLooks = 0;
+    bool m_isCancelled = false;    ///< At the last look.
+    std::uint64_t m_cancelledSince = 0; ///< Processor time of the thread.
     Reason m_reason = Reason::None;
     ThreadWatch m_watch; ///< Last, so that it looks at whole objects only.
 };
@@ -99,8 +99,12 @@ KernelWatch::~KernelWatch()
 
 KernelWatch::Reason KernelWatch::reasonToEnd(std::uint64_t cpuMs) noexcept
 {
-    if (m_token.IsCancelled())
-        return ++m_cancelledLooks > kCancelledLooks ? Reason::Cancelled : Reason::None;
+    if (m_token.IsCancelled()) {
+        if (!m_isCancelled)
+            m_cancelledSince = cpuMs;
+        m_isCancelled = true;
+        return cpuMs - m_cancelledSince > kCancelPatienceMs ? Reason::Cancelled : Reason::None;
+    }
     const std::uint32_t signs = m_signs.load(std::memory_order_relaxed);
     if (signs != m_seenSigns) {
         m_seenSigns = signs;

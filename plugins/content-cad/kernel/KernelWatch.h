@@ -59,7 +59,7 @@ private:
 /// @throws  as RunGuarded.
 std::wstring RunWatched(KernelBudget& budget, const std::function<void()>& body);
 
-/// Time that the kernel is given to notice a cancel by itself.
+/// Processor time that the kernel is given to notice a cancel by itself.
 inline constexpr unsigned kCancelPatienceMs = 300;
 
 /// Tells the watch of the calling thread that the work goes on. Cheap; does nothing without one.
