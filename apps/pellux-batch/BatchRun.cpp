@@ -1,7 +1,6 @@
 #include "BatchRun.h"
 
 #include "Info.h"
-#include "InterruptHandling.h"
 #include "TreeReport.h"
 
 #include <OrvikCore/AContentLoader.h>
@@ -12,6 +11,7 @@
 #include <TambVizCore/Utils.h>
 
 #include <HostTree.h>
+#include <InterruptHandling.h>
 #include <Replay.h>
 #include <ScriptRunner.h>
 
@@ -67,7 +67,7 @@ BatchRun::~BatchRun() = default;
 
 ExitCode BatchRun::Run()
 {
-    m_interrupts = std::make_unique<InterruptHandling>();
+    m_interrupts = std::make_unique<Pellux::InterruptHandling>();
     std::wstring reason;
     if (!m_options.replay.empty() && !m_replay.Prepare(m_options, reason)) {
         show(L"pellux-batch: " + reason, MessageType::Error);

@@ -9,9 +9,11 @@
 #include <memory>
 #include <string>
 
-namespace PelluxBatch {
-
+namespace Pellux {
 class InterruptHandling;
+}
+
+namespace PelluxBatch {
 
 /// The exit codes of the program.
 enum class ExitCode : int
@@ -54,7 +56,7 @@ private:
     Options m_options;
     ReplayRun m_replay;
     Pellux::HostRuntime m_host;
-    std::unique_ptr<InterruptHandling> m_interrupts;
+    std::unique_ptr<Pellux::InterruptHandling> m_interrupts;
     unsigned long long m_startedMs;
 };
 

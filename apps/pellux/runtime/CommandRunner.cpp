@@ -12,6 +12,8 @@
 #include <HostRuntime.h>
 #include <ScriptRunner.h>
 
+#include <utility>
+
 namespace Pellux {
 namespace {
 
@@ -39,6 +41,21 @@ CommandRunner::Scope::~Scope()
     m_runner.m_isRunning = false;
     Q_EMIT m_runner.BusyChanged(false);
     Q_EMIT m_runner.StateChanged();
+}
+
+CommandRunner::Quiet::Quiet(CommandRunner& runner)
+    : m_runner(runner), m_wasRunning(std::exchange(runner.m_isRunning, true))
+{
+    if (!m_wasRunning)
+        waitForTheWorker();
+}
+
+CommandRunner::Quiet::~Quiet()
+{
+    if (m_wasRunning)
+        return;
+    waitForTheWorker();
+    m_runner.m_isRunning = false;
 }
 
 CommandRunner::CommandRunner(HostRuntime& host) : m_host(host) {}

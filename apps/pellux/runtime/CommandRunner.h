@@ -51,9 +51,21 @@ public:
         function();
     }
 
+    /// Runs what a motion or a button does, which nobody is told of: nothing else can start
+    /// meanwhile, should it wait for the worker. While something runs it runs beside that, and
+    /// must start no job.
+    template <typename Function> void RunQuietly(Function&& function)
+    {
+        const Quiet quiet(*this);
+        function();
+    }
+
     /// Hands a key to the hotkeys of the configuration or to the view. Nothing while something
     /// runs.
     void PlayKey(const OrvikCore::KeyEventArgs& key);
+
+    /// Tells whether something runs: a script or a click, or a motion that waits for the worker.
+    bool IsRunning() const { return m_isRunning; }
 
     /// Tells whether something runs, or the worker is not idle yet.
     bool IsBusy() const;
@@ -89,6 +101,19 @@ private:
 
     private:
         CommandRunner& m_runner;
+    };
+
+    class Quiet
+    {
+    public:
+        explicit Quiet(CommandRunner& runner);
+        ~Quiet();
+        Quiet(const Quiet&) = delete;
+        Quiet& operator=(const Quiet&) = delete;
+
+    private:
+        CommandRunner& m_runner;
+        bool m_wasRunning;
     };
 
     bool runForms(const QString& text, const QString& source);

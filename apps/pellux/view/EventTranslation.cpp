@@ -64,6 +64,8 @@ std::optional<OrvikCore::KeyEventArgs> ToKey(const QKeyEvent& event, bool isUp)
 
 int WheelNotches::Add(int eighths)
 {
+    if (eighths == 0)
+        return 0;
     // Turning back begins anew.
     if ((eighths > 0) != (m_rest > 0))
         m_rest = 0;

@@ -2,6 +2,7 @@
 
 #include "runtime/CommandRunner.h"
 #include "runtime/Guarded.h"
+#include "view/ViewFacts.h"
 
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/Controller.h>
@@ -10,55 +11,39 @@
 #include <OrvikCore/MouseEventArgs.h>
 #include <OrvikCore/MouseWheelEventArgs.h>
 #include <OrvikCore/SessionMgr.h>
-#include <TambVizCore/IView3D.h>
-#include <TambVizCore/Image.h>
 
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
-#include <cstring>
 
 namespace Pellux {
 namespace {
 
 using OrvikCore::MouseAction;
 
-/// How far the pointer may move between press and release of a click, device pixels.
-constexpr int kClickSlack = 2;
-
-TambVizCore::IView3D* currentView()
-{
-    return OrvikCore::SessionMgr::Instance().CurrentSession().View3D();
-}
-
-QImage toQImage(const TambVizCore::Image& image)
-{
-    QImage picture(image.width, image.height, QImage::Format_RGBX8888);
-    const std::size_t rowBytes = static_cast<std::size_t>(image.width) * 4;
-    for (int y = 0; y < image.height; ++y)
-        std::memcpy(picture.scanLine(y), image.rgba.data() + static_cast<std::size_t>(y) * rowBytes,
-                    rowBytes);
-    return picture;
-}
+/// How long the pointer rests before what lies under it is named, milliseconds.
+constexpr int kRestMs = 40;
 
 } // namespace
 
-ViewWidget::ViewWidget(CommandRunner& runner, QWidget* parent) : QWidget(parent), m_runner(runner)
+ViewWidget::ViewWidget(CommandRunner& runner, GraphicsPath path, QWidget* parent)
+    : QWidget(parent), m_runner(runner), m_screen(*this, runner)
 {
+    setObjectName(QStringLiteral("view"));
+    setAccessibleName(tr("3D view"));
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setAccessibleName(tr("3D view"));
     setMinimumSize(160, 120);
+    m_look.setSingleShot(true);
+    m_look.setInterval(kRestMs);
+    connect(&m_look, &QTimer::timeout, this, [this] { Guarded([this] { lookUnderPointer(); }); });
+    m_screen.Begin(path);
 }
 
-ViewWidget::~ViewWidget() = default;
-
-void ViewWidget::ShowNow()
+ViewWidget::~ViewWidget()
 {
-    m_picture = {};
-    if (isVisible())
-        repaint();
+    Guarded([this] { m_screen.End(); });
 }
 
 QSize ViewWidget::sizeHint() const
@@ -66,44 +51,53 @@ QSize ViewWidget::sizeHint() const
     return {960, 720};
 }
 
+bool ViewWidget::event(QEvent* event)
+{
+    // Another screen may have other pixels.
+    if (event->type() == QEvent::ScreenChangeInternal)
+        Guarded([this] { m_screen.Resize(); });
+    // Tab belongs to the controller of nobody: it moves the focus on.
+    return QWidget::event(event);
+}
+
 void ViewWidget::paintEvent(QPaintEvent*)
 {
     Guarded([this] {
         QPainter painter(this);
-        TambVizCore::IView3D* const view = currentView();
-        const QSize pixels = size() * devicePixelRatioF();
-        TambVizCore::Image image;
-        if (m_picture.isNull() && view != nullptr &&
-            view->ReadImage(pixels.width(), pixels.height(), image))
-            m_picture = toQImage(image);
-        if (m_picture.isNull()) {
-            painter.fillRect(rect(), palette().window());
-            painter.drawText(rect(), Qt::AlignCenter, tr("The 3D view cannot draw here."));
-            return;
-        }
-        painter.drawImage(rect(), m_picture);
+        m_screen.Paint(painter);
     });
 }
 
 void ViewWidget::resizeEvent(QResizeEvent*)
 {
-    Guarded([this] {
-        m_picture = {};
-        const QSize pixels = size() * devicePixelRatioF();
-        if (TambVizCore::IView3D* const view = currentView())
-            view->SetWindowSize(pixels.width(), pixels.height());
+    Guarded([this] { m_screen.Resize(); });
+}
+
+/// Whatever a job waits for meanwhile, nothing else starts one.
+template <typename Event> void ViewWidget::hand(Event& event)
+{
+    m_runner.RunQuietly([this, &event] {
+        if (OrvikCore::Controller* const receiver = controller())
+            receiver->HandleWindowEvent(&event);
     });
+}
+
+void ViewWidget::button(QMouseEvent& event, bool isPressed)
+{
+    m_pointer = toDevice(event.position());
+    OrvikCore::MouseButtonEventArgs args(ToButtons(event.button()), isPressed, m_pointer.x(),
+                                         m_pointer.y(), ToModifiers(event.modifiers()));
+    if (ToButtons(event.button()) != OrvikCore::MouseButton::None)
+        hand(args);
 }
 
 void ViewWidget::mousePressEvent(QMouseEvent* event)
 {
     Guarded([this, event] {
         m_pressedAt = toDevice(event->position());
+        m_pressed = event->button();
         m_pressedClicks = 1;
-        OrvikCore::MouseButtonEventArgs args(ToButtons(event->button()), true, m_pressedAt.x(),
-                                             m_pressedAt.y(), ToModifiers(event->modifiers()));
-        if (controller() != nullptr)
-            controller()->HandleWindowEvent(&args);
+        button(*event, /*isPressed=*/true);
     });
 }
 
@@ -116,36 +110,39 @@ void ViewWidget::mouseDoubleClickEvent(QMouseEvent* event)
 void ViewWidget::mouseReleaseEvent(QMouseEvent* event)
 {
     Guarded([this, event] {
-        const QPoint at = toDevice(event->position());
-        OrvikCore::MouseButtonEventArgs args(ToButtons(event->button()), false, at.x(), at.y(),
-                                             ToModifiers(event->modifiers()));
-        if (controller() != nullptr)
-            controller()->HandleWindowEvent(&args);
-        if ((at - m_pressedAt).manhattanLength() <= kClickSlack)
-            click(*event, m_pressedClicks);
+        const bool isClick =
+            event->button() == m_pressed && toDevice(event->position()) == m_pressedAt;
+        button(*event, /*isPressed=*/false);
+        if (isClick)
+            click(*event);
     });
 }
 
-void ViewWidget::click(QMouseEvent& event, int clicks)
+void ViewWidget::click(QMouseEvent& event)
 {
     const QPoint at = toDevice(event.position());
-    OrvikCore::MouseClickEventArgs args(ToButtons(event.button()), clicks, at.x(), at.y(),
+    OrvikCore::MouseClickEventArgs args(ToButtons(event.button()), m_pressedClicks, at.x(), at.y(),
                                         ToModifiers(event.modifiers()));
+    if (m_runner.IsRunning() || args.GetMouseButton() == OrvikCore::MouseButton::None)
+        return;
     m_runner.RunOther([this, &args] {
-        if (controller() != nullptr)
-            controller()->HandleWindowEvent(&args);
+        if (OrvikCore::Controller* const receiver = controller())
+            receiver->HandleWindowEvent(&args);
     });
+    if (event.button() == Qt::RightButton)
+        Q_EMIT ContextMenuWanted(event.globalPosition().toPoint(), at);
 }
 
 void ViewWidget::mouseMoveEvent(QMouseEvent* event)
 {
     Guarded([this, event] {
-        const QPoint at = toDevice(event->position());
-        OrvikCore::MouseEventArgs args(MouseAction::Moved, at.x(), at.y(),
+        m_pointer = toDevice(event->position());
+        OrvikCore::MouseEventArgs args(MouseAction::Moved, m_pointer.x(), m_pointer.y(),
                                        ToButtons(event->buttons()),
                                        ToModifiers(event->modifiers()));
-        if (controller() != nullptr)
-            controller()->HandleWindowEvent(&args);
+        hand(args);
+        if (event->buttons() == Qt::NoButton)
+            m_look.start();
     });
 }
 
@@ -153,20 +150,21 @@ void ViewWidget::wheelEvent(QWheelEvent* event)
 {
     Guarded([this, event] {
         const QPoint at = toDevice(event->position());
-        const int notches = m_notches.Add(event->angleDelta().y());
-        OrvikCore::MouseWheelEventArgs args(notches, at.x(), at.y());
-        if (notches != 0 && controller() != nullptr)
-            controller()->HandleWindowEvent(&args);
+        OrvikCore::MouseWheelEventArgs args(m_notches.Add(event->angleDelta().y()), at.x(), at.y());
+        if (args.Delta() != 0)
+            hand(args);
+        event->accept();
     });
 }
 
 void ViewWidget::leaveEvent(QEvent*)
 {
     Guarded([this] {
-        OrvikCore::MouseEventArgs args(MouseAction::HoverEnded, 0, 0, OrvikCore::MouseButton::None,
-                                       OrvikCore::ModifierKey::None);
-        if (controller() != nullptr)
-            controller()->HandleWindowEvent(&args);
+        m_look.stop();
+        OrvikCore::MouseEventArgs args(MouseAction::HoverEnded, m_pointer.x(), m_pointer.y(),
+                                       OrvikCore::MouseButton::None, OrvikCore::ModifierKey::None);
+        hand(args);
+        Q_EMIT PointedAt(QString());
     });
 }
 
@@ -183,9 +181,20 @@ void ViewWidget::keyReleaseEvent(QKeyEvent* event)
 void ViewWidget::key(QKeyEvent& event, bool isUp)
 {
     Guarded([this, &event, isUp] {
-        if (const auto args = ToKey(event, isUp))
+        const auto args = ToKey(event, isUp);
+        // A key that is held down counts once.
+        if (args && !event.isAutoRepeat())
             m_runner.PlayKey(*args);
     });
+}
+
+void ViewWidget::lookUnderPointer()
+{
+    // The model belongs to the job while one runs.
+    if (m_runner.IsBusy())
+        m_look.start();
+    else
+        Q_EMIT PointedAt(underMouse() ? NameAt(m_pointer) : QString());
 }
 
 OrvikCore::Controller* ViewWidget::controller() const

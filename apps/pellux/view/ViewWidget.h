@@ -2,9 +2,11 @@
 #define PELLUX_VIEW_VIEWWIDGET_H
 
 #include "view/EventTranslation.h"
+#include "view/GraphicsChoice.h"
+#include "view/ViewScreen.h"
 
-#include <QImage>
 #include <QPoint>
+#include <QTimer>
 #include <QWidget>
 
 namespace OrvikCore {
@@ -18,25 +20,37 @@ class CommandRunner;
 /// Shows the 3D view of the current session and hands mouse and keys to its controller. Positions
 /// and sizes are device pixels there.
 ///
-/// While something runs clicks are swallowed; buttons and motion are not. @thread Main thread.
+/// While something runs clicks are swallowed; buttons and motion are not, and start no job. @thread
+/// Main thread.
 class ViewWidget final : public QWidget
 {
     Q_OBJECT
 
 public:
     /// @param runner  Not owned; outlives the widget.
-    explicit ViewWidget(CommandRunner& runner, QWidget* parent = nullptr);
+    ViewWidget(CommandRunner& runner, GraphicsPath path, QWidget* parent = nullptr);
+
+    /// Leaves the session's view; the session is still there.
     ~ViewWidget() override;
 
     ViewWidget(const ViewWidget&) = delete;
     ViewWidget& operator=(const ViewWidget&) = delete;
 
-    /// Paints anew now, dispatching no events.
-    void ShowNow();
+    ViewScreen& Screen() { return m_screen; }
 
     QSize sizeHint() const override;
 
+Q_SIGNALS:
+    /// The right button was clicked, with the pointer where it was pressed.
+    /// @param global  For a menu; of the screen, as Qt counts.
+    /// @param at      In the view, device pixels.
+    void ContextMenuWanted(const QPoint& global, const QPoint& at);
+
+    /// The pointer rests over something else, or over nothing: an empty text.
+    void PointedAt(const QString& name);
+
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -51,14 +65,20 @@ protected:
 private:
     OrvikCore::Controller* controller() const;
     QPoint toDevice(const QPointF& position) const;
-    void click(QMouseEvent& event, int clicks);
+    template <typename Event> void hand(Event& event);
+    void button(QMouseEvent& event, bool isPressed);
+    void click(QMouseEvent& event);
     void key(QKeyEvent& event, bool isUp);
+    void lookUnderPointer();
 
     CommandRunner& m_runner;
+    ViewScreen m_screen;
     WheelNotches m_notches;
-    QImage m_picture;        ///< As last drawn; null when it is to be drawn anew.
-    QPoint m_pressedAt;      ///< Device pixels.
-    int m_pressedClicks = 0; ///< 2 after the second press of a double click.
+    QPoint m_pressedAt;                       ///< Device pixels.
+    Qt::MouseButton m_pressed = Qt::NoButton; ///< Pressed last.
+    int m_pressedClicks = 0;                  ///< 2 after the second press of a double click.
+    QPoint m_pointer;                         ///< Where it was last, device pixels.
+    QTimer m_look;                            ///< Until the pointer rests.
 };
 
 } // namespace Pellux

@@ -4,7 +4,7 @@
 
 #include <iostream>
 
-namespace PelluxBatch {
+namespace Pellux {
 
 InterruptHandling::InterruptHandling()
 {
@@ -45,4 +45,4 @@ void InterruptHandling::NotifyJobStatus(OrvikCore::JobTicket*)
         m_watch.RequestEvent().Set();
 }
 
-} // namespace PelluxBatch
+} // namespace Pellux

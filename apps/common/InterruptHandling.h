@@ -1,11 +1,11 @@
-#ifndef PELLUXBATCH_INTERRUPTHANDLING_H
-#define PELLUXBATCH_INTERRUPTHANDLING_H
+#ifndef APPSCOMMON_INTERRUPTHANDLING_H
+#define APPSCOMMON_INTERRUPTHANDLING_H
 
 #include <OrvikCore/IJobStatusObserver.h>
 #include <OrvikOs/Interrupt.h>
 #include <OrvikOs/MsgWait.h>
 
-namespace PelluxBatch {
+namespace Pellux {
 
 /// Ctrl-C cancels what runs and says so; a second one ends the program at once.
 ///
@@ -36,6 +36,6 @@ private:
     bool m_announced = false; ///< The user was told.
 };
 
-} // namespace PelluxBatch
+} // namespace Pellux
 
 #endif
