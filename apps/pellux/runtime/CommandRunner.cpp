@@ -62,6 +62,15 @@ CommandRunner::CommandRunner(HostRuntime& host) : m_host(host) {}
 
 CommandRunner::~CommandRunner() = default;
 
+void CommandRunner::SetStarting(bool isStarting)
+{
+    m_isRunning = isStarting;
+    m_isCancelled = false;
+    Q_EMIT BusyChanged(isStarting);
+    if (!isStarting)
+        Q_EMIT StateChanged();
+}
+
 bool CommandRunner::Run(const QString& text, const QString& source)
 {
     if (m_isRunning)

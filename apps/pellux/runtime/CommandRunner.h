@@ -29,6 +29,9 @@ public:
     CommandRunner(const CommandRunner&) = delete;
     CommandRunner& operator=(const CommandRunner&) = delete;
 
+    /// The start begins (true) or has ended: until it has, nothing can be run.
+    void SetStarting(bool isStarting);
+
     /// Runs every form of a text until one fails. Waits for the end while windows stay alive; what
     /// is typed meanwhile is held. Nothing while something runs.
     ///

@@ -1,16 +1,12 @@
 #ifndef PELLUX_RUNTIME_HELDINPUT_H
 #define PELLUX_RUNTIME_HELDINPUT_H
 
+#include <QEvent>
 #include <QObject>
 #include <QPointer>
 #include <deque>
 #include <memory>
 #include <utility>
-
-QT_BEGIN_NAMESPACE
-class QEvent;
-class QKeyEvent;
-QT_END_NAMESPACE
 
 namespace Pellux {
 

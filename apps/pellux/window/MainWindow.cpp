@@ -5,6 +5,7 @@
 #include "runtime/Guarded.h"
 #include "runtime/QtText.h"
 #include "tree/TreePanel.h"
+#include "view/ViewFacts.h"
 #include "view/ViewWidget.h"
 #include "window/StatusLine.h"
 #include "window/WindowLayout.h"
@@ -12,12 +13,16 @@
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/IApplication.h>
 #include <OrvikCore/SessionMgr.h>
+#include <TambVizCore/EntityId.h>
+#include <TambVizCore/IView3D.h>
+#include <TambVizCore/Node.h>
 
 #include <HostRuntime.h>
 
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QToolBar>
+#include <utility>
 
 namespace Pellux {
 namespace {
@@ -35,10 +40,10 @@ QString stateFile(const QString& name)
 
 } // namespace
 
-MainWindow::MainWindow(CommandRunner& runner, HostRuntime& host)
+MainWindow::MainWindow(CommandRunner& runner, HostRuntime& host, GraphicsPath path)
     : m_runner(runner),
       m_host(host),
-      m_view(new ViewWidget(runner, this)),
+      m_view(new ViewWidget(runner, path, this)),
       m_status(new StatusLine(runner, this))
 {
     setWindowTitle(QStringLiteral("Pellux"));
@@ -51,6 +56,10 @@ MainWindow::MainWindow(CommandRunner& runner, HostRuntime& host)
     addPanels();
     m_firstLayout = saveState();
     WindowLayout::Restore(*this);
+    connect(m_view, &ViewWidget::PointedAt, m_status, &StatusLine::ShowPointed);
+    connect(&m_view->Screen(), &ViewScreen::FrameDrawn, m_status, &StatusLine::ShowFrameTime);
+    connect(&runner, &CommandRunner::StateChanged, this,
+            [this] { Guarded([this] { showState(); }); });
     OrvikCore::SessionMgr::Instance().CurrentSession().SetOutputObserver(this);
 }
 
@@ -92,6 +101,12 @@ QList<QAction*> MainWindow::PanelActions() const
     return actions;
 }
 
+void MainWindow::ResizeView(int width, int height)
+{
+    const QSize wanted = QSize(width, height) / devicePixelRatioF();
+    resize(size() + wanted - m_view->size());
+}
+
 void MainWindow::ResetLayout()
 {
     restoreState(m_firstLayout);
@@ -100,9 +115,20 @@ void MainWindow::ResetLayout()
 void MainWindow::Notify(int eventCode)
 {
     if (eventCode == static_cast<int>(OrvikCore::SessionEvent::UpdateDisplay))
-        m_view->ShowNow();
+        Guarded([this] { m_view->Screen().ShowNow(); });
     else if (eventCode == static_cast<int>(OrvikCore::SessionEvent::UpdatePreferences))
         Guarded([this] { Q_EMIT PreferencesChanged(); });
+}
+
+void MainWindow::showState()
+{
+    const OrvikCore::ASession& session = OrvikCore::SessionMgr::Instance().CurrentSession();
+    m_status->ShowSelectionCount(static_cast<qsizetype>(session.GetPickedEntities().size()));
+    const std::uint64_t scene =
+        session.View3D() == nullptr ? 0 : session.View3D()->GetSceneRoot().Stamps().subtree;
+    if (std::exchange(m_countedScene, scene) != scene)
+        m_status->ShowTriangles(CountVisibleTriangles());
+    m_view->Screen().ShowNow();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

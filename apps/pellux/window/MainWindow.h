@@ -1,6 +1,8 @@
 #ifndef PELLUX_WINDOW_MAINWINDOW_H
 #define PELLUX_WINDOW_MAINWINDOW_H
 
+#include "view/GraphicsChoice.h"
+
 #include <OrvikCore/ISessionObserver.h>
 
 #include <QMainWindow>
@@ -28,7 +30,8 @@ public:
     ///
     /// @param runner  Not owned; outlives the window.
     /// @param host    Not owned; outlives the window.
-    MainWindow(CommandRunner& runner, HostRuntime& host);
+    /// @param path    How the view's frames reach the window.
+    MainWindow(CommandRunner& runner, HostRuntime& host, GraphicsPath path);
 
     /// Is the observer of the session no more.
     ~MainWindow() override;
@@ -47,6 +50,10 @@ public:
     ///         in which they were made.
     QList<QAction*> PanelActions() const;
 
+    /// Makes the window as large as the view needs to have a size; the screen may allow less.
+    /// @param width, height  Device pixels.
+    void ResizeView(int width, int height);
+
     /// Puts docks and tool bars where they are at the first start.
     void ResetLayout();
 
@@ -64,6 +71,7 @@ private:
     QDockWidget* addDock(const char* name, const QString& title, Qt::DockWidgetArea area,
                          QWidget* content);
     void addPanels();
+    void showState();
 
     CommandRunner& m_runner;
     HostRuntime& m_host;
@@ -71,6 +79,7 @@ private:
     StatusLine* m_status;             ///< Owned by the window as its child.
     ConsoleDock* m_console = nullptr; ///< Owned by the window as its child.
     QByteArray m_firstLayout;
+    std::uint64_t m_countedScene = 0; ///< The scene's stamp when its triangles were counted.
 };
 
 } // namespace Pellux

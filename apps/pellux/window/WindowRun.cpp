@@ -2,18 +2,29 @@
 
 #include "runtime/Guarded.h"
 #include "runtime/QtText.h"
+#include "window/Closing.h"
 #include "window/MainWindow.h"
+#include "window/WindowLayout.h"
 
 #include <OrvikCore/MessageType.h>
+#include <OrvikCore/SessionMgr.h>
+#include <OrvikCore/Shell.h>
 #include <OrvikOs/MsgWait.h>
+#include <TambCommandsInfra/CallGate.h>
+
+#include <PelluxApplication.h>
 
 #include <QCoreApplication>
+#include <cstdlib>
 
 namespace Pellux {
 namespace {
 
 /// How often the gate is served while nothing is waited for, milliseconds.
 constexpr int kGateMs = 20;
+
+/// Of a program that was ended while something ran.
+constexpr int kForcedExitCode = 1;
 
 } // namespace
 
@@ -22,7 +33,7 @@ WindowRun::WindowRun(const WindowOptions& options)
 {
     QObject::connect(&m_held, &HeldInput::CancelAsked, &m_runner, &CommandRunner::Cancel);
     QObject::connect(&m_gateTimer, &QTimer::timeout, &m_runner,
-                     [] { Guarded([] { OrvikOs::ServeWakeSources(); }); });
+                     [this] { Guarded([this] { serve(); }); });
 }
 
 WindowRun::~WindowRun()
@@ -41,22 +52,62 @@ bool WindowRun::Start(std::wstring& errorText)
     options.animate = true;
     options.withTree = true;
     options.withJournal = m_options.withJournal;
-    const auto show = [this](const std::wstring& text, OrvikCore::MessageType type) {
+    options.jobObserver = &m_interrupts;
+    options.output = [this](const std::wstring& text, OrvikCore::MessageType type) {
         m_runner.Print(ToQt(text), static_cast<int>(type));
     };
-    options.output = show;
-    options.pluginMessage = show;
-    options.sessionReady = [this] {
-        m_window = std::make_unique<MainWindow>(m_runner, m_host);
-        QObject::connect(m_window.get(), &MainWindow::CloseWanted, &m_runner,
-                         [] { QCoreApplication::quit(); });
-        m_window->show();
+    options.pluginMessage = [this](const std::wstring& text, OrvikCore::MessageType type) {
+        if (m_options.verbose || type == OrvikCore::MessageType::Error)
+            m_runner.Print(ToQt(text), static_cast<int>(type));
     };
-    if (m_host.Start(options, errorText) != StartResult::Good)
+    options.sessionReady = [this] { makeWindow(); };
+    m_result = m_host.Start(options, errorText);
+    if (m_result != StartResult::Good)
         return false;
+    if (!m_host.GetShell().GetIsStartupLoadOK())
+        m_runner.Print(ToQt(L"A start-up script failed:\n" + m_host.GetShell().GetStartupError()),
+                       static_cast<int>(OrvikCore::MessageType::Error));
     m_host.DrainOutput();
+    m_runner.SetStarting(false);
     m_gateTimer.start(kGateMs);
     return true;
+}
+
+void WindowRun::makeWindow()
+{
+    const GraphicsTrial trial =
+        m_options.graphics == GraphicsWish::Image ? GraphicsTrial() : TryGraphics();
+    m_window =
+        std::make_unique<MainWindow>(m_runner, m_host, ChooseGraphics(m_options.graphics, trial));
+    m_closing = std::make_unique<Closing>(m_runner, m_held, *m_window, [this] { endAtOnce(); });
+    QObject::connect(m_window.get(), &MainWindow::CloseWanted, &m_runner,
+                     [] { QCoreApplication::quit(); });
+    m_runner.SetStarting(true);
+    m_window->show();
+    if (m_options.width > 0 && m_options.height > 0)
+        m_window->ResizeView(m_options.width, m_options.height);
+}
+
+/// What has to be looked at now and then while nothing is waited for, and beside a job too.
+void WindowRun::serve()
+{
+    OrvikOs::ServeWakeSources();
+    if (m_interrupts.WasInterrupted() && m_runner.IsRunning())
+        m_runner.Cancel();
+    const auto* const application =
+        dynamic_cast<PelluxApplication*>(OrvikCore::SessionMgr::Instance().GetApplication());
+    const bool isOver =
+        m_interrupts.WasInterrupted() || (application != nullptr && application->IsQuitRequested());
+    if (isOver && !m_runner.IsRunning())
+        QCoreApplication::quit();
+}
+
+void WindowRun::endAtOnce()
+{
+    Guarded([this] { WindowLayout::Save(*m_window); });
+    // The journal is with the system after each line; nothing else may run any more.
+    TambCommandsInfra::CallGate::CloseCurrent();
+    std::_Exit(kForcedExitCode);
 }
 
 void WindowRun::RunCommandLine()
@@ -74,8 +125,11 @@ void WindowRun::RunCommandLine()
 int WindowRun::Stop()
 {
     m_gateTimer.stop();
+    m_held.Clear();
+    m_closing.reset();
     m_window.reset();
-    return m_host.Stop();
+    const int code = m_host.Stop();
+    return m_interrupts.WasInterrupted() ? OrvikOs::InterruptWatch::kExitCode : code;
 }
 
 } // namespace Pellux

@@ -4,8 +4,10 @@
 #include "runtime/CommandRunner.h"
 #include "runtime/HeldInput.h"
 #include "runtime/QtMessageSource.h"
+#include "view/GraphicsChoice.h"
 
 #include <HostRuntime.h>
+#include <InterruptHandling.h>
 
 #include <QStringList>
 #include <QTimer>
@@ -14,6 +16,7 @@
 
 namespace Pellux {
 
+class Closing;
 class MainWindow;
 
 /// What the command line asks of the window.
@@ -26,6 +29,10 @@ struct WindowOptions
     bool useConfiguration = true;
     bool runStartupScripts = true;
     bool withJournal = true;
+    bool verbose = false;
+    int width = 0; ///< Of the view, pixels; 0 for what the window has.
+    int height = 0;
+    GraphicsWish graphics = GraphicsWish::Automatic;
 };
 
 /// One run of the program with a window: starts, shows, stops. The application object of Qt exists
@@ -45,6 +52,9 @@ public:
     /// @param errorText  Receives the reason on false.
     bool Start(std::wstring& errorText);
 
+    /// Why Start() answered false.
+    StartResult GetStartResult() const { return m_result; }
+
     /// Does what the command line asks for; call once the window is shown.
     void RunCommandLine();
 
@@ -59,12 +69,19 @@ public:
     MainWindow* Window() { return m_window.get(); }
 
 private:
+    void makeWindow();
+    void serve();
+    [[noreturn]] void endAtOnce();
+
     WindowOptions m_options;
+    InterruptHandling m_interrupts;
     HeldInput m_held;
     QtMessageSource m_source;
     HostRuntime m_host;
     CommandRunner m_runner;
     std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<Closing> m_closing; ///< Goes before the window.
+    StartResult m_result = StartResult::Good;
     QTimer m_gateTimer; ///< Between waits nobody else serves the gate.
 };
 
