@@ -146,10 +146,8 @@ bool BatchRun::runStep(const Step& step)
 {
     switch (step.kind) {
     case Step::Kind::Load:
-        return runForms(L"(doc:load " + Pellux::QuotedForScript(step.text) + L")", L"command line");
     case Step::Kind::Import:
-        return runForms(L"(doc:import " + Pellux::QuotedForScript(step.text) + L")",
-                        L"command line");
+        return runForms(Pellux::CommandOfStep(step), L"command line");
     case Step::Kind::Eval:
         return runForms(step.text, L"--eval");
     case Step::Kind::Script:

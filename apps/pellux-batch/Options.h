@@ -1,25 +1,15 @@
 #ifndef PELLUXBATCH_OPTIONS_H
 #define PELLUXBATCH_OPTIONS_H
 
+#include <CommandLine.h>
+
 #include <string>
 #include <vector>
 
 namespace PelluxBatch {
 
-/// One thing to do, in the order of the command line.
-struct Step
-{
-    enum class Kind
-    {
-        Load,   ///< Load a file, replacing what is there.
-        Import, ///< Add a file to what is there.
-        Script, ///< Run a script file.
-        Eval,   ///< Run an expression.
-    };
-
-    Kind kind = Kind::Load;
-    std::wstring text; ///< A path or an expression.
-};
+using Pellux::ParseResult;
+using Pellux::Step;
 
 /// How --info and --tree report.
 enum class InfoForm
@@ -51,14 +41,6 @@ struct Options
     bool verbose = false;
     bool listCommands = false;
     bool listFormats = false;
-};
-
-/// What to do after the command line was read.
-struct ParseResult
-{
-    bool run = true;     ///< false: end with the exit code.
-    int exitCode = 0;    ///< 0 after --help and --version, 2 after a mistake.
-    std::string message; ///< For standard output when the exit code is 0, else standard error.
 };
 
 /// Reads the command line; a mistake is answered with the reason and the nearest option.

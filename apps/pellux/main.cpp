@@ -1,30 +1,58 @@
+#include "Options.h"
 #include "runtime/QtText.h"
 #include "window/WindowRun.h"
 
 #include <QApplication>
+#include <QSurfaceFormat>
 #include <QTimer>
 #include <exception>
 #include <iostream>
 
+namespace {
+
+/// Exit code of a program that cannot start.
+constexpr int kCannotStart = 3;
+
+int run(const Pellux::WindowOptions& options)
+{
+    Pellux::WindowRun run(options);
+    std::wstring reason;
+    const Pellux::StartResult result = run.Start(reason);
+    if (result != Pellux::StartResult::Good) {
+        std::cerr << "pellux: " << Pellux::ToQt(reason).toStdString() << std::endl;
+        return result == Pellux::StartResult::BadConfiguration ? 2 : kCannotStart;
+    }
+    QTimer::singleShot(0, &run.Runner(), [&run] { run.RunCommandLine(); });
+    const int code = QApplication::exec();
+    const int stopCode = run.Stop();
+    return code != 0 ? code : stopCode;
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Pellux"));
-    Pellux::WindowOptions options;
-    options.files = QApplication::arguments().mid(1);
+    // The version that the view needs at least; drivers give the newest that is compatible.
+    QSurfaceFormat format;
+    format.setVersion(3, 3);
+    format.setProfile(QSurfaceFormat::CoreProfile);
+    QSurfaceFormat::setDefaultFormat(format);
     try {
-        Pellux::WindowRun run(options);
-        std::wstring reason;
-        if (!run.Start(reason)) {
-            std::cerr << "pellux: " << Pellux::ToQt(reason).toStdString() << std::endl;
-            return 3;
+        Pellux::WindowOptions options;
+        // Mistakes are told, and help is given, without a display.
+        const Pellux::ParseResult parsed = Pellux::ParseOptions(argc, argv, options);
+        if (!parsed.run) {
+            (parsed.exitCode == 0 ? std::cout : std::cerr) << parsed.message;
+            return parsed.exitCode;
         }
-        QTimer::singleShot(0, &run.Runner(), [&run] { run.RunCommandLine(); });
-        const int code = QApplication::exec();
-        const int stopCode = run.Stop();
-        return code != 0 ? code : stopCode;
+        int noArguments = 1;
+        QApplication application(noArguments, argv);
+        QApplication::setApplicationName(QStringLiteral("Pellux"));
+        QApplication::setApplicationVersion(Pellux::ToQt(Pellux::ProgramVersion()));
+        QApplication::setDesktopFileName(QStringLiteral("pellux"));
+        return run(options);
     } catch (const std::exception& error) {
         std::cerr << "pellux: " << error.what() << std::endl;
-        return 3;
+        return kCannotStart;
     }
 }

@@ -9,6 +9,7 @@ target_sources(OrvikOs PRIVATE
     src/posix/Interrupt.cpp
     src/posix/Library.cpp
     src/posix/MemoryMappedFile.cpp
+    src/posix/Process.cpp
     src/posix/System.cpp
     src/posix/Thread.cpp
     src/posix/ThreadWatch.cpp

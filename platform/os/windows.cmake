@@ -13,6 +13,7 @@ target_sources(OrvikOs PRIVATE
     src/windows/Library.cpp
     src/windows/MemoryMappedFile.cpp
     src/windows/MessageSource.cpp
+    src/windows/Process.cpp
     src/windows/System.cpp
     src/windows/Thread.cpp
     src/windows/ThreadWatch.cpp)

@@ -17,6 +17,9 @@
 namespace Pellux {
 namespace {
 
+/// How often what runs is asked to end, until it has, milliseconds. A script may shrug one off.
+constexpr int kCancelAgainMs = 20;
+
 /// A job has ended for whoever waited for it a moment before the worker is idle.
 void waitForTheWorker()
 {
@@ -37,6 +40,7 @@ CommandRunner::Scope::Scope(CommandRunner& runner) : m_runner(runner)
 CommandRunner::Scope::~Scope()
 {
     waitForTheWorker();
+    m_runner.m_cancelAgain.stop();
     m_runner.m_host.DrainOutput();
     m_runner.m_isRunning = false;
     Q_EMIT m_runner.BusyChanged(false);
@@ -55,10 +59,16 @@ CommandRunner::Quiet::~Quiet()
     if (m_wasRunning)
         return;
     waitForTheWorker();
+    m_runner.m_cancelAgain.stop();
     m_runner.m_isRunning = false;
 }
 
-CommandRunner::CommandRunner(HostRuntime& host) : m_host(host) {}
+CommandRunner::CommandRunner(HostRuntime& host) : m_host(host)
+{
+    m_cancelAgain.setInterval(kCancelAgainMs);
+    connect(&m_cancelAgain, &QTimer::timeout, this,
+            [] { TambCommandsInfra::CancelToken::Instance().CancelCurrent(); });
+}
 
 CommandRunner::~CommandRunner() = default;
 
@@ -131,6 +141,7 @@ void CommandRunner::Cancel()
     if (!m_isRunning)
         return;
     m_isCancelled = true;
+    m_cancelAgain.start();
     TambCommandsInfra::CancelToken::Instance().CancelCurrent();
 }
 

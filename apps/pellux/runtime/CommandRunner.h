@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 namespace OrvikCore {
 class KeyEventArgs;
@@ -125,6 +126,7 @@ private:
     HostRuntime& m_host;
     bool m_isRunning = false;
     bool m_isCancelled = false; ///< What runs now is not to go on.
+    QTimer m_cancelAgain;       ///< A job that has not begun cannot be cancelled yet.
 };
 
 } // namespace Pellux

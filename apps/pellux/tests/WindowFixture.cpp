@@ -75,7 +75,7 @@ void WindowFixture::Open()
             (isError ? errors : printed) << text;
         });
     std::wstring reason;
-    ASSERT_TRUE(m_run->Start(reason)) << OrvikOs::WideToUtf8(reason);
+    ASSERT_EQ(m_run->Start(reason), Pellux::StartResult::Good) << OrvikOs::WideToUtf8(reason);
 }
 
 int WindowFixture::Close()

@@ -1,6 +1,7 @@
 #include "window/MainWindow.h"
 
 #include "console/ConsoleDock.h"
+#include "crash/CrashNotice.h"
 #include "runtime/CommandRunner.h"
 #include "runtime/Guarded.h"
 #include "runtime/QtText.h"
@@ -22,6 +23,7 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QToolBar>
+#include <QVBoxLayout>
 #include <utility>
 
 namespace Pellux {
@@ -44,13 +46,20 @@ MainWindow::MainWindow(CommandRunner& runner, HostRuntime& host, GraphicsPath pa
     : m_runner(runner),
       m_host(host),
       m_view(new ViewWidget(runner, path, this)),
-      m_status(new StatusLine(runner, this))
+      m_status(new StatusLine(runner, this)),
+      m_crashes(new CrashNotice(this))
 {
     setWindowTitle(QStringLiteral("Pellux"));
     setDockOptions(AnimatedDocks | AllowNestedDocks | AllowTabbedDocks);
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
-    setCentralWidget(m_view);
+    auto* const middle = new QWidget;
+    auto* const column = new QVBoxLayout(middle);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_crashes);
+    column->addWidget(m_view, 1);
+    setCentralWidget(middle);
     setStatusBar(m_status);
     resize(kFirstWidth, kFirstHeight);
     addPanels();
@@ -58,6 +67,7 @@ MainWindow::MainWindow(CommandRunner& runner, HostRuntime& host, GraphicsPath pa
     WindowLayout::Restore(*this);
     connect(m_view, &ViewWidget::PointedAt, m_status, &StatusLine::ShowPointed);
     connect(&m_view->Screen(), &ViewScreen::FrameDrawn, m_status, &StatusLine::ShowFrameTime);
+    connect(&runner, &CommandRunner::BusyChanged, m_crashes, &CrashNotice::SetBusy);
     connect(&runner, &CommandRunner::StateChanged, this,
             [this] { Guarded([this] { showState(); }); });
     OrvikCore::SessionMgr::Instance().CurrentSession().SetOutputObserver(this);

@@ -14,6 +14,7 @@ QT_END_NAMESPACE
 namespace Pellux {
 
 class CommandRunner;
+class CrashNotice;
 class ConsoleDock;
 class HostRuntime;
 class StatusLine;
@@ -45,6 +46,7 @@ public:
     ViewWidget& View() { return *m_view; }
     ConsoleDock& Console() { return *m_console; }
     StatusLine& Status() { return *m_status; }
+    CrashNotice& Crashes() { return *m_crashes; }
 
     /// @return the item for the View menu that shows and hides each dock and tool bar, in the order
     ///         in which they were made.
@@ -77,6 +79,7 @@ private:
     HostRuntime& m_host;
     ViewWidget* m_view;               ///< Owned by the window as its child.
     StatusLine* m_status;             ///< Owned by the window as its child.
+    CrashNotice* m_crashes;           ///< Owned by the window as its child.
     ConsoleDock* m_console = nullptr; ///< Owned by the window as its child.
     QByteArray m_firstLayout;
     std::uint64_t m_countedScene = 0; ///< The scene's stamp when its triangles were counted.

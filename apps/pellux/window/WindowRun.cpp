@@ -1,5 +1,6 @@
 #include "window/WindowRun.h"
 
+#include "crash/CrashNotice.h"
 #include "runtime/Guarded.h"
 #include "runtime/QtText.h"
 #include "window/Closing.h"
@@ -9,9 +10,14 @@
 #include <OrvikCore/MessageType.h>
 #include <OrvikCore/SessionMgr.h>
 #include <OrvikCore/Shell.h>
+#include <OrvikCore/SignalHandlingContext.h>
 #include <OrvikOs/MsgWait.h>
+#include <OrvikOs/Thread.h>
+#include <OrvikOs/Utf8.h>
 #include <TambCommandsInfra/CallGate.h>
+#include <TambCommandsInfra/ICommandJournal.h>
 
+#include <Folders.h>
 #include <PelluxApplication.h>
 
 #include <QCoreApplication>
@@ -41,7 +47,7 @@ WindowRun::~WindowRun()
     Stop();
 }
 
-bool WindowRun::Start(std::wstring& errorText)
+StartResult WindowRun::Start(std::wstring& errorText)
 {
     StartOptions options;
     options.kind = {L"pellux", /*isBatch=*/false};
@@ -61,16 +67,17 @@ bool WindowRun::Start(std::wstring& errorText)
             m_runner.Print(ToQt(text), static_cast<int>(type));
     };
     options.sessionReady = [this] { makeWindow(); };
-    m_result = m_host.Start(options, errorText);
-    if (m_result != StartResult::Good)
-        return false;
+    const StartResult result = m_host.Start(options, errorText);
+    if (result != StartResult::Good)
+        return result;
+    markRun();
     if (!m_host.GetShell().GetIsStartupLoadOK())
         m_runner.Print(ToQt(L"A start-up script failed:\n" + m_host.GetShell().GetStartupError()),
                        static_cast<int>(OrvikCore::MessageType::Error));
     m_host.DrainOutput();
     m_runner.SetStarting(false);
     m_gateTimer.start(kGateMs);
-    return true;
+    return result;
 }
 
 void WindowRun::makeWindow()
@@ -82,6 +89,7 @@ void WindowRun::makeWindow()
     m_closing = std::make_unique<Closing>(m_runner, m_held, *m_window, [this] { endAtOnce(); });
     QObject::connect(m_window.get(), &MainWindow::CloseWanted, &m_runner,
                      [] { QCoreApplication::quit(); });
+    m_window->Crashes().ShowRuns(FindCrashedRuns(Folders().GetStateFolder() + L"/running"));
     m_runner.SetStarting(true);
     m_window->show();
     if (m_options.width > 0 && m_options.height > 0)
@@ -105,6 +113,8 @@ void WindowRun::serve()
 void WindowRun::endAtOnce()
 {
     Guarded([this] { WindowLayout::Save(*m_window); });
+    if (m_mark)
+        m_mark->Remove();
     // The journal is with the system after each line; nothing else may run any more.
     TambCommandsInfra::CallGate::CloseCurrent();
     std::_Exit(kForcedExitCode);
@@ -112,14 +122,39 @@ void WindowRun::endAtOnce()
 
 void WindowRun::RunCommandLine()
 {
-    const char* command = "(doc:load ";
-    for (const QString& file : m_options.files) {
-        m_runner.Run(QLatin1String(command) + Quoted(file) + QLatin1Char(')'),
-                     QStringLiteral("command line"));
-        command = "(doc:import ";
+    const QString commandLine = QStringLiteral("command line");
+    for (const Step& step : m_options.steps) {
+        const QString text = ToQt(step.text);
+        bool good = false;
+        if (step.kind == Step::Kind::Script)
+            good = m_runner.RunFile(text);
+        else if (step.kind == Step::Kind::Eval)
+            good = m_runner.Run(text, QStringLiteral("--eval"));
+        else
+            good = m_runner.Run(ToQt(CommandOfStep(step)), commandLine);
+        if (!good)
+            return;
     }
-    for (const QString& script : m_options.scripts)
-        m_runner.RunFile(script);
+}
+
+/// Says that this run goes on, and where its traces are should it end badly.
+void WindowRun::markRun()
+{
+    const std::wstring folder = Folders().GetStateFolder();
+    if (folder.empty())
+        return;
+    // As long as the process: the crash handler reads it at any time.
+    static const std::string* const report = new std::string(
+        OrvikOs::WideToUtf8(folder + L"/crash-" + std::to_wstring(OrvikOs::CurrentProcessId())));
+    OrvikCore::SignalHandlingContext::SetCrashFilePath(report->c_str());
+    const TambCommandsInfra::ICommandJournal* const journal =
+        TambCommandsInfra::GetCommandJournal();
+    std::wstring reason;
+    m_mark.emplace(folder + L"/running");
+    if (!m_mark->Write(journal == nullptr ? std::wstring() : journal->GetPath(),
+                       OrvikOs::Utf8ToWide(*report), reason))
+        m_runner.Print(QStringLiteral("A crash of this run would not be noticed: ") + ToQt(reason),
+                       static_cast<int>(OrvikCore::MessageType::Warning));
 }
 
 int WindowRun::Stop()
@@ -129,6 +164,7 @@ int WindowRun::Stop()
     m_closing.reset();
     m_window.reset();
     const int code = m_host.Stop();
+    m_mark.reset();
     return m_interrupts.WasInterrupted() ? OrvikOs::InterruptWatch::kExitCode : code;
 }
 

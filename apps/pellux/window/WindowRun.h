@@ -1,18 +1,21 @@
 #ifndef PELLUX_WINDOW_WINDOWRUN_H
 #define PELLUX_WINDOW_WINDOWRUN_H
 
+#include "crash/RunningMark.h"
 #include "runtime/CommandRunner.h"
 #include "runtime/HeldInput.h"
 #include "runtime/QtMessageSource.h"
 #include "view/GraphicsChoice.h"
 
+#include <CommandLine.h>
 #include <HostRuntime.h>
 #include <InterruptHandling.h>
 
-#include <QStringList>
 #include <QTimer>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace Pellux {
 
@@ -22,8 +25,7 @@ class MainWindow;
 /// What the command line asks of the window.
 struct WindowOptions
 {
-    QStringList files; ///< Models; the second and later ones are added.
-    QStringList scripts;
+    std::vector<Step> steps;        ///< Done once the window is there.
     std::wstring configurationFile; ///< A further one; empty for none.
     std::string cameraName;         ///< "CameraYUp" or "CameraZUp"; empty for the view's own.
     bool useConfiguration = true;
@@ -49,13 +51,10 @@ public:
     WindowRun& operator=(const WindowRun&) = delete;
 
     /// Starts everything and shows the window.
-    /// @param errorText  Receives the reason on false.
-    bool Start(std::wstring& errorText);
+    /// @param errorText  Receives the reason unless the result is Good.
+    StartResult Start(std::wstring& errorText);
 
-    /// Why Start() answered false.
-    StartResult GetStartResult() const { return m_result; }
-
-    /// Does what the command line asks for; call once the window is shown.
+    /// Does what the command line asks for, until something fails; call once the window is shown.
     void RunCommandLine();
 
     /// Stops; the window is gone afterwards. May be called more than once.
@@ -70,6 +69,7 @@ public:
 
 private:
     void makeWindow();
+    void markRun();
     void serve();
     [[noreturn]] void endAtOnce();
 
@@ -81,7 +81,7 @@ private:
     CommandRunner m_runner;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<Closing> m_closing; ///< Goes before the window.
-    StartResult m_result = StartResult::Good;
+    std::optional<RunningMark> m_mark;
     QTimer m_gateTimer; ///< Between waits nobody else serves the gate.
 };
 

@@ -1,8 +1,10 @@
 #include <WindowFixture.h>
+#include <window/WindowLayout.h>
 
 #include <QDockWidget>
-#include <QFile>
+#include <QMainWindow>
 #include <QTest>
+#include <filesystem>
 
 namespace {
 
@@ -12,22 +14,41 @@ class Frame : public WindowFixture
 
 TEST_F(Frame, RemembersWhereItsPartsLay)
 {
+    QMainWindow before;
+    auto* const dock = new QDockWidget(QStringLiteral("Panel"), &before);
+    dock->setObjectName(QStringLiteral("panel"));
+    before.addDockWidget(Qt::LeftDockWidgetArea, dock);
+    before.resize(500, 400);
+    before.addDockWidget(Qt::BottomDockWidgetArea, dock);
+    Pellux::WindowLayout::Save(before);
+
+    QMainWindow after;
+    auto* const same = new QDockWidget(QStringLiteral("Panel"), &after);
+    same->setObjectName(QStringLiteral("panel"));
+    after.addDockWidget(Qt::LeftDockWidgetArea, same);
+    Pellux::WindowLayout::Restore(after);
+
+    EXPECT_EQ(after.dockWidgetArea(same), Qt::BottomDockWidgetArea);
+    EXPECT_EQ(after.size(), QSize(500, 400));
+}
+
+TEST_F(Frame, PutsItsPartsBackWhereTheyWereAtFirst)
+{
     Open();
     auto* const dock = Window().findChild<QDockWidget*>();
     ASSERT_NE(dock, nullptr);
-    const QString name = dock->objectName();
-    Window().resize(900, 640);
     dock->hide();
-    Close();
-    ASSERT_TRUE(
-        QFile::exists(QString::fromStdString((Dir().Path() / "state/pellux/window.ini").string())));
-
-    Open();
-    EXPECT_EQ(Window().size(), QSize(900, 640));
-    EXPECT_FALSE(Find<QDockWidget>(qPrintable(name))->isVisible());
-
     Window().ResetLayout();
-    EXPECT_TRUE(Find<QDockWidget>(qPrintable(name))->isVisible());
+
+    EXPECT_TRUE(dock->isVisible());
+}
+
+TEST_F(Frame, WritesWhereItsPartsLieWhenItEnds)
+{
+    Open();
+    Close();
+
+    EXPECT_TRUE(std::filesystem::exists(Dir().Path() / "state/pellux/window.ini"));
 }
 
 TEST_F(Frame, OpensWithARememberedLayoutThatIsNone)
