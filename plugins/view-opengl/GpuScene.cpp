@@ -1,6 +1,6 @@
 #include "GpuScene.h"
 
-#include "Shaders.h"
+#include "GeometryUpload.h"
 
 #include <TambVizCore/GeoNode.h>
 #include <TambVizCore/Geometry.h>
@@ -8,7 +8,7 @@
 
 #include <algorithm>
 #include <span>
-#include <vector>
+#include <utility>
 
 namespace ViewOpenGl {
 namespace {
@@ -16,76 +16,6 @@ namespace {
 using TambVizCore::GeoNode;
 using TambVizCore::PartKind;
 using TambVizCore::PartState;
-
-/// @param kept  shares the array where the buffer lies over its memory.
-template <class T>
-GlBuffer upload(GLenum target, const TambVizCore::SharedArray<T>& values, bool readsOwnMemory,
-                TambVizCore::SharedArray<T>& kept)
-{
-    if (!readsOwnMemory)
-        return MakeBuffer(target, values.Data(), values.MemoryBytes());
-    kept = values;
-    return MakeBufferOver(values.Data(), values.MemoryBytes());
-}
-
-/// Binds the buffer @p buffer as the attribute @p location; nothing without a buffer.
-void attach(const GlBuffer& buffer, GLuint location, GLint size, GLenum type, GLboolean normalized)
-{
-    if (!buffer)
-        return;
-    glBindBuffer(GL_ARRAY_BUFFER, buffer.Get());
-    glEnableVertexAttribArray(location);
-    glVertexAttribPointer(location, size, type, normalized, 0, nullptr);
-}
-
-bool hasTransparency(const TambVizCore::SharedArray<std::uint8_t>& colors)
-{
-    for (std::size_t i = 3; i < colors.Size(); i += 4) {
-        if (colors[i] != 255)
-            return true;
-    }
-    return false;
-}
-
-void uploadGeometry(const TambVizCore::Geometry& geometry, bool readsOwnMemory, GpuGeometry& gpu)
-{
-    gpu.vertexArray = MakeVertexArray();
-    glBindVertexArray(gpu.vertexArray.Get());
-    gpu.positions =
-        upload(GL_ARRAY_BUFFER, geometry.Positions(), readsOwnMemory, gpu.keptPositions);
-    attach(gpu.positions, kPositionLocation, 3, GL_FLOAT, GL_FALSE);
-    gpu.normals = upload(GL_ARRAY_BUFFER, geometry.Normals(), readsOwnMemory, gpu.keptNormals);
-    attach(gpu.normals, kNormalLocation, 3, GL_FLOAT, GL_FALSE);
-    gpu.colors = upload(GL_ARRAY_BUFFER, geometry.Colors(), readsOwnMemory, gpu.keptColors);
-    gpu.hasTransparentColors = hasTransparency(geometry.Colors());
-    attach(gpu.colors, kColorLocation, 4, GL_UNSIGNED_BYTE, GL_TRUE);
-    const auto addPrimitives = [&](PartKind kind,
-                                   const TambVizCore::SharedArray<std::uint32_t>& indices) {
-        const std::size_t slot = PrimitiveSlot(kind);
-        gpu.primitives[slot].indices =
-            upload(GL_ELEMENT_ARRAY_BUFFER, indices, readsOwnMemory, gpu.keptIndices[slot]);
-        gpu.primitives[slot].count = static_cast<GLsizei>(indices.Size());
-    };
-    addPrimitives(PartKind::Face, geometry.Triangles());
-    addPrimitives(PartKind::Edge, geometry.Segments());
-    addPrimitives(PartKind::Vertex, geometry.Points());
-    glBindVertexArray(0);
-}
-
-/// The part index of every primitive of a kind; all ones where a primitive belongs to none.
-std::vector<std::uint32_t> partIndices(const TambVizCore::Geometry& geometry, PartKind kind)
-{
-    const std::uint32_t count = kind == PartKind::Face   ? geometry.TriangleCount()
-                                : kind == PartKind::Edge ? geometry.SegmentCount()
-                                                         : geometry.PointCount();
-    std::vector<std::uint32_t> indices(count, 0xFFFFFFFFu);
-    for (std::uint32_t part = 0; part < geometry.Parts().size(); ++part) {
-        const TambVizCore::GeometryPart& run = geometry.Parts()[part];
-        if (run.kind == kind)
-            std::fill_n(indices.begin() + run.first, run.count, part);
-    }
-    return indices;
-}
 
 /// Looks at all states; a hundred thousand take some ten microseconds.
 void summarize(std::span<const PartState> states, GpuNode& gpu)
@@ -113,10 +43,14 @@ std::size_t PrimitiveSlot(PartKind kind)
 void GpuScene::BeginFrame()
 {
     ++m_frame;
+    m_upload = TimeSlice();
 }
 
-void GpuScene::EndFrame()
+void GpuScene::EndFrame(std::uint64_t sceneStamp)
 {
+    if (sceneStamp == m_sweptStamp)
+        return;
+    m_sweptStamp = sceneStamp;
     std::erase_if(m_geometries, [](const auto& entry) { return entry.second.source.expired(); });
     std::erase_if(m_nodes, [this](const auto& entry) { return entry.second.frame != m_frame; });
 }
@@ -128,8 +62,10 @@ GpuGeometry& GpuScene::Geometry(const GeoNode& node)
     if (gpu.source.expired()) {
         gpu = GpuGeometry();
         gpu.source = source;
-        uploadGeometry(*source, m_readsOwnMemory, gpu);
     }
+    // Something is uploaded in each slice, however short.
+    if (!gpu.isComplete && (std::exchange(m_isFresh, false) || !m_upload.IsOver()))
+        UploadGeometry(*source, m_readsOwnMemory, m_upload, gpu);
     return gpu;
 }
 
@@ -160,11 +96,20 @@ GpuNode& GpuScene::Node(GeoNode& node)
     return gpu;
 }
 
-const GlTexture& GpuScene::PartOfPrimitive(const GeoNode& node, PartKind kind)
+const GlTexture& GpuScene::PartOfPrimitive(const GeoNode& node, PartKind kind, GpuLevel* level)
 {
-    GpuPrimitives& primitives = Geometry(node).primitives[PrimitiveSlot(kind)];
+    const std::size_t slot = PrimitiveSlot(kind);
+    GpuPrimitives& primitives =
+        level != nullptr ? level->primitives[slot] : Geometry(node).primitives[slot];
     if (!primitives.partTexture && primitives.count > 0) {
-        const std::vector<std::uint32_t> indices = partIndices(*node.GetGeometry(), kind);
+        std::vector<std::uint32_t> indices = PartIndices(*node.GetGeometry(), kind);
+        if (level != nullptr) {
+            const std::vector<std::uint32_t>& sources = level->sources[slot];
+            // Sources ascend, so none is read after it was written over.
+            std::transform(sources.begin(), sources.end(), indices.begin(),
+                           [&indices](std::uint32_t source) { return indices[source]; });
+            indices.resize(sources.size());
+        }
         primitives.partBuffer =
             MakeBuffer(GL_TEXTURE_BUFFER, indices.data(), indices.size() * sizeof(std::uint32_t));
         primitives.partTexture = MakeBufferTexture(primitives.partBuffer, GL_R32UI);
@@ -172,10 +117,28 @@ const GlTexture& GpuScene::PartOfPrimitive(const GeoNode& node, PartKind kind)
     return primitives.partTexture;
 }
 
+bool GpuScene::BuildLevels(const TimeSlice& slice)
+{
+    for (auto& [key, gpu] : m_geometries) {
+        const auto source = gpu.source.lock();
+        if (!gpu.wantsLevels || gpu.hasLevels || !gpu.isComplete || source == nullptr)
+            continue;
+        if (!gpu.builder.Continue(*source, slice))
+            return false;
+        UploadLevels(gpu.builder.Levels(), gpu);
+        gpu.builder = DetailBuilder();
+        gpu.hasLevels = true;
+        if (slice.IsOver())
+            return false;
+    }
+    return true;
+}
+
 void GpuScene::Clear()
 {
     m_geometries.clear();
     m_nodes.clear();
+    m_sweptStamp = 0;
 }
 
 } // namespace ViewOpenGl

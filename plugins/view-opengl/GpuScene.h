@@ -1,7 +1,9 @@
 #ifndef VIEWOPENGL_GPUSCENE_H
 #define VIEWOPENGL_GPUSCENE_H
 
+#include "DetailLevels.h"
 #include "GlObjects.h"
+#include "TimeSlice.h"
 
 #include <TambVizCore/PartKind.h>
 #include <TambVizCore/SharedArray.h>
@@ -10,6 +12,7 @@
 #include <cstdint>
 #include <memory>
 #include <unordered_map>
+#include <vector>
 
 namespace TambVizCore {
 class GeoNode;
@@ -27,6 +30,15 @@ struct GpuPrimitives
     GlTexture partTexture; ///< Over partBuffer.
 };
 
+/// A coarser version of a geometry in graphics memory, over the same vertices.
+struct GpuLevel
+{
+    double cell = 0.0;                       ///< See DetailLevel.
+    std::array<GpuPrimitives, 3> primitives; ///< Triangles, segments, points.
+    /// For each primitive that of the geometry it stands for.
+    std::array<std::vector<std::uint32_t>, 3> sources;
+};
+
 /// One geometry in graphics memory, shared by all nodes that draw it.
 struct GpuGeometry
 {
@@ -39,6 +51,15 @@ struct GpuGeometry
     GlBuffer positions, normals, colors;
     bool hasTransparentColors = false;       ///< Some vertex has a colour that is not opaque.
     std::array<GpuPrimitives, 3> primitives; ///< Triangles, segments, points.
+
+    bool isComplete = false;       ///< All of it is in graphics memory.
+    int uploadStep = 0;            ///< Array to go on with.
+    std::size_t uploadedBytes = 0; ///< Of that array.
+
+    bool wantsLevels = false; ///< Some frame was too dear.
+    bool hasLevels = false;   ///< They are complete.
+    DetailBuilder builder;
+    std::vector<GpuLevel> levels; ///< From fine to coarse.
 };
 
 /// The part states of one node in graphics memory.
@@ -66,20 +87,35 @@ public:
     /// Begins a frame.
     void BeginFrame();
 
-    /// Forgets geometries that nobody holds any more and nodes that this frame did not draw.
-    void EndFrame();
+    /// From now on Geometry() brings data into graphics memory until the end of a slice; without
+    /// end after BeginFrame().
+    void SetUploadSlice(const TimeSlice& slice)
+    {
+        m_upload = slice;
+        m_isFresh = true;
+    }
 
-    /// @return the geometry of a node in graphics memory, uploaded where needed; valid until
-    ///         EndFrame.
+    /// Forgets geometries that nobody holds any more and nodes that this frame did not draw.
+    /// @param sceneStamp  grows with every change of the scene; nothing is done while it stays.
+    void EndFrame(std::uint64_t sceneStamp);
+
+    /// @return the geometry of a node in graphics memory, complete or as far as it got in the time
+    ///         of the frame; valid until EndFrame.
     GpuGeometry& Geometry(const TambVizCore::GeoNode& node);
 
     /// @return the part states of a node, brought up to date: only what changed is written. Valid
     ///         until EndFrame.
     GpuNode& Node(TambVizCore::GeoNode& node);
 
+    /// @param level  null for the geometry itself; else one of its levels.
     /// @return the texture that tells the part of each primitive of a kind, made when first asked
     ///         for.
-    const GlTexture& PartOfPrimitive(const TambVizCore::GeoNode& node, TambVizCore::PartKind kind);
+    const GlTexture& PartOfPrimitive(const TambVizCore::GeoNode& node, TambVizCore::PartKind kind,
+                                     GpuLevel* level);
+
+    /// Makes the coarser versions of every geometry that wants them.
+    /// @return true when there is nothing left to do.
+    bool BuildLevels(const TimeSlice& slice);
 
     /// Forgets everything.
     void Clear();
@@ -93,6 +129,9 @@ private:
     /// A new node at the place of a deleted one is told apart by its stamps.
     std::unordered_map<const TambVizCore::GeoNode*, GpuNode> m_nodes;
     std::uint64_t m_frame = 0;
+    std::uint64_t m_sweptStamp = 0; ///< Of the scene when what it no longer has was forgotten.
+    TimeSlice m_upload;
+    bool m_isFresh = false; ///< Nothing was uploaded in the slice yet.
     bool m_readsOwnMemory = false;
 };
 

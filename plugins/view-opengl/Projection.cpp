@@ -119,14 +119,24 @@ Projection MakeProjection(OrvikCore::ACamera& camera, int width, int height)
     return result;
 }
 
-bool IsInSight(const Projection& projection, const TambVizCore::VizBox& box)
+bool IsInSight(const Projection& projection, const TambVizCore::VizBox& box, double pixels)
 {
     if (box.IsEmpty() || (!projection.orthographic && farthestOf(box) <= 0.0))
         return false;
     // What is seen grows with the depth in perspective; the far side of the box sees most.
-    const double up = projection.halfHeight * (projection.orthographic ? 1.0 : farthestOf(box));
-    const double side = up * projection.aspect;
+    const double depth = projection.orthographic ? 1.0 : farthestOf(box);
+    const double margin = pixels * projection.pixelSize * depth;
+    const double up = projection.halfHeight * depth + margin;
+    const double side = projection.halfHeight * depth * projection.aspect + margin;
     return box.Lo()[0] <= side && box.Hi()[0] >= -side && box.Lo()[1] <= up && box.Hi()[1] >= -up;
+}
+
+double PixelsAcross(const Projection& projection, const TambVizCore::VizBox& box)
+{
+    constexpr double kVeryLarge = 1e9;
+    const double depth = projection.orthographic ? 1.0 : nearestOf(box);
+    const double pixel = projection.pixelSize * depth;
+    return pixel > 0.0 ? std::min(2.0 * box.Radius() / pixel, kVeryLarge) : kVeryLarge;
 }
 
 void FitDepth(Projection& projection, const TambVizCore::VizBox& box)

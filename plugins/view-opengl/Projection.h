@@ -30,9 +30,16 @@ struct Projection
 /// projection, as ACamera::Make3DRay has it.
 Projection MakeProjection(OrvikCore::ACamera& camera, int width, int height);
 
-/// @param box  in eye space. @return false when nothing in it can be seen, whatever its depth in
-///             parallel projection.
-bool IsInSight(const Projection& projection, const TambVizCore::VizBox& box);
+/// @param box     in eye space.
+/// @param pixels  how far what is drawn reaches beyond the box: lines and points are wider than
+///                what they stand for.
+/// @return false when nothing in it can be seen, whatever its depth in parallel projection.
+bool IsInSight(const Projection& projection, const TambVizCore::VizBox& box, double pixels = 0.0);
+
+/// @param box  in eye space.
+/// @return the length of its diagonal where it is nearest, pixels; very large when the eye is in
+/// it.
+double PixelsAcross(const Projection& projection, const TambVizCore::VizBox& box);
 
 /// Writes the projection matrix for what lies in a box; an empty one gives any good matrix.
 ///

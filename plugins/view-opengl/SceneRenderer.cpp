@@ -3,13 +3,10 @@
 #include <TambVizCore/GeoNode.h>
 #include <TambVizCore/Geometry.h>
 #include <TambVizCore/Matrix.h>
-#include <TambVizCore/PartState.h>
 #include <TambVizCore/RenderingOptions.h>
 #include <TambVizCore/VizBox.h>
 
 #include <algorithm>
-#include <cstring>
-#include <span>
 #include <utility>
 
 namespace ViewOpenGl {
@@ -18,9 +15,8 @@ namespace {
 using TambVizCore::GeoNode;
 using TambVizCore::Node;
 using TambVizCore::PartKind;
-using TambVizCore::PartState;
 using TambVizCore::RenderingOptions;
-using TambVizCore::RGBAColor;
+using TambVizCore::SharedArray;
 using TambVizCore::VizBox;
 
 /// How far lines and points come toward the eye, so that the faces below do not cover them. Faces
@@ -29,54 +25,40 @@ constexpr float kLinePixels = 1.0f;
 constexpr float kPointPixels = 1.5f;
 constexpr float kFaceSlopeOffset = 1.0f;
 
-/// Smallest size of a vertex marker, pixels.
-constexpr float kVertexPixels = 4.0f;
-
-void setColor(GLint place, const RGBAColor& color)
+std::shared_ptr<const TambVizCore::Geometry> build(TambVizCore::GeometryBuilder& builder)
 {
-    glUniform4f(place, static_cast<float>(color.r) / 255.0f, static_cast<float>(color.g) / 255.0f,
-                static_cast<float>(color.b) / 255.0f, static_cast<float>(color.a) / 255.0f);
-}
-
-RGBAColor opaque(RGBAColor color)
-{
-    color.a = 255;
-    return color;
-}
-
-GLenum primitiveOf(PartKind kind)
-{
-    return kind == PartKind::Face ? GL_TRIANGLES : kind == PartKind::Edge ? GL_LINES : GL_POINTS;
-}
-
-/// A plane of world units in eye space: a point p is kept where plane . (p, 1) is not below 0.
-void writeEyePlane(const TambVizCore::ClipPlane& plane, const double* view, float* out)
-{
-    // The view turns and moves but does not stretch, so its transpose is its inverse.
-    double offset = plane.offset;
-    for (int row = 0; row < 3; ++row) {
-        double component = 0.0;
-        for (int i = 0; i < 3; ++i)
-            component += view[4 * i + row] * static_cast<double>(plane.normal[i]);
-        out[row] = static_cast<float>(component);
-        offset -= component * view[12 + row];
-    }
-    out[3] = static_cast<float>(offset);
+    std::string error;
+    return builder.Build(error);
 }
 
 /// A node below a root of its own: one triangle with its edges and corners.
 std::unique_ptr<Node> makeSample()
 {
-    std::string error;
     TambVizCore::GeometryBuilder builder;
-    builder
-        .SetPositions(
-            TambVizCore::SharedArray<float>(std::vector<float>{0, 0, 0, 1, 0, 0, 0, 1, 0}))
-        .SetTriangles(TambVizCore::SharedArray<std::uint32_t>(std::vector<std::uint32_t>{0, 1, 2}))
-        .SetSegments(TambVizCore::SharedArray<std::uint32_t>(std::vector<std::uint32_t>{0, 1}))
-        .SetPoints(TambVizCore::SharedArray<std::uint32_t>(std::vector<std::uint32_t>{0}));
+    builder.SetPositions(SharedArray<float>(std::vector<float>{0, 0, 0, 1, 0, 0, 0, 1, 0}))
+        .SetTriangles(SharedArray<std::uint32_t>(std::vector<std::uint32_t>{0, 1, 2}))
+        .SetSegments(SharedArray<std::uint32_t>(std::vector<std::uint32_t>{0, 1}))
+        .SetPoints(SharedArray<std::uint32_t>(std::vector<std::uint32_t>{0}));
     auto root = std::make_unique<Node>(1);
-    root->CreateChildGeoNode(1)->SetGeometry(builder.Build(error));
+    root->CreateChildGeoNode(1)->SetGeometry(build(builder));
+    return root;
+}
+
+/// A node below a root of its own: the box from 0 to 1, facing outwards.
+std::unique_ptr<Node> makeUnitBox()
+{
+    std::vector<float> corners;
+    for (int corner = 0; corner < 8; ++corner)
+        for (int axis = 0; axis < 3; ++axis)
+            corners.push_back(static_cast<float>((corner >> axis) & 1));
+    TambVizCore::GeometryBuilder builder;
+    builder.SetPositions(SharedArray<float>(std::move(corners)))
+        .SetTriangles(SharedArray<std::uint32_t>(
+            std::vector<std::uint32_t>{0, 2, 1, 1, 2, 3, 4, 5, 6, 5, 7, 6, 0, 1, 4, 1, 5, 4,
+                                       2, 6, 3, 3, 6, 7, 0, 4, 2, 2, 4, 6, 1, 3, 5, 3, 7, 5}))
+        .SetClosed(true);
+    auto root = std::make_unique<Node>(1);
+    root->CreateChildGeoNode(1)->SetGeometry(build(builder));
     return root;
 }
 
@@ -90,59 +72,151 @@ Projection sampleProjection()
     return projection;
 }
 
+/// Places the unit box where the box of a body is.
+void stretch(const VizBox& box, float* modelView)
+{
+    double place[16];
+    TambVizCore::SetIdentity(place);
+    double full[16];
+    std::copy(modelView, modelView + 16, full);
+    for (int i = 0; i < 3; ++i) {
+        place[5 * i] = box.Hi()[i] - box.Lo()[i];
+        place[12 + i] = box.Lo()[i];
+    }
+    double product[16];
+    TambVizCore::MultiplyMatrices(full, place, product);
+    std::transform(product, product + 16, modelView,
+                   [](double value) { return static_cast<float>(value); });
+}
+
+PaintStyle faceStyle(const FrameItem& item, Layer layer)
+{
+    PaintStyle style;
+    style.color = item.color;
+    style.useVertexColors = !item.hasColor;
+    style.lit = true;
+    style.layer = layer;
+    style.mixed = item.hasTransparency && item.hasOpacity;
+    style.mayCull = true;
+    return style;
+}
+
+// Equal depths keep the order of the scene, which is that of their addresses.
+
+bool isBefore(const FrameItem* a, const FrameItem* b)
+{
+    return a->depth != b->depth ? a->depth < b->depth : a < b;
+}
+
+bool isBehind(const FrameItem* a, const FrameItem* b)
+{
+    return a->depth != b->depth ? a->depth > b->depth : a < b;
+}
+
+void beginBlending()
+{
+    glEnable(GL_BLEND);
+    // The picture's own alpha is that of what lies behind, made denser.
+    glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+    glDepthMask(GL_FALSE);
+}
+
+void endBlending()
+{
+    glDepthMask(GL_TRUE);
+    glDisable(GL_BLEND);
+}
+
 } // namespace
+
+SceneRenderer::SceneRenderer() : m_painter(m_gpu), m_caps(m_painter) {}
+
+SceneRenderer::~SceneRenderer() = default;
 
 void SceneRenderer::Prepare(const RenderingOptions& options)
 {
     Node nothing(1);
-    Draw(*makeSample(), nothing, options, sampleProjection(), {}, {});
+    const auto sample = makeSample();
+    Begin(*sample, nothing, options, sampleProjection(), {}, {}, TimeSlice());
+    Continue(FrameBudget());
     EndFrame();
     glFinish();
 }
 
-Projection SceneRenderer::Draw(Node& root, Node& objects, const RenderingOptions& options,
-                               const Projection& projection, const Background& background,
-                               const VizBox& beyond)
+void SceneRenderer::Begin(Node& root, Node& objects, const RenderingOptions& options,
+                          const Projection& projection, const Background& background,
+                          const VizBox& beyond, const TimeSlice& upload)
 {
-    beginFrame(options, projection);
+    m_gpu.BeginFrame();
+    m_items.clear();
+    m_objects.clear();
+    m_options = &options;
+    m_background = background;
+    m_drawsEdges = options.GetShowEdges();
+    m_sceneStamp = root.Stamps().subtree + objects.Stamps().subtree;
+    m_painter.Use(options, projection);
+    m_painter.UseClipPlanes(true);
     VizBox drawn = beyond;
-    FrameItems collector(m_gpu, options, m_frame.projection);
-    collector.Collect(root, m_items, drawn);
+    FrameItems collector(m_gpu, options, m_painter.GetProjection(), m_painter.ClipPlanes());
     collector.Collect(objects, m_objects, drawn);
-    FitDepth(m_frame.projection, drawn);
+    m_gpu.SetUploadSlice(upload);
+    collector.Collect(root, m_items, drawn);
+    m_isUploaded = std::all_of(m_items.begin(), m_items.end(),
+                               [](const FrameItem& item) { return item.geometry->isComplete; });
+    m_painter.FitDepth(drawn);
+    m_projection = m_painter.GetProjection();
+    sort();
+    m_pass = Pass::Background;
+    m_next = 0;
+    m_nextPrimitive = 0;
+}
 
-    glDisable(GL_BLEND);
-    glDepthMask(GL_TRUE);
-    glClear(GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
-    drawBackground(background);
+/// Bodies in front hide what lies behind before its pixels are computed.
+void SceneRenderer::sort()
+{
+    m_inOrder.clear();
+    m_transparent.clear();
+    for (const FrameItem& item : m_items) {
+        m_inOrder.push_back(&item);
+        if (item.hasTransparency)
+            m_transparent.push_back(&item);
+    }
+    std::sort(m_inOrder.begin(), m_inOrder.end(), isBefore);
+    std::sort(m_transparent.begin(), m_transparent.end(), isBehind);
+}
+
+FrameWork SceneRenderer::FullWork() const
+{
+    return WorkOf(m_items, *m_options, true);
+}
+
+void SceneRenderer::FitBudget(const CostModel& model, double milliseconds, const FrameWork& rest)
+{
+    m_drawsEdges = m_options->GetShowEdges() &&
+                   ViewOpenGl::FitBudget(model, milliseconds, rest, *m_options, m_items).edges;
+}
+
+void SceneRenderer::WantLevels()
+{
+    for (const FrameItem& item : m_items)
+        item.geometry->wantsLevels = true;
+}
+
+void SceneRenderer::beginDrawing()
+{
+    m_painter.ResetWork();
+    m_painter.Use(*m_options, m_projection);
+    m_painter.UseClipPlanes(true);
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LEQUAL);
     glEnable(GL_PROGRAM_POINT_SIZE);
-    setClipPlanes(options);
-    enableClipPlanes(true);
-    drawOpaque(m_items, options.GetShowFaces());
-    if (options.GetShowTessellation())
-        drawTessellation();
-    enableClipPlanes(false);
-    const int planes = std::exchange(m_frame.clipPlaneCount, 0);
-    drawOpaque(m_objects, true);
-    m_frame.clipPlaneCount = planes;
-    enableClipPlanes(true);
-    if (options.GetShowFaces())
-        drawTransparent(m_items);
-    enableClipPlanes(false);
-    m_frame.clipPlaneCount = 0;
-    drawTransparent(m_objects);
-    return m_frame.projection;
 }
 
 void SceneRenderer::DrawIds(Node& root, const RenderingOptions& options,
                             const Projection& projection, std::vector<const GeoNode*>& nodes)
 {
-    beginFrame(options, projection);
-    VizBox drawn;
-    FrameItems(m_gpu, options, m_frame.projection).Collect(root, m_items, drawn);
-    FitDepth(m_frame.projection, drawn);
+    Node nothing(1);
+    Begin(root, nothing, options, projection, {}, {}, TimeSlice());
     nodes.clear();
     for (FrameItem& item : m_items) {
         nodes.push_back(item.node);
@@ -150,337 +224,287 @@ void SceneRenderer::DrawIds(Node& root, const RenderingOptions& options,
         item.hasOpacity = true;
         item.hasTransparency = false;
     }
+    beginDrawing();
     glDisable(GL_BLEND);
     glDepthMask(GL_TRUE);
+    m_painter.WriteIds(true);
+    for (const Pass pass : {Pass::Faces, Pass::Caps, Pass::Edges, Pass::Vertices}) {
+        m_pass = pass;
+        m_next = 0;
+        drawBodies(FrameBudget());
+        m_painter.Rest();
+    }
+    m_painter.WriteIds(false);
+    m_pass = Pass::Done;
+}
+
+bool SceneRenderer::Continue(const FrameBudget& budget)
+{
+    beginDrawing();
+    while (m_pass != Pass::Done) {
+        const bool isPassDone = runPass(budget);
+        m_painter.Rest();
+        if (!isPassDone)
+            return false;
+        m_pass = static_cast<Pass>(static_cast<int>(m_pass) + 1);
+        m_next = 0;
+        m_nextPrimitive = 0;
+    }
+    return true;
+}
+
+bool SceneRenderer::runPass(const FrameBudget& budget)
+{
+    switch (m_pass) {
+    case Pass::Background:
+        drawBackground();
+        return true;
+    case Pass::Objects:
+        m_painter.UseClipPlanes(false);
+        drawInTurn(m_objects);
+        m_painter.UseClipPlanes(true);
+        return true;
+    case Pass::TransparentObjects:
+        m_painter.UseClipPlanes(false);
+        drawTransparentInTurn(m_objects);
+        return true;
+    case Pass::Done:
+        return true;
+    default:
+        return drawBodies(budget);
+    }
+}
+
+bool SceneRenderer::drawBodies(const FrameBudget& budget)
+{
+    switch (m_pass) {
+    case Pass::Faces:
+        return !m_options->GetShowFaces() || drawFaces(m_inOrder, Layer::Opaque, budget);
+    case Pass::Caps:
+        return !m_options->GetShowFaces() || drawCaps(budget);
+    case Pass::Edges:
+        return drawEdges(m_inOrder, budget);
+    case Pass::Vertices:
+        return drawVertices(m_inOrder, budget);
+    case Pass::Tessellation:
+        return !m_options->GetShowTessellation() || drawTessellation(budget);
+    case Pass::Transparent:
+        return !m_options->GetShowFaces() || drawFaces(m_transparent, Layer::Transparent, budget);
+    default:
+        return true;
+    }
+}
+
+void SceneRenderer::drawBackground()
+{
+    glDisable(GL_BLEND);
+    glDepthMask(GL_TRUE);
+    glClear(GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_CULL_FACE);
+    m_painter.DrawBackground(m_background.top, m_background.bottom);
     glEnable(GL_DEPTH_TEST);
-    glDepthFunc(GL_LEQUAL);
-    glEnable(GL_PROGRAM_POINT_SIZE);
-    m_frame.ids = true;
-    setClipPlanes(options);
-    enableClipPlanes(true);
-    drawOpaque(m_items, options.GetShowFaces());
-    enableClipPlanes(false);
-    m_frame.clipPlaneCount = 0;
-    m_frame.ids = false;
+}
+
+bool SceneRenderer::drawFaces(const Items& items, Layer layer, const FrameBudget& budget)
+{
+    const bool isOpaque = layer == Layer::Opaque;
+    if (isOpaque) {
+        glEnable(GL_POLYGON_OFFSET_FILL);
+        glPolygonOffset(kFaceSlopeOffset, 0.0f);
+    } else {
+        beginBlending();
+    }
+    bool isDone = true;
+    for (; isDone && m_next < items.size(); m_next += isDone ? 1 : 0) {
+        const FrameItem& item = *items[m_next];
+        if (item.leftOut || (isOpaque && !item.hasOpacity))
+            continue;
+        isDone =
+            item.asBox ? drawAsBox(item, layer) : drawPieces(item, faceStyle(item, layer), budget);
+    }
+    glDisable(GL_POLYGON_OFFSET_FILL);
+    if (!isOpaque)
+        endBlending();
+    return isDone;
+}
+
+bool SceneRenderer::drawCaps(const FrameBudget& budget)
+{
+    for (; m_next < m_inOrder.size(); ++m_next) {
+        const FrameItem& item = *m_inOrder[m_next];
+        if (!item.cut || item.leftOut)
+            continue;
+        if (budget.IsSpent(m_painter.Work()))
+            return false;
+        m_caps.Draw(item);
+    }
+    return true;
+}
+
+bool SceneRenderer::drawEdges(const Items& items, const FrameBudget& budget)
+{
+    PaintStyle style;
+    style.kind = PartKind::Edge;
+    style.towardEyePixels = kLinePixels;
+    for (; m_next < items.size(); ++m_next) {
+        const FrameItem& item = *items[m_next];
+        const bool follows =
+            !item.isOwnColored && item.node->GetCategory() == GeoNode::Category::Model;
+        if (item.leftOut || item.asBox || (!m_drawsEdges && follows))
+            continue;
+        style.color = item.isOwnColored ? item.color : m_options->GetDefaultEdgeColor();
+        style.lineWidth = item.node->LineWidthPixels();
+        if (!drawPieces(item, style, budget))
+            return false;
+    }
+    return true;
+}
+
+bool SceneRenderer::drawVertices(const Items& items, const FrameBudget& budget)
+{
+    PaintStyle style;
+    style.kind = PartKind::Vertex;
+    style.towardEyePixels = kPointPixels;
+    for (; m_next < items.size(); ++m_next) {
+        const FrameItem& item = *items[m_next];
+        const bool isCloud = item.node->GetCategory() == GeoNode::Category::PointCloud;
+        if (item.leftOut || item.asBox ||
+            (!m_options->GetShowVertices() && !isCloud && !item.isOwnColored))
+            continue;
+        style.color = item.isOwnColored ? item.color : m_options->GetDefaultVertexColor();
+        style.useVertexColors = isCloud && !item.hasColor;
+        if (!drawPieces(item, style, budget))
+            return false;
+    }
+    return true;
+}
+
+bool SceneRenderer::drawTessellation(const FrameBudget& budget)
+{
+    PaintStyle style;
+    style.color = m_options->GetDefaultTessEdgeColor();
+    style.towardEyePixels = kLinePixels;
+    glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+    glLineWidth(1.0f);
+    bool isDone = true;
+    for (; isDone && m_next < m_inOrder.size(); m_next += isDone ? 1 : 0) {
+        const FrameItem& item = *m_inOrder[m_next];
+        if (!item.leftOut && !item.asBox)
+            isDone = drawPieces(item, style, budget);
+    }
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    return isDone;
+}
+
+/// Draws what is left of a kind of primitives of a body.
+/// @return false when the budget ended before.
+bool SceneRenderer::drawPieces(const FrameItem& item, const PaintStyle& style,
+                               const FrameBudget& budget)
+{
+    const int count = m_painter.Count(item, style.kind);
+    while (m_nextPrimitive < count) {
+        if (budget.IsSpent(m_painter.Work()))
+            return false;
+        const int piece = budget.Piece(style.kind, count - m_nextPrimitive, m_painter.Work());
+        m_painter.Draw(item, style, {m_nextPrimitive, piece});
+        m_nextPrimitive += piece;
+    }
+    m_nextPrimitive = 0;
+    return true;
+}
+
+/// @return true.
+bool SceneRenderer::drawAsBox(const FrameItem& item, Layer layer)
+{
+    const VizBox& bounds = item.node->GetGeometry()->BoundingBox();
+    FrameItem box = item;
+    box.node = &boxNode();
+    box.geometry = &m_gpu.Geometry(*box.node);
+    box.states = &m_boxStates;
+    box.level = nullptr;
+    box.hasColor = true;
+    stretch(bounds, box.modelView);
+    m_painter.DrawWhole(box, faceStyle(box, layer));
+    return true;
+}
+
+GeoNode& SceneRenderer::boxNode()
+{
+    if (m_boxRoot == nullptr)
+        m_boxRoot = makeUnitBox();
+    m_gpu.SetUploadSlice(TimeSlice());
+    return *m_boxRoot->ChildAt(0)->AsGeoNode();
+}
+
+/// What is opaque of a small scene.
+void SceneRenderer::drawInTurn(const std::vector<FrameItem>& items)
+{
+    m_objectsInTurn.clear();
+    for (const FrameItem& item : items)
+        m_objectsInTurn.push_back(&item);
+    const bool drawsEdges = std::exchange(m_drawsEdges, m_options->GetShowEdges());
+    m_next = 0;
+    drawFaces(m_objectsInTurn, Layer::Opaque, FrameBudget());
+    m_next = 0;
+    drawEdges(m_objectsInTurn, FrameBudget());
+    m_next = 0;
+    drawVertices(m_objectsInTurn, FrameBudget());
+    m_drawsEdges = drawsEdges;
+}
+
+void SceneRenderer::drawTransparentInTurn(const std::vector<FrameItem>& items)
+{
+    m_objectsInTurn.clear();
+    for (const FrameItem& item : items)
+        if (item.hasTransparency)
+            m_objectsInTurn.push_back(&item);
+    std::sort(m_objectsInTurn.begin(), m_objectsInTurn.end(), isBehind);
+    m_next = 0;
+    drawFaces(m_objectsInTurn, Layer::Transparent, FrameBudget());
 }
 
 void SceneRenderer::DrawInset(Node& root, const RenderingOptions& options,
                               const Projection& projection)
 {
-    m_objects.clear();
-    useProjection(options, projection);
+    m_inset.clear();
+    m_options = &options;
+    m_sceneStamp += root.Stamps().subtree;
+    m_painter.Use(options, projection);
+    m_gpu.SetUploadSlice(TimeSlice());
     VizBox drawn;
-    FrameItems(m_gpu, options, m_frame.projection).Collect(root, m_objects, drawn);
-    FitDepth(m_frame.projection, drawn);
+    FrameItems(m_gpu, options, m_painter.GetProjection(), {}).Collect(root, m_inset, drawn);
+    m_painter.FitDepth(drawn);
+    glEnable(GL_DEPTH_TEST);
+    glDepthFunc(GL_LEQUAL);
+    glEnable(GL_PROGRAM_POINT_SIZE);
     glClear(GL_DEPTH_BUFFER_BIT);
-    drawOpaque(m_objects, true);
-    drawTransparent(m_objects);
+    // A picture that is half drawn goes on where it was.
+    const std::size_t next = m_next;
+    const int nextPrimitive = std::exchange(m_nextPrimitive, 0);
+    drawInTurn(m_inset);
+    drawTransparentInTurn(m_inset);
+    m_next = next;
+    m_nextPrimitive = nextPrimitive;
+    m_painter.Rest();
 }
 
 void SceneRenderer::EndFrame()
 {
-    m_gpu.EndFrame();
+    m_gpu.EndFrame(m_sceneStamp);
 }
 
 void SceneRenderer::Clear()
 {
-    m_gpu.Clear();
-    m_shaders = Shaders();
-    m_cap = SectionCap();
-    m_emptyArray = GlVertexArray();
-}
-
-void SceneRenderer::beginFrame(const RenderingOptions& options, const Projection& projection)
-{
-    m_gpu.BeginFrame();
+    m_pass = Pass::Done;
     m_items.clear();
     m_objects.clear();
-    useProjection(options, projection);
-}
-
-/// What follows is drawn with another camera: every program is told anew.
-void SceneRenderer::useProjection(const RenderingOptions& options, const Projection& projection)
-{
-    ++m_frame.number;
-    m_frame.options = &options;
-    m_frame.projection = projection;
-    m_frame.clipPlaneCount = 0;
-}
-
-void SceneRenderer::setClipPlanes(const RenderingOptions& options)
-{
-    const auto& planes = options.GetClipPlanes();
-    m_frame.clipPlaneCount = std::min(static_cast<int>(planes.size()), kMaxClipPlanes);
-    for (int i = 0; i < m_frame.clipPlaneCount; ++i)
-        writeEyePlane(planes[static_cast<std::size_t>(i)], m_frame.projection.view,
-                      m_frame.clipPlanes[i]);
-}
-
-void SceneRenderer::enableClipPlanes(bool enable)
-{
-    for (int i = 0; i < m_frame.clipPlaneCount; ++i)
-        if (enable)
-            glEnable(GL_CLIP_DISTANCE0 + static_cast<GLenum>(i));
-        else
-            glDisable(GL_CLIP_DISTANCE0 + static_cast<GLenum>(i));
-}
-
-void SceneRenderer::drawBackground(const Background& background)
-{
-    Shader* const shader = m_shaders.Background();
-    if (shader == nullptr)
-        return;
-    if (!m_emptyArray)
-        m_emptyArray = MakeVertexArray();
-    glDisable(GL_DEPTH_TEST);
-    glDisable(GL_CULL_FACE);
-    glUseProgram(shader->program.Get());
-    setColor(shader->baseColor, background.bottom);
-    setColor(shader->highlightColor, background.top);
-    glBindVertexArray(m_emptyArray.Get());
-    glDrawArrays(GL_TRIANGLES, 0, 3);
-}
-
-void SceneRenderer::drawOpaque(const std::vector<FrameItem>& items, bool faces)
-{
-    if (faces) {
-        glEnable(GL_POLYGON_OFFSET_FILL);
-        glPolygonOffset(kFaceSlopeOffset, 0.0f);
-        for (const FrameItem& item : items)
-            if (item.hasOpacity)
-                drawFaces(item, Layer::Opaque);
-        glDisable(GL_CULL_FACE);
-        glDisable(GL_POLYGON_OFFSET_FILL);
-        drawCaps();
-    }
-    drawEdges(items);
-    drawVertices(items);
-}
-
-void SceneRenderer::drawTransparent(const std::vector<FrameItem>& items)
-{
+    m_inset.clear();
+    m_inOrder.clear();
     m_transparent.clear();
-    for (const FrameItem& item : items)
-        if (item.hasTransparency)
-            m_transparent.push_back(&item);
-    if (m_transparent.empty())
-        return;
-    std::sort(m_transparent.begin(), m_transparent.end(),
-              [](const FrameItem* a, const FrameItem* b) { return a->depth > b->depth; });
-    glEnable(GL_BLEND);
-    // The picture's own alpha is that of what lies behind, made denser.
-    glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
-    glDepthMask(GL_FALSE);
-    for (const FrameItem* const item : m_transparent)
-        drawFaces(*item, Layer::Transparent);
-    glDepthMask(GL_TRUE);
-    glDisable(GL_BLEND);
-    glDisable(GL_CULL_FACE);
-}
-
-void SceneRenderer::drawFaces(const FrameItem& item, Layer layer)
-{
-    if (item.culled)
-        glEnable(GL_CULL_FACE);
-    else
-        glDisable(GL_CULL_FACE);
-    glFrontFace(item.mirrored ? GL_CW : GL_CCW);
-    Style style;
-    style.color = item.color;
-    style.useVertexColors = !item.hasColor;
-    style.lit = true;
-    style.layer = layer;
-    style.mixed = item.hasTransparency && item.hasOpacity;
-    drawKind(item, style);
-}
-
-/// Closes the bodies that section planes have cut open: per body and plane, the stencil counts the
-/// backs less the fronts behind each pixel of what the plane keeps; where they differ, the plane
-/// lies inside the body.
-void SceneRenderer::drawCaps()
-{
-    if (m_frame.clipPlaneCount == 0)
-        return;
-    const std::span<const float[4]> planes(m_frame.clipPlanes,
-                                           static_cast<std::size_t>(m_frame.clipPlaneCount));
-    glEnable(GL_STENCIL_TEST);
-    for (std::size_t plane = 0; plane < planes.size(); ++plane)
-        for (const FrameItem& item : m_items)
-            if (item.hasOpacity && item.node->GetGeometry()->IsClosed() &&
-                !item.states->hasHiddenParts && m_cap.Place(planes, plane, item.box)) {
-                countBehindPlane(item, plane);
-                drawCap(item);
-            }
-    glDisable(GL_STENCIL_TEST);
-}
-
-void SceneRenderer::countBehindPlane(const FrameItem& item, std::size_t plane)
-{
-    // The other planes keep everything for now.
-    float all[kMaxClipPlanes][4];
-    std::memcpy(all, m_frame.clipPlanes, sizeof(all));
-    for (std::size_t i = 0; i < kMaxClipPlanes; ++i)
-        if (i != plane)
-            std::fill_n(m_frame.clipPlanes[i], 4, 0.0f);
-    ++m_frame.number;
-    glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
-    glDepthMask(GL_FALSE);
-    glDisable(GL_DEPTH_TEST);
-    glDisable(GL_CULL_FACE);
-    glFrontFace(item.mirrored ? GL_CW : GL_CCW);
-    glStencilFunc(GL_ALWAYS, 0, 0xFF);
-    glStencilOpSeparate(GL_FRONT, GL_KEEP, GL_KEEP, GL_DECR_WRAP);
-    glStencilOpSeparate(GL_BACK, GL_KEEP, GL_KEEP, GL_INCR_WRAP);
-    drawKind(item, Style{});
-    glEnable(GL_DEPTH_TEST);
-    glDepthMask(GL_TRUE);
-    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
-    std::memcpy(m_frame.clipPlanes, all, sizeof(all));
-    ++m_frame.number;
-}
-
-/// The cap is cut by the other planes already; the program knows of none.
-void SceneRenderer::drawCap(const FrameItem& item)
-{
-    ShaderFeatures features;
-    features.normals = true;
-    features.ids = m_frame.ids;
-    Shader* const shader = m_shaders.Get(features);
-    if (shader == nullptr)
-        return;
-    FrameItem flat = item;
-    std::fill(std::begin(flat.modelView), std::end(flat.modelView), 0.0f);
-    for (int i = 0; i < 4; ++i)
-        flat.modelView[5 * i] = 1.0f;
-    std::fill(std::begin(flat.normalMatrix), std::end(flat.normalMatrix), 0.0f);
-    flat.normalMatrix[0] = flat.normalMatrix[4] = flat.normalMatrix[8] = 1.0f;
-    enableClipPlanes(false);
-    glUseProgram(shader->program.Get());
-    setFrameUniforms(*shader);
-    setUniforms(*shader, flat, Style{.color = opaque(item.color)});
-    if (features.ids)
-        glUniform1i(shader->hasParts, 0);
-    glStencilFunc(GL_NOTEQUAL, 0, 0xFF);
-    glStencilOp(GL_KEEP, GL_KEEP, GL_KEEP);
-    m_cap.DrawKept();
-    // The counts are cleared for the next body, also where other planes cut the cap away.
-    glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
-    glDepthMask(GL_FALSE);
-    glStencilOp(GL_ZERO, GL_ZERO, GL_ZERO);
-    m_cap.DrawWhole();
-    glDepthMask(GL_TRUE);
-    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
-    enableClipPlanes(true);
-}
-
-void SceneRenderer::drawTessellation()
-{
-    glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
-    Style style;
-    style.color = m_frame.options->GetDefaultTessEdgeColor();
-    style.towardEyePixels = kLinePixels;
-    glLineWidth(1.0f);
-    for (const FrameItem& item : m_items)
-        drawKind(item, style);
-    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-}
-
-void SceneRenderer::drawEdges(const std::vector<FrameItem>& items)
-{
-    Style style;
-    style.kind = PartKind::Edge;
-    style.towardEyePixels = kLinePixels;
-    for (const FrameItem& item : items) {
-        if (!m_frame.options->GetShowEdges() && !item.isOwnColored &&
-            item.node->GetCategory() == GeoNode::Category::Model)
-            continue;
-        style.color = item.isOwnColored ? item.color : m_frame.options->GetDefaultEdgeColor();
-        glLineWidth(std::min(item.node->LineWidthPixels(), m_maxLineWidth));
-        drawKind(item, style);
-    }
-}
-
-void SceneRenderer::drawVertices(const std::vector<FrameItem>& items)
-{
-    Style style;
-    style.kind = PartKind::Vertex;
-    style.towardEyePixels = kPointPixels;
-    for (const FrameItem& item : items) {
-        const bool isCloud = item.node->GetCategory() == GeoNode::Category::PointCloud;
-        if (!m_frame.options->GetShowVertices() && !isCloud && !item.isOwnColored)
-            continue;
-        style.color = item.isOwnColored ? item.color : m_frame.options->GetDefaultVertexColor();
-        style.useVertexColors = isCloud && !item.hasColor;
-        drawKind(item, style);
-    }
-}
-
-void SceneRenderer::drawKind(const FrameItem& item, const Style& style)
-{
-    GpuGeometry& gpu = *item.geometry;
-    const GpuPrimitives& primitives = gpu.primitives[PrimitiveSlot(style.kind)];
-    if (primitives.count == 0)
-        return;
-    ShaderFeatures features;
-    features.lit = style.lit;
-    features.normals = style.lit && static_cast<bool>(gpu.normals);
-    features.colors = style.useVertexColors && static_cast<bool>(gpu.colors);
-    features.parts = item.states->needsParts;
-    features.mixed = style.mixed;
-    features.clip = m_frame.clipPlaneCount > 0;
-    features.ids = m_frame.ids;
-    Shader* const shader = m_shaders.Get(features);
-    if (shader == nullptr)
-        return;
-    if (features.parts || features.ids) {
-        glActiveTexture(GL_TEXTURE0 + kPartOfPrimitiveUnit);
-        glBindTexture(GL_TEXTURE_BUFFER, m_gpu.PartOfPrimitive(*item.node, style.kind).Get());
-    }
-    if (features.parts) {
-        glActiveTexture(GL_TEXTURE0 + kPartStateUnit);
-        glBindTexture(GL_TEXTURE_BUFFER, item.states->texture.Get());
-    }
-    glUseProgram(shader->program.Get());
-    setFrameUniforms(*shader);
-    setUniforms(*shader, item, style);
-    if (features.ids)
-        glUniform1i(shader->hasParts, 1);
-    glBindVertexArray(gpu.vertexArray.Get());
-    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, primitives.indices.Get());
-    glDrawElements(primitiveOf(style.kind), primitives.count, GL_UNSIGNED_INT, nullptr);
-}
-
-void SceneRenderer::setFrameUniforms(Shader& shader)
-{
-    if (shader.frame == m_frame.number)
-        return;
-    shader.frame = m_frame.number;
-    glUniformMatrix4fv(shader.projection, 1, GL_FALSE, m_frame.projection.projection);
-    glUniform1i(shader.orthographic, m_frame.projection.orthographic ? 1 : 0);
-    setColor(shader.highlightColor, m_frame.options->GetHighlightColor());
-    glUniform4fv(shader.clipPlanes, kMaxClipPlanes, m_frame.clipPlanes[0]);
-}
-
-void SceneRenderer::setUniforms(Shader& shader, const FrameItem& item, const Style& style)
-{
-    glUniformMatrix4fv(shader.modelView, 1, GL_FALSE, item.modelView);
-    glUniformMatrix3fv(shader.normalMatrix, 1, GL_FALSE, item.normalMatrix);
-    setColor(shader.baseColor, style.color);
-    glUniform1ui(shader.nodeFlags, item.flags);
-    glUniform1f(shader.towardEye,
-                style.towardEyePixels * static_cast<float>(m_frame.projection.pixelSize));
-    glUniform1i(shader.transparentLayer, style.layer == Layer::Transparent ? 1 : 0);
-    // Lines and points are drawn without blending and stay as they are.
-    const bool isFace = style.kind == PartKind::Face;
-    glUniform1f(shader.opacity, isFace ? item.opacity : 1.0f);
-    glUniform1f(shader.unselectedOpacity, isFace ? item.unselectedOpacity : 1.0f);
-    if (m_frame.ids)
-        glUniform1ui(shader.itemNumber, item.number);
-    if (style.kind == PartKind::Vertex) {
-        const float size = item.node->PointSizePixels();
-        const bool cloud = item.node->GetCategory() == GeoNode::Category::PointCloud;
-        glUniform1f(shader.pointSize, cloud ? size : std::max(kVertexPixels, size));
-    }
+    m_gpu.Clear();
+    m_painter.Clear();
+    m_caps.Clear();
 }
 
 } // namespace ViewOpenGl

@@ -1,17 +1,20 @@
 #ifndef VIEWOPENGL_SCENERENDERER_H
 #define VIEWOPENGL_SCENERENDERER_H
 
+#include "CapPainter.h"
+#include "DetailChoice.h"
+#include "FrameCost.h"
 #include "FrameItems.h"
 #include "GpuScene.h"
+#include "Painter.h"
 #include "Projection.h"
-#include "SectionCap.h"
-#include "Shaders.h"
 
 #include <TambVizCore/PartKind.h>
 #include <TambVizCore/RGBAColor.h>
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace TambVizCore {
@@ -31,13 +34,21 @@ struct Background
 
 /// Draws a scene into the framebuffer that is bound. The context is current in every call.
 ///
-/// A frame collects the bodies in sight, then draws opaque faces, the caps of section planes,
-/// lines, points, what is drawn beside the model, and last what is transparent, from back to front.
-/// Each body is one draw call a kind: the states of its parts are looked up by the shader.
+/// Begin() collects the bodies in sight. Continue() draws opaque faces from front to back, the caps
+/// of section planes, lines, points, what is drawn beside the model, and last what is transparent,
+/// from back to front; it stops where a budget ends and goes on there in the next call, while the
+/// scene stays as it is. Each body is one draw call a kind, or some where a budget ends inside it:
+/// the states of its parts are looked up by the shader.
 /// @thread Main thread.
 class SceneRenderer
 {
 public:
+    SceneRenderer();
+    ~SceneRenderer();
+
+    SceneRenderer(const SceneRenderer&) = delete;
+    SceneRenderer& operator=(const SceneRenderer&) = delete;
+
     /// Draws a small body that nobody sees, so that the first picture does not wait for the
     /// compiler of the driver.
     void Prepare(const TambVizCore::RenderingOptions& options);
@@ -46,23 +57,44 @@ public:
     ///
     /// @param root        The model.
     /// @param objects     What is drawn beside the model; no section plane cuts it.
+    /// @param options     Not owned; valid until EndFrame().
     /// @param projection  Its depths are fitted to what is drawn.
     /// @param beyond      Around what the caller draws on top, in eye space.
-    /// @return the projection with its depths.
-    Projection Draw(TambVizCore::Node& root, TambVizCore::Node& objects,
-                    const TambVizCore::RenderingOptions& options, const Projection& projection,
-                    const Background& background, const TambVizCore::VizBox& beyond);
+    /// @param upload      how long bodies may be brought into graphics memory; those that are not
+    ///                    there by then are drawn as boxes.
+    void Begin(TambVizCore::Node& root, TambVizCore::Node& objects,
+               const TambVizCore::RenderingOptions& options, const Projection& projection,
+               const Background& background, const TambVizCore::VizBox& beyond,
+               const TimeSlice& upload);
+
+    /// @return whether all bodies in sight are in graphics memory.
+    bool IsUploaded() const { return m_isUploaded; }
+
+    /// @return what drawing all in sight in full comes to.
+    FrameWork FullWork() const;
+
+    /// Draws coarser, so that the picture takes at most some time; after Begin().
+    void FitBudget(const CostModel& model, double milliseconds, const FrameWork& rest);
+
+    /// Asks for coarser versions of the bodies in sight.
+    void WantLevels();
+
+    /// Draws on. @return true when the picture is complete.
+    bool Continue(const FrameBudget& budget);
 
     /// Draws what is where instead of a picture, as IIdPictureProvider tells it, with the same
-    /// means as Draw(): the second colour attachment gets the number of a node and a part index
-    /// (all ones for none), the third the depth. EndFrame() ends it.
+    /// means: the second colour attachment gets the number of a node and a part index (all ones for
+    /// none), the third the depth. EndFrame() ends it.
     ///
     /// @param nodes  Receives the nodes by their numbers less 1; not owned.
     void DrawIds(TambVizCore::Node& root, const TambVizCore::RenderingOptions& options,
                  const Projection& projection, std::vector<const TambVizCore::GeoNode*>& nodes);
 
-    /// Draws a small scene over the picture that Draw() began, in front of everything: its own
-    /// camera, no section planes, always with faces.
+    /// @return what Begin() was given, with its depths.
+    const Projection& FittedProjection() const { return m_projection; }
+
+    /// Draws a small scene over the picture, in front of everything: its own camera, no section
+    /// planes, always with faces.
     void DrawInset(TambVizCore::Node& root, const TambVizCore::RenderingOptions& options,
                    const Projection& projection);
 
@@ -70,64 +102,70 @@ public:
     void EndFrame();
 
     /// Wider lines are drawn as wide as this; 1 at start.
-    void SetMaxLineWidth(float pixels) { m_maxLineWidth = pixels; }
+    void SetMaxLineWidth(float pixels) { m_painter.SetMaxLineWidth(pixels); }
 
     /// Forgets everything in graphics memory.
     void Clear();
 
     GpuScene& Gpu() { return m_gpu; }
+    Painter& GetPainter() { return m_painter; }
 
 private:
-    /// How the primitives of one kind are drawn.
-    struct Style
+    /// Pictures are drawn in this order.
+    enum class Pass
     {
-        TambVizCore::PartKind kind = TambVizCore::PartKind::Face;
-        TambVizCore::RGBAColor color;
-        bool useVertexColors = false;
-        bool lit = false;
-        bool mixed = false;
-        Layer layer = Layer::Opaque;
-        float towardEyePixels = 0.0f;
+        Background,
+        Faces,
+        Caps,
+        Edges,
+        Vertices,
+        Tessellation,
+        Objects,
+        Transparent,
+        TransparentObjects,
+        Done
     };
 
-    /// What holds for all bodies of a frame.
-    struct Frame
-    {
-        const TambVizCore::RenderingOptions* options = nullptr; ///< Not owned.
-        Projection projection;
-        float clipPlanes[kMaxClipPlanes][4] = {}; ///< In eye space; unused ones keep everything.
-        int clipPlaneCount = 0;
-        bool ids = false; ///< Item, part and depth are written beside the colour.
-        std::uint64_t number = 0;
-    };
+    using Items = std::vector<const FrameItem*>;
 
-    void beginFrame(const TambVizCore::RenderingOptions& options, const Projection& projection);
-    void useProjection(const TambVizCore::RenderingOptions& options, const Projection& projection);
-    void setClipPlanes(const TambVizCore::RenderingOptions& options);
-    void enableClipPlanes(bool enable);
-    void drawBackground(const Background& background);
-    void drawOpaque(const std::vector<FrameItem>& items, bool faces);
-    void drawTransparent(const std::vector<FrameItem>& items);
-    void drawFaces(const FrameItem& item, Layer layer);
-    void drawCaps();
-    void countBehindPlane(const FrameItem& item, std::size_t plane);
-    void drawCap(const FrameItem& item);
-    void drawTessellation();
-    void drawEdges(const std::vector<FrameItem>& items);
-    void drawVertices(const std::vector<FrameItem>& items);
-    void drawKind(const FrameItem& item, const Style& style);
-    void setFrameUniforms(Shader& shader);
-    void setUniforms(Shader& shader, const FrameItem& item, const Style& style);
+    void beginDrawing();
+    void sort();
+    bool runPass(const FrameBudget& budget);
+    bool drawBodies(const FrameBudget& budget);
+    void drawBackground();
+    void drawInTurn(const std::vector<FrameItem>& items);
+    void drawTransparentInTurn(const std::vector<FrameItem>& items);
+    bool drawFaces(const Items& items, Layer layer, const FrameBudget& budget);
+    bool drawCaps(const FrameBudget& budget);
+    bool drawEdges(const Items& items, const FrameBudget& budget);
+    bool drawVertices(const Items& items, const FrameBudget& budget);
+    bool drawTessellation(const FrameBudget& budget);
+    bool drawPieces(const FrameItem& item, const PaintStyle& style, const FrameBudget& budget);
+    bool drawAsBox(const FrameItem& item, Layer layer);
+    TambVizCore::GeoNode& boxNode();
 
     GpuScene m_gpu;
-    Shaders m_shaders;
-    GlVertexArray m_emptyArray; ///< For the background, which has no vertex data.
-    Frame m_frame;
-    SectionCap m_cap;
-    float m_maxLineWidth = 1.0f;
-    std::vector<FrameItem> m_items;              ///< Of the frame being drawn; kept for its memory.
-    std::vector<FrameItem> m_objects;            ///< The same; what is drawn beside the model.
-    std::vector<const FrameItem*> m_transparent; ///< The same.
+    Painter m_painter;
+    CapPainter m_caps;
+    const TambVizCore::RenderingOptions* m_options = nullptr; ///< Not owned; of this picture.
+    Projection m_projection;
+    Background m_background;
+    std::uint64_t m_sceneStamp = 0;
+    bool m_isUploaded = true;
+    bool m_drawsEdges = true;
+    std::vector<FrameItem> m_items;   ///< Of the picture being drawn; kept for its memory.
+    std::vector<FrameItem> m_objects; ///< The same; what is drawn beside the model.
+    std::vector<FrameItem> m_inset;   ///< The same; a small scene drawn on top.
+    Items m_inOrder;                  ///< Bodies from front to back.
+    Items m_transparent;              ///< Bodies from back to front.
+    Items m_objectsInTurn;            ///< Of an inset or beside the model.
+    // Where the next slice goes on.
+    Pass m_pass = Pass::Done;
+    std::size_t m_next = 0;  ///< Body.
+    int m_nextPrimitive = 0; ///< Of that body.
+    // The box that stands for a body.
+    std::unique_ptr<TambVizCore::Node> m_boxRoot;
+    GpuNode m_boxStates; ///< All plain.
 };
 
 } // namespace ViewOpenGl

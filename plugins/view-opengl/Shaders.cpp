@@ -78,6 +78,7 @@ uniform float opacity;
 uniform float unselectedOpacity;
 #if defined(PARTS) || defined(IDS)
 uniform usamplerBuffer partOfPrimitive;
+uniform int firstPrimitive; // Of the run that is drawn.
 #endif
 #ifdef PARTS
 uniform usamplerBuffer partStates;
@@ -129,7 +130,10 @@ vec3 shade(vec3 surface)
 void main()
 {
 #ifdef IDS
-    outItem = uvec2(itemNumber, hasParts ? texelFetch(partOfPrimitive, gl_PrimitiveID).r : 0xFFFFFFFFu);
+    uint item = 0xFFFFFFFFu;
+    if (hasParts)
+        item = texelFetch(partOfPrimitive, gl_PrimitiveID + firstPrimitive).r;
+    outItem = uvec2(itemNumber, item);
     outDepth = eyeDepth;
 #endif
     vec4 color = baseColor;
@@ -138,7 +142,7 @@ void main()
     color = vertexColor;
 #endif
 #ifdef PARTS
-    uint part = texelFetch(partOfPrimitive, gl_PrimitiveID).r;
+    uint part = texelFetch(partOfPrimitive, gl_PrimitiveID + firstPrimitive).r;
     if (part != 0xFFFFFFFFu) {
         uvec2 state = texelFetch(partStates, int(part)).rg;
         if ((state.g & 1u) == 0u)
@@ -231,6 +235,7 @@ void findUniforms(Shader& shader)
     shader.clipPlanes = place("clipPlanes");
     shader.itemNumber = place("itemNumber");
     shader.hasParts = place("hasParts");
+    shader.firstPrimitive = place("firstPrimitive");
     glUseProgram(program);
     glUniform1i(place("partOfPrimitive"), kPartOfPrimitiveUnit);
     glUniform1i(place("partStates"), kPartStateUnit);

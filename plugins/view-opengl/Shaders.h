@@ -63,6 +63,7 @@ struct Shader
     GLint clipPlanes = -1;
     GLint itemNumber = -1;
     GLint hasParts = -1;
+    GLint firstPrimitive = -1;
     std::uint64_t frame = 0; ///< The frame whose common uniforms it has.
 };
 

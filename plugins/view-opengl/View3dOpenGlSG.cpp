@@ -126,7 +126,11 @@ bool View3dOpenGlSG::drawImage(int width, int height, TambVizCore::Image& image)
     const int samples = GetRenderingOptions()->GetAntialiasLevel();
     if (!current.IsCurrent() || !bindTarget(m_target, width, height, samples))
         return false;
-    drawPicture(width, height, Purpose::Picture);
+    // A frame that is half drawn begins anew.
+    m_isDrawing = false;
+    beginPicture(width, height, Purpose::Picture, TimeSlice());
+    m_renderer.Continue(FrameBudget());
+    endPicture(width, height);
     drawOverlay(width, height);
     m_renderer.EndFrame();
     if (const GLenum error = glGetError(); error != GL_NO_ERROR) {

@@ -1,10 +1,12 @@
 #ifndef VIEWOPENGL_VIEW3DOPENGLSG_H
 #define VIEWOPENGL_VIEW3DOPENGLSG_H
 
+#include "FrameCost.h"
 #include "FrameState.h"
 #include "FrameTarget.h"
 #include "GlContext.h"
 #include "SceneRenderer.h"
+#include "TimeSlice.h"
 #include "ViewObjects.h"
 
 #include <OrvikCore/AView3D.h>
@@ -113,13 +115,21 @@ private:
     void clearGraphics();
     bool bindTarget(FrameTarget& target, int width, int height, int samples);
     bool drawImage(int width, int height, TambVizCore::Image& image);
-    bool presentOverlay();
+    void forgetFrame();
+    bool isCheap();
+    bool drawFrameNow();
+    bool refineFrame(const TimeSlice& slice);
+    bool showFrame();
+    void learnCost(const FrameWork& work, std::uint64_t beganUs);
+    FrameWork workBeside() const;
     bool overlayShows();
     FrameTarget& shownTarget();
     FrameShown wantedFrame();
     void prepareScene(const PictureScale& scale, Purpose purpose);
-    void drawPicture(int width, int height, Purpose purpose);
     void drawFront(const PictureScale& scale, int width, int height);
+    void beginPicture(int width, int height, Purpose purpose, const TimeSlice& upload);
+    void endPicture(int width, int height);
+    PictureScale scaleOf(const Projection& projection, int height) const;
     void drawAxes(const Projection& projection, int width, int height);
     void drawOverlay(int width, int height);
     void followDrag(const OrvikCore::ViewOpDrag& op);
@@ -137,7 +147,12 @@ private:
     OrvikCore::IFrameWindow* m_window = nullptr; ///< Not owned; shows the frames.
     FrameTarget m_frame;                         ///< Of the window, without what lies over it.
     FrameTarget m_present;                       ///< The same with it; empty while nothing does.
-    std::optional<FrameShown> m_shown;           ///< What these two hold.
+    FrameTarget m_next;                          ///< The frame that is drawn in slices.
+    std::optional<FrameShown> m_goal;            ///< What DrawFrame was asked for last.
+    bool m_hasFrame = false;                     ///< There is something in m_frame.
+    bool m_isFull = false;                       ///< It is the goal in full.
+    bool m_isDrawing = false;                    ///< The goal is half drawn in m_next.
+    CostModel m_cost;
     std::uint64_t m_frameCount = 0;
     std::optional<TambVizCore::RGBAColor> m_background[2];
     /// Of the drag being followed: where it began, and its last point on the way.

@@ -72,7 +72,8 @@ void View3dOpenGlSG::clearGraphics()
     m_target.Clear();
     m_frame.Clear();
     m_present.Clear();
-    m_shown.reset();
+    m_next.Clear();
+    forgetFrame();
 }
 
 } // namespace ViewOpenGl

@@ -39,18 +39,27 @@ void View3dOpenGlSG::prepareScene(const PictureScale& scale, Purpose purpose)
     mark->Adapt(scale, point, m_isTurning && purpose == Purpose::Frame);
 }
 
-void View3dOpenGlSG::drawPicture(int width, int height, Purpose purpose)
+PictureScale View3dOpenGlSG::scaleOf(const Projection& projection, int height) const
+{
+    return {projection, m_height > 0 ? static_cast<double>(height) / m_height : 1.0};
+}
+
+void View3dOpenGlSG::beginPicture(int width, int height, Purpose purpose, const TimeSlice& upload)
 {
     Background background;
     GetViewportBackground(1, background.top);
     GetViewportBackground(2, background.bottom);
-    Projection projection = MakeProjection(*GetCamera(), width, height);
-    PictureScale scale{projection, m_height > 0 ? static_cast<double>(height) / m_height : 1.0};
-    prepareScene(scale, purpose);
-    projection = m_renderer.Draw(*m_root, worldObjects(), *GetRenderingOptions(), projection,
-                                 background, textLabels().Bounds(projection.view));
-    scale.projection = projection;
+    const Projection projection = MakeProjection(*GetCamera(), width, height);
+    prepareScene(scaleOf(projection, height), purpose);
+    m_renderer.Begin(*m_root, worldObjects(), *GetRenderingOptions(), projection, background,
+                     textLabels().Bounds(projection.view), upload);
+}
+
+void View3dOpenGlSG::endPicture(int width, int height)
+{
+    const Projection projection = m_renderer.FittedProjection();
     if (GetViewObjectManager()->IsEnabled()) {
+        const PictureScale scale = scaleOf(projection, height);
         textLabels().Draw(projection, width, height, scale.pixelScale);
         drawFront(scale, width, height);
     }

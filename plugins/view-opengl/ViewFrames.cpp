@@ -4,6 +4,7 @@
 #include <OrvikCore/ACamera.h>
 #include <OrvikCore/IFrameWindow.h>
 #include <OrvikCore/ViewObjectManager.h>
+#include <OrvikOs/Clock.h>
 #include <TambVizCore/Node.h>
 #include <TambVizCore/RenderingOptions.h>
 
@@ -11,6 +12,21 @@
 #include <utility>
 
 namespace ViewOpenGl {
+namespace {
+
+/// A frame that takes longer is not drawn at once, milliseconds; a little below what a hand feels
+/// as late, 50, because no forecast is exact.
+constexpr double kFrameMs = 45.0;
+
+/// What a coarse frame may take; the window still has to show it.
+constexpr double kMovingMs = 36.0;
+
+/// How long a frame may wait for bodies on their way into graphics memory.
+constexpr int kUploadMs = 8;
+
+constexpr int kMostRefineMs = 50;
+
+} // namespace
 
 void View3dOpenGlSG::SetFrameWindow(OrvikCore::IFrameWindow* window)
 {
@@ -18,6 +34,15 @@ void View3dOpenGlSG::SetFrameWindow(OrvikCore::IFrameWindow* window)
         return;
     ReleaseWindowContext();
     m_window = window;
+    if (m_context == nullptr)
+        return;
+    const GlContext::Current current(*m_context);
+    if (!current.IsCurrent())
+        return;
+    m_frame.Clear();
+    m_present.Clear();
+    m_next.Clear();
+    forgetFrame();
 }
 
 bool View3dOpenGlSG::UseWindowContext(std::string& errorText)
@@ -43,7 +68,7 @@ void View3dOpenGlSG::ReleaseWindowContext()
 bool View3dOpenGlSG::NeedsFrame()
 {
     // A context that was lost has taken the frame along.
-    return m_width > 0 && m_height > 0 && prepare() && !(m_shown && *m_shown == wantedFrame());
+    return m_width > 0 && m_height > 0 && prepare() && !(m_goal && *m_goal == wantedFrame());
 }
 
 bool View3dOpenGlSG::DrawFrame()
@@ -51,32 +76,144 @@ bool View3dOpenGlSG::DrawFrame()
     if (m_width < 1 || m_height < 1 || !prepare())
         return false;
     const FrameShown wanted = wantedFrame();
-    if (m_shown && *m_shown == wanted)
-        return true;
+    if (m_goal && *m_goal == wanted)
+        return m_hasFrame;
     const GlContext::Current current(*m_context);
     if (!current.IsCurrent())
         return false;
-    const bool sceneChanged = !m_shown || !(m_shown->frame == wanted.frame);
-    m_shown.reset();
     ++m_frameCount;
-    if (sceneChanged) {
-        if (!bindTarget(m_frame, m_width, m_height, GetRenderingOptions()->GetAntialiasLevel()))
-            return false;
-        drawPicture(m_width, m_height, Purpose::Frame);
-    }
-    if (!overlayShows())
-        m_present.Clear();
-    else if (!presentOverlay())
+    const bool sceneStays = m_hasFrame && m_goal && m_goal->frame == wanted.frame;
+    // What was not finished when the next change came is one of a row of changes.
+    const bool isMoving =
+        !m_hasFrame || !m_goal || !m_isFull || !(m_goal->frame.camera == wanted.frame.camera) ||
+        m_goal->frame.scene.width != m_width || m_goal->frame.scene.height != m_height;
+    m_goal = wanted;
+    if (sceneStays)
+        return showFrame();
+    m_isDrawing = false;
+    beginPicture(m_width, m_height, Purpose::Frame, TimeSlice(kUploadMs));
+    m_isFull = isCheap();
+    if (!m_isFull)
+        m_renderer.WantLevels();
+    const bool isGood = !(m_isFull || isMoving) || drawFrameNow();
+    if (!m_isFull && m_window != nullptr)
+        m_window->WorkWaits();
+    return isGood;
+}
+
+/// @return whether the picture that was begun can be drawn in full at once.
+bool View3dOpenGlSG::isCheap()
+{
+    FrameWork work = m_renderer.FullWork();
+    work += workBeside();
+    return m_renderer.IsUploaded() && m_cost.Milliseconds(work) <= kFrameMs;
+}
+
+/// Draws the picture that was begun, in full or as coarse as it takes.
+bool View3dOpenGlSG::drawFrameNow()
+{
+    const std::uint64_t began = OrvikOs::Clock::NowUs();
+    m_hasFrame = false;
+    if (!bindTarget(m_frame, m_width, m_height, GetRenderingOptions()->GetAntialiasLevel())) {
+        forgetFrame();
         return false;
+    }
+    if (!m_isFull)
+        m_renderer.FitBudget(m_cost, kMovingMs, workBeside());
+    m_renderer.Continue(FrameBudget());
+    FrameWork work = m_renderer.GetPainter().Work();
+    endPicture(m_width, m_height);
+    work += workBeside();
+    learnCost(work, began);
+    m_hasFrame = true;
+    const bool isGood = showFrame();
     m_renderer.EndFrame();
-    m_shown = wanted;
-    return true;
+    return isGood;
+}
+
+bool View3dOpenGlSG::Refine(int milliseconds)
+{
+    const TimeSlice slice(std::clamp(milliseconds, 1, kMostRefineMs));
+    // What has changed since is DrawFrame's, which comes first.
+    if (m_width < 1 || m_height < 1 || !prepare() || !m_goal || !(*m_goal == wantedFrame()))
+        return false;
+    bool paints = false;
+    bool isDone = false;
+    {
+        const GlContext::Current current(*m_context);
+        if (!current.IsCurrent())
+            return false;
+        if (m_isFull) {
+            isDone = m_renderer.Gpu().BuildLevels(slice);
+        } else {
+            paints = refineFrame(slice);
+        }
+    }
+    if (paints && m_window != nullptr)
+        m_window->PaintNow();
+    return !isDone;
+}
+
+/// Draws on at the frame in full.
+/// @return true when it is complete.
+bool View3dOpenGlSG::refineFrame(const TimeSlice& slice)
+{
+    const std::uint64_t began = OrvikOs::Clock::NowUs();
+    FrameWork work;
+    if (!m_isDrawing) {
+        beginPicture(m_width, m_height, Purpose::Frame, slice);
+        if (!m_renderer.IsUploaded() ||
+            !bindTarget(m_next, m_width, m_height, GetRenderingOptions()->GetAntialiasLevel()))
+            return false;
+        ++m_frameCount;
+        m_isDrawing = true;
+        work = workBeside();
+    } else {
+        m_next.Bind();
+        work.slices = 1.0;
+    }
+    const bool isDone = m_renderer.Continue(FrameBudget(m_cost, slice));
+    work += m_renderer.GetPainter().Work();
+    if (isDone)
+        endPicture(m_width, m_height);
+    learnCost(work, began);
+    if (!isDone)
+        return false;
+    std::swap(m_frame, m_next);
+    m_isDrawing = false;
+    m_hasFrame = true;
+    m_isFull = showFrame();
+    m_renderer.EndFrame();
+    return m_isFull;
+}
+
+void View3dOpenGlSG::learnCost(const FrameWork& work, std::uint64_t beganUs)
+{
+    glFinish();
+    m_cost.Learn(work, static_cast<double>(OrvikOs::Clock::NowUs() - beganUs) / 1000.0);
+}
+
+/// @return what each frame comes to beside what is drawn into it.
+FrameWork View3dOpenGlSG::workBeside() const
+{
+    FrameWork work;
+    work.slices = 1.0;
+    work.pixels = static_cast<double>(m_width) * m_height;
+    return work;
+}
+
+void View3dOpenGlSG::forgetFrame()
+{
+    m_goal.reset();
+    m_hasFrame = false;
+    m_isFull = false;
+    m_isDrawing = false;
 }
 
 bool View3dOpenGlSG::ReadFrame(const OrvikCore::FrameRows& rows)
 {
     FrameTarget& target = shownTarget();
-    if (!m_shown || rows.first == nullptr || rows.width != target.Width() ||
+    if (!m_hasFrame || rows.first == nullptr || rows.width != target.Width() ||
         rows.height != target.Height() || rows.stride < std::ptrdiff_t{4} * rows.width)
         return false;
     const GlContext::Current current(*m_context);
@@ -88,7 +225,7 @@ bool View3dOpenGlSG::ReadFrame(const OrvikCore::FrameRows& rows)
 
 bool View3dOpenGlSG::BlitFrame(unsigned int framebuffer, int width, int height)
 {
-    if (!m_shown || !m_context->IsLent() || width < 1 || height < 1)
+    if (!m_hasFrame || !m_context->IsLent() || width < 1 || height < 1)
         return false;
     {
         const GlContext::Current current(*m_context);
@@ -101,11 +238,6 @@ bool View3dOpenGlSG::BlitFrame(unsigned int framebuffer, int width, int height)
     return true;
 }
 
-bool View3dOpenGlSG::Refine(int)
-{
-    return false;
-}
-
 std::uint64_t View3dOpenGlSG::GetFrameCount() const
 {
     return m_frameCount;
@@ -113,8 +245,12 @@ std::uint64_t View3dOpenGlSG::GetFrameCount() const
 
 /// What lies over the frame is drawn onto a copy, so that the scene below is not drawn again for
 /// it.
-bool View3dOpenGlSG::presentOverlay()
+bool View3dOpenGlSG::showFrame()
 {
+    if (!overlayShows()) {
+        m_present.Clear();
+        return true;
+    }
     if (!bindTarget(m_present, m_width, m_height, 1))
         return false;
     m_frame.Blit(m_present.Framebuffer(), m_width, m_height);

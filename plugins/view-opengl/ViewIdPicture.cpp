@@ -65,6 +65,8 @@ bool View3dOpenGlSG::ReadIdPicture(int width, int height, IdPicture& picture)
                        << " for ids" << std::endl;
         return false;
     }
+    // A frame that is half drawn begins anew.
+    m_isDrawing = false;
     std::vector<const GeoNode*> nodes;
     m_renderer.DrawIds(*m_root, *GetRenderingOptions(), MakeProjection(*GetCamera(), width, height),
                        nodes);

@@ -25,6 +25,14 @@ public:
 
     void WorkWaits() override { ++m_waits; }
 
+    /// Lets the view do all that it has put off, and reads the frame.
+    void Settle()
+    {
+        while (m_view.Refine(50)) {
+        }
+        Read();
+    }
+
     /// Reads the frame that the view shows. @return what the view answered.
     bool Read(OrvikCore::PixelOrder order = OrvikCore::PixelOrder::Rgba)
     {

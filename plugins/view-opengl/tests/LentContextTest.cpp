@@ -144,11 +144,13 @@ TEST_F(LentContext, OwnFrameLeavesItCurrentWithItsSurfaces)
 TEST_F(LentContext, ShowsTheSameAsTheViewsOwn)
 {
     m_view->UpdateDisplay();
+    m_window->Settle();
     const auto own = m_window->Pixels();
     std::string reason;
 
     ASSERT_TRUE(m_view->UseWindowContext(reason)) << reason;
     m_view->UpdateDisplay();
+    m_window->Settle();
 
     EXPECT_EQ(m_window->Pixels(), own);
     EXPECT_EQ(m_view->GetFrameCount(), 2u);
@@ -172,6 +174,7 @@ TEST_F(LentContext, FrameIsBlittedIntoTheFramebufferOfTheHost)
 TEST_F(LentContext, StateOfTheHostDoesNotShowInTheFrame)
 {
     m_view->UpdateDisplay();
+    m_window->Settle();
     const auto own = m_window->Pixels();
     std::string reason;
     ASSERT_TRUE(m_view->UseWindowContext(reason)) << reason;
@@ -179,6 +182,7 @@ TEST_F(LentContext, StateOfTheHostDoesNotShowInTheFrame)
     LendingWindow::LeaveStateBehind();
 
     m_view->UpdateDisplay();
+    m_window->Settle();
 
     EXPECT_EQ(m_window->Pixels(), own);
 }

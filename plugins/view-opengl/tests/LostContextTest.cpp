@@ -60,11 +60,13 @@ TEST_F(LostContext, IsReplacedForTheFrameOfAWindow)
     FrameWindow window(*m_view);
     m_view->SetFrameWindow(&window);
     m_view->UpdateDisplay();
+    window.Settle();
     const auto before = window.Pixels();
 
     m_fragile->LoseContext();
     ASSERT_TRUE(m_view->NeedsFrame());
     m_view->UpdateDisplay();
+    window.Settle();
 
     EXPECT_EQ(window.Pixels(), before);
     m_view->SetFrameWindow(nullptr);

@@ -28,6 +28,7 @@ protected:
         m_body = &Add(MakeRectangles({{}}));
         m_view->SetFrameWindow(&m_window);
         m_view->UpdateDisplay();
+        m_window.Settle();
     }
 
     void TearDown() override { m_view->SetFrameWindow(nullptr); }
@@ -62,20 +63,26 @@ TEST_F(WindowFrame, IsWhatAPictureOfItsSizeShows)
 
 TEST_F(WindowFrame, IsPaintedOnceWhenNothingChanges)
 {
+    const int paints = m_window.Paints();
+    const std::uint64_t frames = m_view->GetFrameCount();
+    EXPECT_GE(paints, 1);
+
     m_view->UpdateDisplay();
     m_view->UpdateDisplay();
 
-    EXPECT_EQ(m_window.Paints(), 1);
-    EXPECT_EQ(m_view->GetFrameCount(), 1u);
+    EXPECT_EQ(m_window.Paints(), paints);
+    EXPECT_EQ(m_view->GetFrameCount(), frames);
     EXPECT_FALSE(m_view->NeedsFrame());
 }
 
 TEST_F(WindowFrame, IsNotDrawnAgainForAnExposedWindow)
 {
+    const std::uint64_t frames = m_view->GetFrameCount();
+
     EXPECT_TRUE(m_view->DrawFrame());
     EXPECT_TRUE(m_window.Read());
 
-    EXPECT_EQ(m_view->GetFrameCount(), 1u);
+    EXPECT_EQ(m_view->GetFrameCount(), frames);
 }
 
 TEST_F(WindowFrame, IsDrawnForAChangeOfTheScene)
@@ -137,6 +144,7 @@ TEST_F(WindowFrame, RubberBandIsDrawnOverTheSceneAndTakenAwayAgain)
     dynamic_cast<RubberBand*>(band)->Place({10, 10, 50, 50});
     band->SetIsVisible(true);
     EXPECT_TRUE(drawsOnce());
+    m_window.Settle();
     Draw(64, 64);
     EXPECT_EQ(m_window.Pixels(), m_image.rgba);
     EXPECT_NE(m_window.Pixels(), plain);
@@ -144,6 +152,7 @@ TEST_F(WindowFrame, RubberBandIsDrawnOverTheSceneAndTakenAwayAgain)
     band->SetIsVisible(false);
 
     EXPECT_TRUE(drawsOnce());
+    m_window.Settle();
     EXPECT_EQ(m_window.Pixels(), plain);
 }
 

@@ -1,0 +1,75 @@
+#include "CapPainter.h"
+
+#include <TambVizCore/GeoNode.h>
+#include <TambVizCore/Geometry.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace ViewOpenGl {
+namespace {
+
+TambVizCore::RGBAColor opaque(TambVizCore::RGBAColor color)
+{
+    color.a = 255;
+    return color;
+}
+
+} // namespace
+
+void CapPainter::Draw(const FrameItem& item)
+{
+    if (!item.cut || !item.hasOpacity || item.asBox || !item.node->GetGeometry()->IsClosed() ||
+        item.states->hasHiddenParts)
+        return;
+    const auto planes = m_painter.ClipPlanes();
+    for (std::size_t plane = 0; plane < planes.size(); ++plane)
+        if (m_cap.Place(planes, plane, item.box)) {
+            glEnable(GL_STENCIL_TEST);
+            countBehindPlane(item, plane);
+            drawCap(item);
+            glDisable(GL_STENCIL_TEST);
+        }
+}
+
+void CapPainter::countBehindPlane(const FrameItem& item, std::size_t plane)
+{
+    m_painter.UseOneClipPlane(plane);
+    glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
+    glDepthMask(GL_FALSE);
+    glDisable(GL_DEPTH_TEST);
+    glStencilFunc(GL_ALWAYS, 0, 0xFF);
+    glStencilOpSeparate(GL_FRONT, GL_KEEP, GL_KEEP, GL_DECR_WRAP);
+    glStencilOpSeparate(GL_BACK, GL_KEEP, GL_KEEP, GL_INCR_WRAP);
+    m_painter.DrawWhole(item, PaintStyle{});
+    glEnable(GL_DEPTH_TEST);
+    glDepthMask(GL_TRUE);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    m_painter.RestoreClipPlanes();
+}
+
+/// The cap is cut by the other planes already; the program knows of none.
+void CapPainter::drawCap(const FrameItem& item)
+{
+    FrameItem flat = item;
+    std::fill(std::begin(flat.modelView), std::end(flat.modelView), 0.0f);
+    for (int i = 0; i < 4; ++i)
+        flat.modelView[5 * i] = 1.0f;
+    std::fill(std::begin(flat.normalMatrix), std::end(flat.normalMatrix), 0.0f);
+    flat.normalMatrix[0] = flat.normalMatrix[4] = flat.normalMatrix[8] = 1.0f;
+    glDisable(GL_CULL_FACE);
+    if (!m_painter.UseFlat(flat, opaque(item.color)))
+        return;
+    glStencilFunc(GL_NOTEQUAL, 0, 0xFF);
+    glStencilOp(GL_KEEP, GL_KEEP, GL_KEEP);
+    m_cap.DrawKept();
+    // The counts are cleared for the next body, also where other planes cut the cap away.
+    glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
+    glDepthMask(GL_FALSE);
+    glStencilOp(GL_ZERO, GL_ZERO, GL_ZERO);
+    m_cap.DrawWhole();
+    glDepthMask(GL_TRUE);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+}
+
+} // namespace ViewOpenGl

@@ -1,0 +1,224 @@
+#include "DetailLevels.h"
+
+#include <TambVizCore/Geometry.h>
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+#include <utility>
+
+namespace ViewOpenGl {
+namespace {
+
+using TambVizCore::Geometry;
+
+/// Cells along the longest side of the box.
+constexpr std::array<double, 4> kCells = {320.0, 128.0, 48.0, 16.0};
+
+/// A level is kept when it has at most this share of the primitives of the one before.
+constexpr double kKeptShare = 0.6;
+
+constexpr std::uint32_t kNoCell = 0xFFFFFFFFu;
+constexpr std::size_t kFirstTable = std::size_t{1} << 12;
+
+/// Between two looks at the clock.
+constexpr std::size_t kStretch = 4096;
+
+constexpr std::array<std::size_t, 3> kCorners = {3, 2, 1};
+
+/// The indices of a kind: of the geometry, or of the level before.
+std::span<const std::uint32_t> indicesOf(const Geometry& geometry, const DetailLevel* before,
+                                         std::size_t kind)
+{
+    if (before != nullptr)
+        return before->primitives[kind].indices;
+    const auto& own = kind == 0   ? geometry.Triangles()
+                      : kind == 1 ? geometry.Segments()
+                                  : geometry.Points();
+    return {own.Data(), own.Size()};
+}
+
+/// Spreads cells over the table (Knuth's multiplicative hash).
+std::size_t hashOf(std::uint32_t cell)
+{
+    return static_cast<std::size_t>((cell * 2654435761ull) >> 8);
+}
+
+} // namespace
+
+bool DetailBuilder::Continue(const Geometry& geometry, const TimeSlice& slice)
+{
+    while (m_step != Step::Done) {
+        if (m_step == Step::Begin)
+            beginGrid(geometry);
+        if (m_step == Step::Gather && !gatherVertices(geometry, slice))
+            return false;
+        if (m_step == Step::Map && !mapPrimitives(geometry, slice))
+            return false;
+        if (!endGrid(geometry) && slice.IsOver())
+            return false;
+    }
+    return true;
+}
+
+void DetailBuilder::beginGrid(const Geometry& geometry)
+{
+    const TambVizCore::VizBox& box = geometry.BoundingBox();
+    double longest = 0.0;
+    for (int i = 0; i < 3; ++i) {
+        m_lo[i] = box.Lo()[i];
+        longest = std::max(longest, box.Hi()[i] - box.Lo()[i]);
+    }
+    m_level = DetailLevel();
+    m_level.cell = longest / kCells[m_grid];
+    m_clusters.clear();
+    m_keys.assign(kFirstTable, kNoCell);
+    m_values.assign(kFirstTable, 0);
+    m_clusterOf.resize(geometry.VertexCount());
+    m_next = 0;
+    m_kind = 0;
+    m_step = longest > 0.0 && std::isfinite(longest) ? Step::Gather : Step::Done;
+}
+
+bool DetailBuilder::gatherVertices(const Geometry& geometry, const TimeSlice& slice)
+{
+    const std::size_t count = geometry.VertexCount();
+    while (m_next < count) {
+        const std::size_t end = std::min(count, m_next + kStretch);
+        for (; m_next < end; ++m_next)
+            addVertex(geometry, static_cast<std::uint32_t>(m_next));
+        if (slice.IsOver())
+            return false;
+    }
+    m_next = 0;
+    m_step = Step::Map;
+    return true;
+}
+
+void DetailBuilder::addVertex(const Geometry& geometry, std::uint32_t vertex)
+{
+    const float* const position = geometry.Positions().Data() + std::size_t{3} * vertex;
+    std::uint32_t cell = 0;
+    double distance = 0.0;
+    for (int i = 0; i < 3; ++i) {
+        const double place = (static_cast<double>(position[i]) - m_lo[i]) / m_level.cell;
+        const double whole = std::floor(place);
+        cell = cell * 1024u + static_cast<std::uint32_t>(std::clamp(whole, 0.0, 1023.0));
+        distance += (place - whole - 0.5) * (place - whole - 0.5);
+    }
+    const std::uint32_t found = findCluster(cell);
+    m_clusterOf[vertex] = found;
+    if (found == m_clusters.size()) {
+        m_clusters.push_back({vertex, static_cast<float>(distance)});
+        return;
+    }
+    Cluster& cluster = m_clusters[found];
+    if (static_cast<float>(distance) < cluster.distance)
+        cluster = {vertex, static_cast<float>(distance)};
+}
+
+/// @return the cluster of a cell; the number of clusters for one that is entered now.
+std::uint32_t DetailBuilder::findCluster(std::uint32_t cell)
+{
+    if (2 * m_clusters.size() >= m_keys.size())
+        growTable();
+    const std::size_t mask = m_keys.size() - 1;
+    std::size_t slot = hashOf(cell) & mask;
+    while (m_keys[slot] != kNoCell && m_keys[slot] != cell)
+        slot = (slot + 1) & mask;
+    if (m_keys[slot] == kNoCell) {
+        m_keys[slot] = cell;
+        m_values[slot] = static_cast<std::uint32_t>(m_clusters.size());
+    }
+    return m_values[slot];
+}
+
+void DetailBuilder::growTable()
+{
+    const std::size_t size = 4 * m_keys.size();
+    const auto oldKeys = std::exchange(m_keys, std::vector<std::uint32_t>(size, kNoCell));
+    const auto oldValues = std::exchange(m_values, std::vector<std::uint32_t>(size));
+    const std::size_t mask = m_keys.size() - 1;
+    for (std::size_t old = 0; old < oldKeys.size(); ++old) {
+        if (oldKeys[old] == kNoCell)
+            continue;
+        std::size_t slot = hashOf(oldKeys[old]) & mask;
+        while (m_keys[slot] != kNoCell)
+            slot = (slot + 1) & mask;
+        m_keys[slot] = oldKeys[old];
+        m_values[slot] = oldValues[old];
+    }
+}
+
+bool DetailBuilder::mapPrimitives(const Geometry& geometry, const TimeSlice& slice)
+{
+    const DetailLevel* const before = m_levels.empty() ? nullptr : &m_levels.back();
+    for (; m_kind < kCorners.size(); ++m_kind, m_next = 0) {
+        const std::size_t corners = kCorners[m_kind];
+        const auto indices = indicesOf(geometry, before, m_kind);
+        const std::size_t count = indices.size() / corners;
+        while (m_next < count) {
+            const std::size_t end = std::min(count, m_next + kStretch);
+            for (; m_next < end; ++m_next) {
+                const std::uint32_t source = before != nullptr
+                                                 ? before->primitives[m_kind].sources[m_next]
+                                                 : static_cast<std::uint32_t>(m_next);
+                mapPrimitive(indices.data() + corners * m_next, m_kind, source);
+            }
+            if (slice.IsOver())
+                return false;
+        }
+    }
+    return true;
+}
+
+void DetailBuilder::mapPrimitive(const std::uint32_t* corners, std::size_t kind,
+                                 std::uint32_t source)
+{
+    std::uint32_t mapped[3] = {};
+    for (std::size_t i = 0; i < kCorners[kind]; ++i)
+        mapped[i] = m_clusters[m_clusterOf[corners[i]]].vertex;
+    const bool isFlat =
+        kind == 0   ? mapped[0] == mapped[1] || mapped[1] == mapped[2] || mapped[2] == mapped[0]
+        : kind == 1 ? mapped[0] == mapped[1]
+                    : mapped[0] != corners[0];
+    if (isFlat)
+        return;
+    DetailPrimitives& out = m_level.primitives[kind];
+    out.indices.insert(out.indices.end(), mapped, mapped + kCorners[kind]);
+    out.sources.push_back(source);
+}
+
+/// @return true when there is no coarser grid.
+bool DetailBuilder::endGrid(const Geometry& geometry)
+{
+    if (m_step == Step::Map) {
+        std::size_t count = 0;
+        for (const DetailPrimitives& primitives : m_level.primitives)
+            count += primitives.sources.size();
+        if (static_cast<double>(count) <=
+            kKeptShare * static_cast<double>(primitiveCount(geometry)))
+            m_levels.push_back(std::move(m_level));
+        m_step = Step::Begin;
+    }
+    if (m_step == Step::Begin && ++m_grid < kCells.size())
+        return false;
+    m_step = Step::Done;
+    m_clusters = {};
+    m_clusterOf = {};
+    m_keys = {};
+    m_values = {};
+    return true;
+}
+
+/// @return of the level before, or of the geometry.
+std::size_t DetailBuilder::primitiveCount(const Geometry& geometry) const
+{
+    std::size_t count = 0;
+    for (std::size_t kind = 0; kind < kCorners.size(); ++kind)
+        count += indicesOf(geometry, m_levels.empty() ? nullptr : &m_levels.back(), kind).size() /
+                 kCorners[kind];
+    return count;
+}
+
+} // namespace ViewOpenGl

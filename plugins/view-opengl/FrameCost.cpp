@@ -1,0 +1,110 @@
+#include "FrameCost.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace ViewOpenGl {
+namespace {
+
+using TambVizCore::PartKind;
+
+/// Units of the counts, chosen so that each is about as dear as the others.
+constexpr double kPixels = 1e6;
+constexpr double kPrimitives = 1e5;
+constexpr double kDraws = 1e3;
+
+/// What is assumed until the first frame was measured, milliseconds for each unit: a software
+/// renderer on a slow machine, so that the first frame is rather too coarse than too late.
+constexpr std::array<double, 6> kStart = {1.0, 3.0, 12.0, 8.0, 4.0, 6.0};
+
+/// The share of an error that one frame corrects.
+constexpr double kRate = 0.5;
+
+/// A frame counts as at most so many times what was expected, and some milliseconds: one that
+/// waited for the compiler of the driver tells nothing about the next.
+constexpr double kMostGrowth = 2.0;
+constexpr double kLeastError = 1.0;
+
+/// Fewer primitives are not worth a draw call of their own.
+constexpr int kLeastPiece = 16384;
+
+} // namespace
+
+FrameWork& FrameWork::operator+=(const FrameWork& other)
+{
+    slices += other.slices;
+    pixels += other.pixels;
+    triangles += other.triangles;
+    segments += other.segments;
+    points += other.points;
+    draws += other.draws;
+    return *this;
+}
+
+FrameWork WorkOf(PartKind kind, double primitives)
+{
+    FrameWork work;
+    work.draws = 1.0;
+    (kind == PartKind::Face   ? work.triangles
+     : kind == PartKind::Edge ? work.segments
+                              : work.points) = primitives;
+    return work;
+}
+
+CostModel::CostModel() : m_weights(kStart) {}
+
+std::array<double, CostModel::kCounts> CostModel::countsOf(const FrameWork& work)
+{
+    return {work.slices,
+            work.pixels / kPixels,
+            work.triangles / kPrimitives,
+            work.segments / kPrimitives,
+            work.points / kPrimitives,
+            work.draws / kDraws};
+}
+
+double CostModel::Milliseconds(const FrameWork& work) const
+{
+    const auto counts = countsOf(work);
+    return std::inner_product(counts.begin(), counts.end(), m_weights.begin(), 0.0);
+}
+
+double CostModel::PrimitivesIn(PartKind kind, double milliseconds) const
+{
+    const double each = Milliseconds(WorkOf(kind, 1.0)) - Milliseconds(WorkOf(kind, 0.0));
+    return each > 0.0 ? milliseconds / each : 1e9;
+}
+
+void CostModel::Learn(const FrameWork& work, double milliseconds)
+{
+    const auto counts = countsOf(work);
+    const double square = std::inner_product(counts.begin(), counts.end(), counts.begin(), 0.0);
+    if (!(square > 0.0))
+        return;
+    const double expected = Milliseconds(work);
+    const double measured = std::min(milliseconds, kMostGrowth * expected + kLeastError);
+    const double step = kRate * (measured - expected) / square;
+    for (std::size_t i = 0; i < kCounts; ++i)
+        m_weights[i] = std::max(0.0, m_weights[i] + step * counts[i]);
+}
+
+bool FrameBudget::IsSpent(const FrameWork& done) const
+{
+    // Something is drawn in each slice, however short.
+    return m_model != nullptr && done.draws > 0.0 &&
+           (m_model->Milliseconds(done) >= m_milliseconds || m_slice.IsOver());
+}
+
+int FrameBudget::Piece(PartKind kind, int primitives, const FrameWork& done) const
+{
+    if (m_model == nullptr)
+        return primitives;
+    const double left = m_milliseconds - m_model->Milliseconds(done);
+    const double fitting = m_model->PrimitivesIn(kind, std::max(left, 0.0));
+    // What would be left over for a small piece is drawn along.
+    if (fitting + kLeastPiece >= primitives)
+        return primitives;
+    return std::max(kLeastPiece, static_cast<int>(fitting));
+}
+
+} // namespace ViewOpenGl

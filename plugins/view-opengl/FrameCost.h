@@ -1,0 +1,82 @@
+#ifndef VIEWOPENGL_FRAMECOST_H
+#define VIEWOPENGL_FRAMECOST_H
+
+#include "TimeSlice.h"
+
+#include <TambVizCore/PartKind.h>
+
+#include <array>
+#include <cstddef>
+
+namespace ViewOpenGl {
+
+/// What was or is to be drawn, counted.
+struct FrameWork
+{
+    FrameWork& operator+=(const FrameWork& other);
+
+    double slices = 0.0; ///< Times that the renderer is waited for.
+    double pixels = 0.0; ///< Of frames, not of what is drawn into them.
+    double triangles = 0.0;
+    double segments = 0.0;
+    double points = 0.0;
+    double draws = 0.0; ///< Calls that draw.
+};
+
+/// @return the work of a draw call.
+FrameWork WorkOf(TambVizCore::PartKind kind, double primitives);
+
+/// How long frames take on this machine, learnt from those that were drawn.
+///
+/// The time is a sum over the counts, each with a weight. After each frame the weights move toward
+/// what would have foretold its time, in the direction of its counts (normalised least mean
+/// squares; Widrow and Hoff, 1960), so they follow a machine that gets slower.
+class CostModel
+{
+public:
+    CostModel();
+
+    double Milliseconds(const FrameWork& work) const;
+
+    /// @return how many primitives of a kind take some time.
+    double PrimitivesIn(TambVizCore::PartKind kind, double milliseconds) const;
+
+    /// Takes up that some work took a time.
+    void Learn(const FrameWork& work, double milliseconds);
+
+private:
+    static constexpr std::size_t kCounts = 6;
+
+    static std::array<double, kCounts> countsOf(const FrameWork& work);
+
+    std::array<double, kCounts> m_weights; ///< Milliseconds for each unit of countsOf().
+};
+
+/// How much of a frame may be drawn before the caller gets control back: by the model, because a
+/// graphics processor works on after a call has returned, and by the clock.
+class FrameBudget
+{
+public:
+    /// A budget without end.
+    FrameBudget() = default;
+
+    /// @param model  Not owned; outlives the budget.
+    FrameBudget(const CostModel& model, const TimeSlice& slice)
+        : m_model(&model), m_slice(slice), m_milliseconds(slice.LeftMs())
+    {
+    }
+
+    bool IsSpent(const FrameWork& done) const;
+
+    /// @return how many of so many primitives to draw in one go.
+    int Piece(TambVizCore::PartKind kind, int primitives, const FrameWork& done) const;
+
+private:
+    const CostModel* m_model = nullptr; ///< Not owned; null for no end.
+    TimeSlice m_slice;
+    double m_milliseconds = 0.0;
+};
+
+} // namespace ViewOpenGl
+
+#endif
