@@ -38,10 +38,18 @@ std::span<const std::uint32_t> indicesOf(const Geometry& geometry, const DetailL
     return {own.Data(), own.Size()};
 }
 
-/// Spreads cells over the table (Knuth's multiplicative hash).
-std::size_t hashOf(std::uint32_t cell)
+/// Spreads numbers over a table (Knuth's multiplicative hash).
+std::size_t hashOf(std::size_t number)
 {
-    return static_cast<std::size_t>((cell * 2654435761ull) >> 8);
+    return static_cast<std::size_t>((number * 2654435761ull) >> 8);
+}
+
+/// Triangles that are turned, not mirrored, are equal then.
+std::array<std::uint32_t, 3> smallestFirst(const std::uint32_t* corners)
+{
+    const std::size_t first =
+        static_cast<std::size_t>(std::min_element(corners, corners + 3) - corners);
+    return {corners[first], corners[(first + 1) % 3], corners[(first + 2) % 3]};
 }
 
 } // namespace
@@ -72,6 +80,7 @@ void DetailBuilder::beginGrid(const Geometry& geometry)
     m_level = DetailLevel();
     m_level.cell = longest / kCells[m_grid];
     m_clusters.clear();
+    m_triangles.assign(kFirstTable, 0);
     m_keys.assign(kFirstTable, kNoCell);
     m_values.assign(kFirstTable, 0);
     m_clusterOf.resize(geometry.VertexCount());
@@ -182,11 +191,47 @@ void DetailBuilder::mapPrimitive(const std::uint32_t* corners, std::size_t kind,
         kind == 0   ? mapped[0] == mapped[1] || mapped[1] == mapped[2] || mapped[2] == mapped[0]
         : kind == 1 ? mapped[0] == mapped[1]
                     : mapped[0] != corners[0];
-    if (isFlat)
+    if (isFlat || (kind == 0 && isKnownTriangle(mapped)))
         return;
     DetailPrimitives& out = m_level.primitives[kind];
     out.indices.insert(out.indices.end(), mapped, mapped + kCorners[kind]);
     out.sources.push_back(source);
+}
+
+/// Enters a triangle, its smallest corner first.
+/// @return false when it is new.
+bool DetailBuilder::isKnownTriangle(const std::uint32_t* corners)
+{
+    const std::size_t count = m_level.primitives[0].sources.size();
+    if (2 * count >= m_triangles.size())
+        growTriangles();
+    std::uint32_t& found = m_triangles[findTriangle(corners)];
+    if (found != 0)
+        return true;
+    found = static_cast<std::uint32_t>(count + 1);
+    return false;
+}
+
+void DetailBuilder::growTriangles()
+{
+    const std::size_t count = m_level.primitives[0].sources.size();
+    m_triangles.assign(4 * m_triangles.size(), 0);
+    for (std::size_t i = 0; i < count; ++i)
+        m_triangles[findTriangle(m_level.primitives[0].indices.data() + 3 * i)] =
+            static_cast<std::uint32_t>(i + 1);
+}
+
+/// @return the slot of a triangle, or the free one where it belongs.
+std::size_t DetailBuilder::findTriangle(const std::uint32_t* corners) const
+{
+    const std::array<std::uint32_t, 3> wanted = smallestFirst(corners);
+    const std::size_t mask = m_triangles.size() - 1;
+    std::size_t slot = hashOf(wanted[0] * 31 + hashOf(wanted[1] * 31 + hashOf(wanted[2]))) & mask;
+    while (m_triangles[slot] != 0 &&
+           smallestFirst(m_level.primitives[0].indices.data() +
+                         std::size_t{3} * (m_triangles[slot] - 1)) != wanted)
+        slot = (slot + 1) & mask;
+    return slot;
 }
 
 /// @return true when there is no coarser grid.
@@ -208,6 +253,7 @@ bool DetailBuilder::endGrid(const Geometry& geometry)
     m_clusterOf = {};
     m_keys = {};
     m_values = {};
+    m_triangles = {};
     return true;
 }
 

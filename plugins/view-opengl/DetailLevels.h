@@ -29,10 +29,11 @@ struct DetailLevel
 };
 
 /// Makes coarser versions of a geometry, in slices: all vertices in a cell of a grid become the one
-/// nearest to its middle, and what has become flat is left out (Rossignac and Borrel, 1993).
+/// nearest to its middle, and what has become flat or is there already is left out (Rossignac and
+/// Borrel, 1993).
 ///
-/// What was closed stays closed, and neighbours stay neighbours; small holes close. Unlike a
-/// library's, the work stops at any vertex and goes on later, so no frame waits for it.
+/// Neighbours stay neighbours, so no gaps open; small holes close. Unlike a library's, the work
+/// stops at any vertex and goes on later, so no frame waits for it.
 /// @thread The thread that created it.
 class DetailBuilder
 {
@@ -61,6 +62,9 @@ private:
     void addVertex(const TambVizCore::Geometry& geometry, std::uint32_t vertex);
     std::uint32_t findCluster(std::uint32_t cell);
     void growTable();
+    bool isKnownTriangle(const std::uint32_t* corners);
+    void growTriangles();
+    std::size_t findTriangle(const std::uint32_t* corners) const;
     void mapPrimitive(const std::uint32_t* corners, std::size_t kind, std::uint32_t source);
     bool endGrid(const TambVizCore::Geometry& geometry);
     std::size_t primitiveCount(const TambVizCore::Geometry& geometry) const;
@@ -84,6 +88,7 @@ private:
     std::vector<std::uint32_t> m_clusterOf; ///< For each vertex.
     std::vector<std::uint32_t> m_keys;      ///< Hash table: cells, and their clusters beside.
     std::vector<std::uint32_t> m_values;
+    std::vector<std::uint32_t> m_triangles; ///< Hash table: triangles of the level, from 1.
 };
 
 } // namespace ViewOpenGl

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <numbers>
 #include <string>
 
 namespace ViewOpenGl {
@@ -106,6 +108,40 @@ std::shared_ptr<const Geometry> MakePoint()
     builder.SetPositions(SharedArray<float>(std::vector<float>{0, 0, 0}))
         .SetPoints(SharedArray<std::uint32_t>(std::vector<std::uint32_t>{0}))
         .AddPart({PartKind::Vertex, 0, 1, MakePartId(PartKind::Vertex, 0)});
+    return Build(builder);
+}
+
+std::shared_ptr<const TambVizCore::Geometry> MakeSphere(std::uint32_t rings)
+{
+    std::vector<float> positions, normals;
+    std::vector<std::uint32_t> triangles, segments;
+    for (std::uint32_t ring = 0; ring <= rings; ++ring)
+        for (std::uint32_t i = 0; i < rings; ++i) {
+            const double v = std::numbers::pi * ring / rings;
+            const double u = 2.0 * std::numbers::pi * i / rings;
+            for (const double n :
+                 {std::sin(v) * std::cos(u), std::sin(v) * std::sin(u), std::cos(v)}) {
+                normals.push_back(static_cast<float>(n));
+                positions.push_back(static_cast<float>(0.8 * n));
+            }
+        }
+    for (std::uint32_t ring = 0; ring < rings; ++ring)
+        for (std::uint32_t i = 0; i < rings; ++i) {
+            const std::uint32_t a = ring * rings + i;
+            const std::uint32_t b = ring * rings + (i + 1) % rings;
+            triangles.insert(triangles.end(), {a, a + rings, b, b, a + rings, b + rings});
+            if (ring % 8 == 0)
+                segments.insert(segments.end(), {a, b});
+        }
+    const auto count = static_cast<std::uint32_t>(triangles.size() / 3);
+    TambVizCore::GeometryBuilder builder;
+    builder.SetPositions(TambVizCore::SharedArray<float>(std::move(positions)))
+        .SetNormals(TambVizCore::SharedArray<float>(std::move(normals)))
+        .SetTriangles(TambVizCore::SharedArray<std::uint32_t>(std::move(triangles)))
+        .SetSegments(TambVizCore::SharedArray<std::uint32_t>(std::move(segments)))
+        .AddPart({TambVizCore::PartKind::Face, 0, count,
+                  TambVizCore::MakePartId(TambVizCore::PartKind::Face, 0)})
+        .SetClosed(true);
     return Build(builder);
 }
 

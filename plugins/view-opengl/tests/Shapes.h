@@ -38,6 +38,10 @@ std::shared_ptr<const TambVizCore::Geometry> MakeBox(float half);
 /// A closed body between an outer and an inner box.
 std::shared_ptr<const TambVizCore::Geometry> MakeHollowBox(float outerHalf, float innerHalf);
 
+/// A closed ball of radius 0.8 with normals: rings of as many quadrangles, which are two triangles;
+/// every eighth circle is made of segments. One face for all triangles.
+std::shared_ptr<const TambVizCore::Geometry> MakeSphere(std::uint32_t rings);
+
 /// One point at the origin, vertex 0.
 std::shared_ptr<const TambVizCore::Geometry> MakePoint();
 
