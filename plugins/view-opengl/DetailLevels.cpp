@@ -118,12 +118,12 @@ void DetailBuilder::addVertex(const Geometry& geometry, std::uint32_t vertex)
     const std::uint32_t found = findCluster(cell);
     m_clusterOf[vertex] = found;
     if (found == m_clusters.size()) {
-        m_clusters.push_back({vertex, static_cast<float>(distance)});
+        m_clusters.push_back({vertex, static_cast<float>(distance), false});
         return;
     }
     Cluster& cluster = m_clusters[found];
     if (static_cast<float>(distance) < cluster.distance)
-        cluster = {vertex, static_cast<float>(distance)};
+        cluster = {vertex, static_cast<float>(distance), false};
 }
 
 /// @return the cluster of a cell; the number of clusters for one that is entered now.
@@ -187,15 +187,22 @@ void DetailBuilder::mapPrimitive(const std::uint32_t* corners, std::size_t kind,
     std::uint32_t mapped[3] = {};
     for (std::size_t i = 0; i < kCorners[kind]; ++i)
         mapped[i] = m_clusters[m_clusterOf[corners[i]]].vertex;
-    const bool isFlat =
-        kind == 0   ? mapped[0] == mapped[1] || mapped[1] == mapped[2] || mapped[2] == mapped[0]
-        : kind == 1 ? mapped[0] == mapped[1]
-                    : mapped[0] != corners[0];
-    if (isFlat || (kind == 0 && isKnownTriangle(mapped)))
+    const bool isFlat = (kind < 2 && mapped[0] == mapped[1]) ||
+                        (kind == 0 && (mapped[1] == mapped[2] || mapped[2] == mapped[0]));
+    if (isFlat || isKnown(kind, corners, mapped))
         return;
     DetailPrimitives& out = m_level.primitives[kind];
     out.indices.insert(out.indices.end(), mapped, mapped + kCorners[kind]);
     out.sources.push_back(source);
+}
+
+/// @return whether the level has a primitive already that looks the same; segments may repeat.
+bool DetailBuilder::isKnown(std::size_t kind, const std::uint32_t* from,
+                            const std::uint32_t* mapped)
+{
+    if (kind == 0)
+        return isKnownTriangle(mapped);
+    return kind == 2 && std::exchange(m_clusters[m_clusterOf[from[0]]].hasPoint, true);
 }
 
 /// Enters a triangle, its smallest corner first.

@@ -54,6 +54,7 @@ private:
     {
         std::uint32_t vertex = 0; ///< Nearest to the middle so far.
         float distance = 0.0f;    ///< Its distance, squared.
+        bool hasPoint = false;    ///< A point stands there already.
     };
 
     void beginGrid(const TambVizCore::Geometry& geometry);
@@ -62,6 +63,7 @@ private:
     void addVertex(const TambVizCore::Geometry& geometry, std::uint32_t vertex);
     std::uint32_t findCluster(std::uint32_t cell);
     void growTable();
+    bool isKnown(std::size_t kind, const std::uint32_t* from, const std::uint32_t* mapped);
     bool isKnownTriangle(const std::uint32_t* corners);
     void growTriangles();
     std::size_t findTriangle(const std::uint32_t* corners) const;

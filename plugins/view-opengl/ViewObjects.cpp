@@ -51,7 +51,8 @@ std::vector<std::uint8_t> toBytes(const std::vector<float>& colors)
 } // namespace
 
 ViewObjects::ViewObjects()
-    : m_world(1),
+    : m_rotationMarkName(kRotationMarkName),
+      m_world(1),
       m_front(1),
       m_corner(1),
       m_overlay(1),
@@ -199,7 +200,7 @@ void ViewObjects::prepareObjects(TambVizCore::Node& model, const PictureScale& s
 
 RotationMark* ViewObjects::rotationMark()
 {
-    return dynamic_cast<RotationMark*>(m_manager->Get(kRotationMarkName));
+    return dynamic_cast<RotationMark*>(m_manager->Get(m_rotationMarkName));
 }
 
 RubberBand* ViewObjects::rubberBand()

@@ -80,6 +80,8 @@ private:
     DimensionObject* dimension(const std::string& objectName);
     void dropDimensionsOfWhatHasGone(TambVizCore::Node& model);
 
+    /// Made once: too long for a string to hold without memory, and asked for in every frame.
+    const std::string m_rotationMarkName;
     TambVizCore::Node m_world;
     TambVizCore::Node m_front;
     TambVizCore::Node m_corner;
