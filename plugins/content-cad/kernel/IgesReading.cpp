@@ -4,6 +4,7 @@
 #include "kernel/KernelMessages.h"
 #include "kernel/KernelProgress.h"
 #include "kernel/KernelWatch.h"
+#include "kernel/LooseShapes.h"
 
 #include <OrvikOs/Utf8.h>
 
@@ -58,6 +59,8 @@ bool ReadIges(const CadFile& file, CadDocument& document, CadMessages& messages)
     if (!isTransferred)
         messages.Fail(
             FillText(kNothingTransferred, {std::to_wstring(session->Model()->NbEntities())}));
+    else
+        JoinLooseShapes(document);
     return isTransferred;
 }
 

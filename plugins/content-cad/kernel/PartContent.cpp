@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 namespace OrvikCad {
 
@@ -35,8 +36,7 @@ public:
         switch (shape.ShapeType()) {
         case TopAbs_COMPOUND:
         case TopAbs_COMPSOLID:
-            for (TopoDS_Iterator children(shape); children.More(); children.Next())
-                Add(children.Value());
+            addGroup(shape);
             return;
         case TopAbs_SOLID:
         case TopAbs_SHELL:
@@ -66,6 +66,28 @@ public:
     }
 
 private:
+    /// Faces that a compound inside the part holds together are a body; a single one is loose.
+    void addGroup(const TopoDS_Shape& compound)
+    {
+        const std::size_t before = m_faces.size();
+        const bool isInside = std::exchange(m_isInside, true);
+        bool hasOthers = false;
+        for (TopoDS_Iterator children(compound); children.More(); children.Next()) {
+            hasOthers = hasOthers || children.Value().ShapeType() != TopAbs_FACE;
+            Add(children.Value());
+        }
+        m_isInside = isInside;
+        if (!isInside || m_faces.size() < before + 2)
+            return;
+        const std::vector<TopoDS_Shape> faces(m_faces.begin() + static_cast<std::ptrdiff_t>(before),
+                                              m_faces.end());
+        m_faces.resize(before);
+        if (hasOthers)
+            addLoose(NodeKind::Body, faces, L"");
+        else // Itself, so that what the document says of it is found.
+            addPiece(NodeKind::Body, compound, {});
+    }
+
     void addPiece(NodeKind kind, const TopoDS_Shape& shape, std::wstring name)
     {
         PartPiece piece;
@@ -90,6 +112,7 @@ private:
     }
 
     std::vector<PartPiece> m_pieces;
+    bool m_isInside = false; ///< Of a compound.
     std::vector<TopoDS_Shape> m_faces;
     std::vector<TopoDS_Shape> m_edges;
     std::vector<TopoDS_Shape> m_points;

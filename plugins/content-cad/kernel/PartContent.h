@@ -41,7 +41,8 @@ struct PartContent
     std::vector<PartPiece> pieces;
 };
 
-/// Reads the part behind a label: solids and shells become bodies, loose faces one body, loose
+/// Reads the part behind a label: solids and shells become bodies, loose faces one body
+/// for the part and one for each compound inside it that holds two or more, loose
 /// edges one wire, loose vertices one set of points.
 ///
 /// @param fallbackName  Used where the part has no name of its own.
