@@ -178,6 +178,8 @@ bool CalloutReader::addOccurrence(std::string_view item, Callout& callout) const
     const auto pieces = ArgumentsOf(set, "TESSELLATED_GEOMETRIC_SET");
     if (axes.empty() || pieces.empty())
         return false;
+    if (callout.name.empty())
+        callout.name = StringOf(occurrence[0]);
     addKind(set, callout.name);
     const gp_Trsf place = placeOf(ReferenceOf(axes[0]));
     bool hasAdded = false;

@@ -55,6 +55,16 @@ TEST(PmiCallouts, NamesTheKindOfAnnotation)
     EXPECT_EQ(readWith("#20=TESSELLATED_CURVE_SET('',#10,((1,2)));")->name, "Note.1 (note)");
 }
 
+TEST(PmiCallouts, TakesTheNameOfTheDrawingWhereTheCalloutHasNone)
+{
+    std::string text = calloutWith("#20=TESSELLATED_CURVE_SET('',#10,((1,2)));");
+    text.replace(text.find("'Note.1'"), 8, "''");
+    text.replace(text.find("OCCURRENCE(''") + 11, 2, "'Text of 7'");
+    const StepRecords records(text);
+
+    EXPECT_EQ(CalloutReader(records, 1.0).Read(records.Find(1))->name, "Text of 7 (note)");
+}
+
 TEST(PmiCallouts, DrawsTheOutlineOfFilledAreas)
 {
     const auto fan =
