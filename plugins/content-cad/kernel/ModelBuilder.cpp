@@ -165,6 +165,8 @@ ModelBuilder::Node ModelBuilder::makePiece(const PartPiece& piece, const PartCon
     node->isShown = piece.isShown;
     node->shape = piece.shape;
     node->partColors = piece.partColors;
+    if (piece.kind == NodeKind::PointSet)
+        node->pointSizePixels = OrvikModel::kPointSetPixels;
     node->color = placementColor ? placementColor : piece.color ? piece.color : part.color;
     if (!piece.label.IsNull())
         m_context.nodes.Add(piece.label, *node);

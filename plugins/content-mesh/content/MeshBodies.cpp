@@ -26,8 +26,6 @@ namespace {
 
 constexpr wchar_t kTooManyBodies[] =
     L"the file has more than %1 objects and groups; they were read as one body";
-/// The size in which points beside triangles are drawn.
-constexpr float kSetPointPixels = 4.0f;
 /// Of triangles without a coloured material beside some with one.
 constexpr RGBAColor kPlainColor(204, 204, 204);
 
@@ -73,7 +71,8 @@ std::unique_ptr<ModelNode> makeNode(NodeKind kind, const std::wstring& name,
 
 std::unique_ptr<ModelNode> makeCloud(MeshData&& mesh, const std::wstring& name)
 {
-    std::vector<std::uint32_t> points(mesh.VertexCount());
+    const std::size_t count = mesh.VertexCount();
+    std::vector<std::uint32_t> points(count);
     std::iota(points.begin(), points.end(), 0u);
     GeometryBuilder builder;
     builder.SetPositions(Share(std::move(mesh.positions)));
@@ -81,7 +80,7 @@ std::unique_ptr<ModelNode> makeCloud(MeshData&& mesh, const std::wstring& name)
     builder.SetColors(Share(std::move(mesh.colors)));
     builder.SetPoints(SharedArray<std::uint32_t>(std::move(points)));
     auto node = makeNode(NodeKind::PointCloud, name, builder);
-    node->pointSizePixels = kCloudPointPixels;
+    node->pointSizePixels = CloudPointPixels(count);
     return node;
 }
 
@@ -274,7 +273,7 @@ std::unique_ptr<ModelNode> BodyMaker::makeThin(MeshThin&& thin) const
     arrays.segments = std::move(thin.segments);
     arrays.runs = std::move(thin.runs);
     node->shape = MakeShape(std::move(arrays));
-    node->pointSizePixels = thin.areLines ? node->pointSizePixels : kSetPointPixels;
+    node->pointSizePixels = thin.areLines ? node->pointSizePixels : OrvikModel::kPointSetPixels;
     return node;
 }
 

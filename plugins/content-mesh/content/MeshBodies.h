@@ -16,8 +16,12 @@ namespace OrvikMesh {
 /// The most bodies that a file is divided into; a file with more objects and groups becomes one.
 inline constexpr std::size_t kMaxBodies = 10000;
 
-/// The size in which the points of a cloud are drawn.
-inline constexpr float kCloudPointPixels = 2.0f;
+/// The size in which the points of a cloud are drawn; those of a cloud of a few are larger.
+inline float CloudPointPixels(std::size_t points)
+{
+    constexpr std::size_t kFew = 1000;
+    return points <= kFew ? OrvikModel::kPointSetPixels : 2.0f;
+}
 
 /// Divides a mesh into bodies: one for each pair of object and group, in order of appearance. A
 /// body whose triangles close solids is a NodeKind::PolyBody, another a NodeKind::Mesh; points

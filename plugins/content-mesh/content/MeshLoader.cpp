@@ -103,7 +103,7 @@ void collectShapes(const std::vector<std::unique_ptr<ModelNode>>& nodes,
         if (node->shape)
             shapes.insert(node->shape.get());
         if (node->kind == NodeKind::PointCloud)
-            node->pointSizePixels = kCloudPointPixels;
+            node->pointSizePixels = CloudPointPixels(node->shape->Present()->PointCount());
         collectShapes(node->children, shapes);
     }
 }

@@ -33,7 +33,9 @@ GeoNode::Category categoryOf(NodeKind kind)
 {
     if (kind == NodeKind::Annotation)
         return GeoNode::Category::PMI;
-    return kind == NodeKind::PointCloud ? GeoNode::Category::PointCloud : GeoNode::Category::Model;
+    // Points that stand alone are no ends of edges, which the view's switch for vertices is for.
+    const bool arePoints = kind == NodeKind::PointCloud || kind == NodeKind::PointSet;
+    return arePoints ? GeoNode::Category::PointCloud : GeoNode::Category::Model;
 }
 
 std::unique_ptr<Node> makeNode(const ModelNode& node)

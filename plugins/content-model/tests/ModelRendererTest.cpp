@@ -341,6 +341,7 @@ TEST(ModelRenderer3D, InstancesShareTheirGeometry)
     EXPECT_EQ(geoNode(L"left body")->GetGeometry(), geoNode(L"right body")->GetGeometry());
     EXPECT_EQ(geoNode(L"drawn")->GetCategory(), TambVizCore::GeoNode::Category::PMI);
     EXPECT_EQ(geoNode(L"cloud")->GetCategory(), TambVizCore::GeoNode::Category::PointCloud);
+    EXPECT_EQ(geoNode(L"points")->GetCategory(), TambVizCore::GeoNode::Category::PointCloud);
     EXPECT_EQ(geoNode(L"wire")->GetCategory(), TambVizCore::GeoNode::Category::Model);
 }
 

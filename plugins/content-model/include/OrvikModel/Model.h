@@ -48,6 +48,9 @@ struct SavedCamera
     bool orthographic = true;
 };
 
+/// The size in which a set of a few points is drawn, that none of them is missed.
+inline constexpr float kPointSetPixels = 5.0f;
+
 /// One node of a model. Never changes once the model is in a document.
 struct ModelNode
 {

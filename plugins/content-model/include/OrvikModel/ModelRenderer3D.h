@@ -29,8 +29,8 @@ struct Visibility;
 /// transform, colour and entity. Nodes that share a shape share its geometry.
 ///
 /// PMI groups, views, captures and their groups have no scene node; what hangs below a group hangs
-/// below the next scene node above. Annotations follow the view's switch for PMI, point clouds the
-/// one for point clouds.
+/// below the next scene node above. Annotations follow the view's switch for PMI, point clouds and
+/// sets of points the one for point clouds.
 ///
 /// Shapes are drawn as ModelShape::Present() has them. Nodes change to what it has later when an
 /// entity of a part is converted, and at Rerender(), which first has the shapes tessellated anew
