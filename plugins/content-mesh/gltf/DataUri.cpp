@@ -8,6 +8,8 @@ namespace OrvikMesh {
 namespace {
 
 constexpr std::uint8_t kNoDigit = 0xFF;
+/// Groups of four characters that are decoded between two questions: about a millisecond.
+constexpr std::size_t kGroupsPerPoll = std::size_t{1} << 18;
 
 constexpr std::array<std::uint8_t, 256> makeDigits()
 {
@@ -56,7 +58,8 @@ std::string DecodePercents(std::string_view text)
     return decoded;
 }
 
-bool DecodeBase64(std::string_view text, std::string& bytes, std::size_t& badCharacter)
+bool DecodeBase64(std::string_view text, const ReadOptions& options, std::string& bytes,
+                  std::size_t& badCharacter)
 {
     for (int i = 0; i < 2 && !text.empty() && text.back() == '='; ++i)
         text.remove_suffix(1);
@@ -75,6 +78,8 @@ bool DecodeBase64(std::string_view text, std::string& bytes, std::size_t& badCha
         return bits;
     };
     for (std::size_t group = 0; group < groups; ++group) {
+        if (group % kGroupsPerPoll == 0)
+            PollCancel(options);
         const std::uint32_t bits = join(group * 4, 4);
         *out++ = static_cast<char>(bits >> 16);
         *out++ = static_cast<char>(bits >> 8);

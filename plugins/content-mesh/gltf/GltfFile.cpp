@@ -200,7 +200,7 @@ void GltfFile::loadDataUri(std::uint64_t index, std::string_view uri, Buffer& bu
     std::size_t badCharacter = 0;
     if (!isBase64)
         buffer.decoded = DecodePercents(data);
-    else if (!DecodeBase64(data, buffer.decoded, badCharacter))
+    else if (!DecodeBase64(data, m_options, buffer.decoded, badCharacter))
         buffer.reason =
             FillText(kGltfBadBase64, {std::to_wstring(index), std::to_wstring(badCharacter)});
     buffer.bytes = buffer.decoded;

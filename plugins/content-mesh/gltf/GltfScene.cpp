@@ -1,5 +1,6 @@
 #include "gltf/GltfScene.h"
 
+#include "gltf/GltfLeftOut.h"
 #include "gltf/GltfMeshes.h"
 #include "gltf/GltfTexts.h"
 #include "gltf/GltfTransform.h"
@@ -94,8 +95,7 @@ bool SceneBuilder::Run()
     if (scene && sceneCount > 1)
         m_file.Messages().Warn(
             FillText(kGltfTwoScenes, {std::to_wstring(sceneCount), std::to_wstring(number)}));
-    if (FindList(root, "skins"))
-        m_file.Messages().Warn(kGltfSkin);
+    WarnOfLeftOut(m_file);
     if (!(scene ? addScene(number, *scene) : addRoots()))
         return false;
     if (m_shapeCount == 0)

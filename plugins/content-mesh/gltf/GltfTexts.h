@@ -87,6 +87,12 @@ inline constexpr wchar_t kGltfNoScene[] =
     L"there is no scene %1; all nodes without a parent were read";
 inline constexpr wchar_t kGltfSkin[] =
     L"skins are left out; such meshes are shown as they are stored";
+inline constexpr wchar_t kGltfAnimations[] =
+    L"animations are left out: %1; everything is shown where the nodes place it";
+inline constexpr wchar_t kGltfTextures[] =
+    L"pictures on surfaces are left out; materials shown in their plain base colour: %1";
+inline constexpr wchar_t kGltfMorphs[] =
+    L"morph targets are left out; meshes shown in their basic shape: %1";
 
 // What a message calls the pieces of a shape.
 inline constexpr wchar_t kGltfTriangles[] = L"triangles";

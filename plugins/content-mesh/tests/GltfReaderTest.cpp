@@ -349,6 +349,28 @@ TEST(GltfReader, IgnoresLookThatItDoesNotShow)
     EXPECT_THAT(result.warnings, IsEmpty());
 }
 
+TEST(GltfReader, TellsWhatItLeavesOut)
+{
+    GltfText text = OneTriangle();
+    text.AddMaterial("\"pbrMetallicRoughness\":{\"baseColorTexture\":{\"index\":0}}");
+    text.AddMaterial("\"extensions\":{\"KHR_materials_pbrSpecularGlossiness\":{\"diffuseTexture\":"
+                     "{\"index\":0}}}");
+    text.AddMaterial("\"normalTexture\":{\"index\":0}");
+    text.AddMesh("\"primitives\":[{\"attributes\":{},\"targets\":[{}]}]");
+    text.AddRootMember("\"animations\":[{},{},{}]");
+
+    const GltfResult result = ReadGltfBytes(text.Binary());
+
+    ASSERT_TRUE(result.ok);
+    EXPECT_THAT(
+        result.warnings,
+        ElementsAre(L"test: animations are left out: 3; everything is shown where the nodes "
+                    L"place it",
+                    L"test: morph targets are left out; meshes shown in their basic shape: 1",
+                    L"test: pictures on surfaces are left out; materials shown in their "
+                    L"plain base colour: 2"));
+}
+
 TEST(GltfReader, NamesARequiredExtensionThatItDoesNotKnow)
 {
     for (const char* name : {"KHR_draco_mesh_compression", "EXT_meshopt_compression", "ACME_x"}) {

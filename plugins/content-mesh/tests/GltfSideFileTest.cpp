@@ -110,21 +110,35 @@ TEST(DataUri, DecodesBase64OfEachLength)
     for (int length = 0; length < 70; ++length) {
         std::string decoded;
         std::size_t bad = 0;
-        EXPECT_TRUE(OrvikMesh::DecodeBase64(Base64(bytes), decoded, bad));
+        EXPECT_TRUE(OrvikMesh::DecodeBase64(Base64(bytes), {}, decoded, bad));
         EXPECT_EQ(decoded, bytes);
         bytes += static_cast<char>(length * 37);
     }
+}
+
+TEST(DataUri, StopsWhenCancelled)
+{
+    OrvikMesh::ReadOptions options;
+    int questions = 0;
+    options.isCancelled = [&questions] { return ++questions > 2; };
+    std::string decoded;
+    std::size_t bad = 0;
+
+    EXPECT_THROW(
+        OrvikMesh::DecodeBase64(std::string(std::size_t{4} << 20, 'A'), options, decoded, bad),
+        OrvikMesh::ReadCancelled);
+    EXPECT_EQ(questions, 3);
 }
 
 TEST(DataUri, FindsTheFirstCharacterThatIsNoneOfBase64)
 {
     std::string decoded;
     std::size_t bad = 0;
-    EXPECT_FALSE(OrvikMesh::DecodeBase64("AAAA*AA*", decoded, bad));
+    EXPECT_FALSE(OrvikMesh::DecodeBase64("AAAA*AA*", {}, decoded, bad));
     EXPECT_EQ(bad, 4u);
-    EXPECT_FALSE(OrvikMesh::DecodeBase64("AAAAA", decoded, bad));
+    EXPECT_FALSE(OrvikMesh::DecodeBase64("AAAAA", {}, decoded, bad));
     EXPECT_EQ(bad, 5u);
-    EXPECT_FALSE(OrvikMesh::DecodeBase64("AA=A", decoded, bad));
+    EXPECT_FALSE(OrvikMesh::DecodeBase64("AA=A", {}, decoded, bad));
     EXPECT_EQ(bad, 2u);
 }
 
