@@ -31,6 +31,8 @@ public:
     /// Begins (true) or ends keeping. Ending does not hand on yet: see HandOnLater().
     void Hold(bool hold);
 
+    bool IsHolding() const { return m_isHolding; }
+
     /// Hands on what was kept, once nothing runs any more; until then it looks again.
     void HandOnLater();
 

@@ -75,6 +75,7 @@ StartResult WindowRun::Start(std::wstring& errorText)
         m_runner.Print(ToQt(L"A start-up script failed:\n" + m_host.GetShell().GetStartupError()),
                        static_cast<int>(OrvikCore::MessageType::Error));
     m_host.DrainOutput();
+    m_sleeper = std::make_unique<QtSleeper>(m_held);
     m_runner.SetStarting(false);
     m_gateTimer.start(kGateMs);
     return result;

@@ -5,6 +5,7 @@
 #include "runtime/CommandRunner.h"
 #include "runtime/HeldInput.h"
 #include "runtime/QtMessageSource.h"
+#include "runtime/QtSleeper.h"
 #include "view/GraphicsChoice.h"
 
 #include <CommandLine.h>
@@ -79,6 +80,7 @@ private:
     QtMessageSource m_source;
     HostRuntime m_host;
     CommandRunner m_runner;
+    std::unique_ptr<QtSleeper> m_sleeper; ///< While the worker lives and the window too.
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<Closing> m_closing; ///< Goes before the window.
     std::optional<RunningMark> m_mark;

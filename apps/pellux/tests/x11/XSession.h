@@ -1,0 +1,74 @@
+#ifndef PELLUX_TESTS_XSESSION_H
+#define PELLUX_TESTS_XSESSION_H
+
+#include <ScopedTempDir.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+/// A virtual display of its own and the program in it, with folders of its own for configuration
+/// and state. What the program prints goes to files of the folder.
+class XSession
+{
+public:
+    /// Starts the display.
+    XSession();
+
+    /// Ends the program and the display.
+    ~XSession();
+
+    XSession(const XSession&) = delete;
+    XSession& operator=(const XSession&) = delete;
+
+    /// @return why there can be no display; empty when there is one.
+    const std::string& WhyNot() const { return m_whyNot; }
+
+    /// Starts the program and waits until its window is there, at most half a minute.
+    /// @param environment  Words such as "A=b" before the command.
+    bool Start(const std::vector<std::string>& arguments, const std::string& environment = {});
+
+    /// Sends input, as xdotool takes it, to the window.
+    bool Do(const std::string& xdotool) const;
+
+    /// Sends a signal to the program.
+    void Signal(int number) const;
+
+    /// Waits until something holds, at most half a minute.
+    static bool Until(const std::function<bool()>& holds);
+
+    /// @return true once the program has ended.
+    bool HasEnded();
+
+    /// Waits for the end. @return its exit code, 128 and more for a signal; -1 when it goes on.
+    int WaitForEnd();
+
+    /// @return the first line of what a file below the folder holds; empty without one.
+    std::string Read(const std::string& file) const;
+
+    /// @return an expression that writes a file below the folder.
+    std::string Writing(const std::string& file, const std::string& what) const;
+
+    /// @return the colours in a rectangle of the display, 0xAARRGGBB, row by row; what lies outside
+    ///         is left out.
+    std::vector<std::uint32_t> Pixels(int left, int top, int width, int height) const;
+
+    /// @return the paths of the journals so far, one a line.
+    std::string Journals() const;
+
+    const ScopedTempDir& Dir() const { return m_dir; }
+
+private:
+    std::string run(const std::string& command) const;
+
+    ScopedTempDir m_dir;
+    std::string m_whyNot;
+    std::string m_display;
+    int m_displayProcess = 0;
+    int m_process = 0;
+    int m_status = -1;
+    bool m_hasEnded = false;
+};
+
+#endif
