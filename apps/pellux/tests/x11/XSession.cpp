@@ -161,7 +161,7 @@ std::vector<std::uint32_t> XSession::Pixels(int left, int top, int width, int he
     for (int y = top; y < top + height; ++y)
         for (int x = left; x < left + width; ++x) {
             const std::size_t at =
-                rows + static_cast<std::size_t>(y) * word(12) + static_cast<std::size_t>(x) * 4;
+                rows + static_cast<std::size_t>(y) * stride + static_cast<std::size_t>(x) * 4;
             std::uint32_t pixel = 0;
             if (at + sizeof pixel > dump.size())
                 continue;
