@@ -32,6 +32,10 @@ struct Background
     TambVizCore::RGBAColor bottom;
 };
 
+/// Orders of bodies; equal depths keep the order of the scene, which is that of their addresses.
+bool IsBefore(const FrameItem* a, const FrameItem* b);
+bool IsBehind(const FrameItem* a, const FrameItem* b);
+
 /// Draws a scene into the framebuffer that is bound. The context is current in every call.
 ///
 /// Begin() collects the bodies in sight. Continue() draws opaque faces from front to back, the caps
