@@ -131,7 +131,7 @@ void HostRuntime::createApplication(const StartOptions& options)
     manager.SetAutoComplete(&m_completion);
     manager.SetMenuTemplate(&m_menuTemplate);
     AppController& controller = AppController::Instance();
-    controller.SetBufferManipulator(new BufferManipulator);
+    controller.SetBufferManipulator(new BufferManipulator(m_history));
     controller.SetViewManipulator(new ViewManipulator);
     controller.SetPathHelper(new Folders);
     UseDefaultTessellation();
@@ -198,19 +198,40 @@ bool HostRuntime::startEngine(const StartOptions& options, std::wstring& errorTe
     return true;
 }
 
+void HostRuntime::startHistory(const StartOptions& options)
+{
+    RunBeginning beginning;
+    beginning.folder = OrvikOs::CurrentDirectory();
+    beginning.width = options.width;
+    beginning.height = options.height;
+    beginning.isZUp = options.cameraName == "CameraZUp";
+    beginning.useConfiguration = options.useConfiguration;
+    beginning.configurationFile = options.configurationFile;
+    beginning.runStartupScripts = options.runStartupScripts;
+    beginning.keepsJournal = options.withJournal;
+    m_history.Begin(beginning);
+}
+
 void HostRuntime::startJournal(const StartOptions& options)
 {
     auto* const application =
         dynamic_cast<PelluxApplication*>(SessionMgr::Instance().GetApplication());
-    if (!options.withJournal || application == nullptr)
+    if (application == nullptr)
         return;
+    startHistory(options);
+    if (!options.withJournal) {
+        application->SetRecorder(
+            [this](const std::wstring& command) { m_history.Add(command, /*hasFailed=*/false); });
+        return;
+    }
     JournalStart start;
     start.width = options.width;
     start.height = options.height;
     start.isZUp = options.cameraName == "CameraZUp";
     start.folder = OrvikOs::CurrentDirectory();
     m_journal = std::make_unique<Journal>(
-        [show = options.output](const std::wstring& text) { show(text, MessageType::Warning); });
+        [show = options.output](const std::wstring& text) { show(text, MessageType::Warning); },
+        m_history);
     m_journal->Begin(application->GetStateFolder() + L"/journals", start,
                      SessionMgr::Instance().CurrentSession());
     application->SetRecorder([this](const std::wstring& command) {
@@ -218,10 +239,11 @@ void HostRuntime::startJournal(const StartOptions& options)
     });
 }
 
-void HostRuntime::EndGesture()
+void HostRuntime::BeginForm(const std::wstring& form)
 {
     if (m_journal)
         m_journal->EndGesture();
+    m_history.SetRunning(form);
 }
 
 void HostRuntime::EndJournal()

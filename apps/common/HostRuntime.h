@@ -8,6 +8,7 @@
 #include "Navigation.h"
 #include "PelluxApplication.h"
 #include "PostedOutput.h"
+#include "RunHistory.h"
 
 #include <OrvikCore/AMenuTemplate.h>
 #include <TambCommandsInfra/CallGate.h>
@@ -87,8 +88,8 @@ public:
     /// @return the model tree; null without StartOptions::withTree. Not owned, valid until Stop().
     HostTree* GetTree();
 
-    /// Writes what the mouse has done into the journal; call before a form and at the end.
-    void EndGesture();
+    /// Call before each form: writes what the mouse has done before it into the journal.
+    void BeginForm(const std::wstring& form);
 
     /// Ends the journal; what comes after is not in it. Nothing without one.
     void EndJournal();
@@ -105,6 +106,7 @@ private:
     void loadPlugins();
     void ensureTree();
     bool createSession(const StartOptions& options, std::wstring& errorText);
+    void startHistory(const StartOptions& options);
     void startJournal(const StartOptions& options);
     bool startEngine(const StartOptions& options, std::wstring& errorText);
 
@@ -115,6 +117,7 @@ private:
     HotkeyTable m_hotkeys;
     Navigation m_navigation;
     InputQueue m_input;
+    RunHistory m_history;
     std::unique_ptr<PostedOutput> m_output;
     /// The session manager takes it out of the session before it deletes that.
     std::unique_ptr<HostTree> m_tree;

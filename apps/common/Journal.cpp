@@ -110,7 +110,7 @@ std::wstring timeText(const DateAndTime& when)
 
 } // namespace
 
-Journal::Journal(Warn warn) : m_warn(std::move(warn)) {}
+Journal::Journal(Warn warn, RunHistory& history) : m_warn(std::move(warn)), m_history(history) {}
 
 Journal::~Journal()
 {
@@ -292,6 +292,7 @@ void Journal::noteKnown()
 
 void Journal::write(const std::wstring& form, const std::vector<PickNote>& picks, bool hasFailed)
 {
+    m_history.Add(form, hasFailed);
     std::wstring lines = form + L"\n";
     for (const PickNote& pick : picks)
         lines += PickLine(pick) + L"\n";

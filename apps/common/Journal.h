@@ -3,6 +3,7 @@
 
 #include "JournalFile.h"
 #include "JournalText.h"
+#include "RunHistory.h"
 
 #include <OrvikCore/IControllerListener.h>
 #include <OrvikCore/IJobStatusObserver.h>
@@ -39,7 +40,8 @@ public:
     /// Shows a warning.
     using Warn = std::function<void(const std::wstring& text)>;
 
-    explicit Journal(Warn warn);
+    /// @param history  Learns of everything that is written; not owned, outlives the journal.
+    Journal(Warn warn, RunHistory& history);
 
     /// Writes the end of a gesture, and listens no more.
     ~Journal() override;
@@ -91,6 +93,7 @@ private:
     void append(const std::wstring& lines);
 
     Warn m_warn;
+    RunHistory& m_history;
     JournalFile m_file;
     bool m_isBroken = false;
     OrvikCore::ASession* m_session = nullptr; ///< Not owned; null before Begin().

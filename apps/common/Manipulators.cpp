@@ -3,9 +3,13 @@
 #include "JournalText.h"
 #include "PelluxApplication.h"
 #include "PngFile.h"
+#include "RunHistory.h"
 
+#include <OrvikCore/ACamera.h>
+#include <OrvikCore/AContent.h>
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/Document.h>
+#include <OrvikCore/ICameraProvider.h>
 #include <OrvikCore/SessionMgr.h>
 #include <TambVizCore/AView3DAdapter.h>
 #include <TambVizCore/EntityId.h>
@@ -92,11 +96,42 @@ std::string listOf(const std::vector<EntityId>& entities)
     return list;
 }
 
-PngTexts picturesTexts()
+/// The names of all files that are loaded.
+std::string modelNames()
 {
-    const auto& document = OrvikCore::SessionMgr::Instance().CurrentSession().Document();
-    return {{"Software", "Pellux " + Utils::WstringToString(ProgramVersion())},
-            {"Title", Utils::WstringToString(document.GetOpenedModelName())}};
+    std::string names;
+    for (OrvikCore::AContent* const content :
+         OrvikCore::SessionMgr::Instance().CurrentSession().Document().GetContentList())
+        names += (names.empty() ? "" : ", ") + Utils::WstringToString(content->GetShortId());
+    return names;
+}
+
+/// The form that moves the camera to where it is; empty without one.
+std::wstring cameraForm(IView3D& view)
+{
+    auto* const provider = dynamic_cast<OrvikCore::ICameraProvider*>(&view);
+    OrvikCore::ACamera* const camera = provider == nullptr ? nullptr : provider->GetCamera();
+    if (camera == nullptr)
+        return {};
+    float eye[3], target[3], up[3];
+    camera->GetCamera(eye, target, up);
+    return CameraForm(eye, target, up) + L"\n(view:projection \"" +
+           (camera->IsOrthographic() ? L"parallel" : L"perspective") + L"\")";
+}
+
+PngTexts textsOf(IView3D& view, const RunHistory& history)
+{
+    int width = 0;
+    int height = 0;
+    view.GetWindowSize(width, height);
+    const std::wstring camera = cameraForm(view);
+    PngTexts texts = {{"Software", "Pellux " + Utils::WstringToString(ProgramVersion())},
+                      {"Title", modelNames()},
+                      {"Camera", Utils::WstringToString(camera)}};
+    const std::string command = history.CommandLine(width, height, camera);
+    if (!command.empty())
+        texts.emplace_back("Command", command);
+    return texts;
 }
 
 } // namespace
@@ -148,7 +183,7 @@ bool BufferManipulator::SaveImage(const std::wstring& fileName, int width, int h
     TambVizCore::Image image;
     if (view != nullptr && !view->ReadImage(width, height, image))
         reason = cannotDraw(fileName, width, height);
-    else if (view != nullptr && WritePng(fileName, image, picturesTexts(), reason))
+    else if (view != nullptr && WritePng(fileName, image, textsOf(*view, m_history), reason))
         return true;
     if (errorText != nullptr)
         *errorText = reason;

@@ -7,6 +7,8 @@
 
 namespace Pellux {
 
+class RunHistory;
+
 /// Switches the kinds of drawing of the current session's view, then repaints. Main thread.
 class ViewManipulator : public OrvikCore::AViewManipulator
 {
@@ -23,12 +25,18 @@ public:
 class BufferManipulator : public OrvikCore::ABufferManipulator, public OrvikCore::IIdPictureSaver
 {
 public:
+    /// @param history  Tells the command that repeats a picture; not owned, outlives this.
+    explicit BufferManipulator(const RunHistory& history) : m_history(history) {}
+
     bool GetSize(int& width, int& height) const override;
     bool SaveImage(const std::wstring& fileName, int width, int height,
                    std::wstring* errorText) override;
     bool SaveIdPicture(const std::wstring& fileName, int width, int height,
                        std::vector<TambVizCore::EntityId>& entities,
                        std::wstring* errorText) override;
+
+private:
+    const RunHistory& m_history;
 };
 
 } // namespace Pellux

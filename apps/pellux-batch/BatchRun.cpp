@@ -211,7 +211,7 @@ void BatchRun::report()
 
 bool BatchRun::beforeForm(const std::wstring& form)
 {
-    m_host.EndGesture();
+    m_host.BeginForm(form);
     m_host.DrainOutput();
     if (isInterrupted())
         return false;

@@ -7,6 +7,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterAnnotationCommands(table);
     RegisterApplicationCommands(table);
     RegisterCameraCommands(table);
+    RegisterColorCommands(table);
     RegisterDimensionCommands(table);
     RegisterDocumentCommands(table);
     RegisterDocumentFileCommands(table);
@@ -19,6 +20,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterInputCommands(table);
     RegisterJournalCommands(table);
     RegisterMeasureCommands(table);
+    RegisterMouseCommands(table);
     RegisterPictureCommands(table);
     RegisterSectionCommands(table);
     RegisterSelectionCommands(table);

@@ -11,6 +11,7 @@ namespace OrvikCommands {
 void RegisterAnnotationCommands(TambCommandsInfra::CommandTable& table);
 void RegisterApplicationCommands(TambCommandsInfra::CommandTable& table);
 void RegisterCameraCommands(TambCommandsInfra::CommandTable& table);
+void RegisterColorCommands(TambCommandsInfra::CommandTable& table);
 void RegisterDimensionCommands(TambCommandsInfra::CommandTable& table);
 void RegisterDocumentCommands(TambCommandsInfra::CommandTable& table);
 void RegisterDocumentFileCommands(TambCommandsInfra::CommandTable& table);
@@ -23,6 +24,7 @@ void RegisterHighlightCommand(TambCommandsInfra::CommandTable& table);
 void RegisterInputCommands(TambCommandsInfra::CommandTable& table);
 void RegisterJournalCommands(TambCommandsInfra::CommandTable& table);
 void RegisterMeasureCommands(TambCommandsInfra::CommandTable& table);
+void RegisterMouseCommands(TambCommandsInfra::CommandTable& table);
 void RegisterPictureCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSectionCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSelectionCommands(TambCommandsInfra::CommandTable& table);

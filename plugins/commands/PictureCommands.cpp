@@ -1,6 +1,7 @@
 #include "CommandParts.h"
 #include "Commands.h"
 #include "EntityObject.h"
+#include "SceneParts.h"
 
 #include <OrvikCore/ABufferManipulator.h>
 #include <OrvikCore/AppController.h>
@@ -9,8 +10,12 @@
 #include <TambCommandsInfra/CallGate.h>
 #include <TambCommandsInfra/CommandTable.h>
 #include <TambVizCore/EntityId.h>
+#include <TambVizCore/IView3D.h>
+#include <TambVizCore/RGBAColor.h>
+#include <TambVizCore/RenderingOptions.h>
 #include <TambVizCore/Utils.h>
 
+#include <optional>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -84,24 +89,80 @@ std::wstring outputPath(const Arguments& arguments)
                     arguments["path"].AsString());
 }
 
+/// Makes the background of a view transparent while it lives. Main thread.
+class TransparentBackground
+{
+public:
+    explicit TransparentBackground(TambVizCore::IView3D& view) : m_view(view)
+    {
+        for (int i = 0; i < 2; ++i)
+            if (m_view.GetBackgroundColor(i + 1, m_colors[i])) {
+                TambVizCore::RGBAColor clear = m_colors[i];
+                clear.a = 0;
+                m_view.SetBackgroundColor(i + 1, clear);
+            }
+    }
+    ~TransparentBackground()
+    {
+        for (int i = 0; i < 2; ++i)
+            m_view.SetBackgroundColor(i + 1, m_colors[i]);
+    }
+    TransparentBackground(const TransparentBackground&) = delete;
+    TransparentBackground& operator=(const TransparentBackground&) = delete;
+
+private:
+    TambVizCore::IView3D& m_view; ///< Not owned.
+    TambVizCore::RGBAColor m_colors[2];
+};
+
 Command saveImageCommand()
 {
     Command command;
     command.name = "view:save-image";
+    Parameter transparent =
+        SwitchParameter("transparent", "#t leaves the background out; #f when left out");
+    transparent.defaultValue = Value(false);
     command.parameters = {PathParameter("path", "PNG file to write; one that exists is replaced"),
-                          sideParameter("width"), sideParameter("height")};
+                          sideParameter("width"), sideParameter("height"), transparent};
     command.summary = "Writes a picture of the view.";
     command.help = "A path that does not begin at the root is meant in the default output "
-                   "directory.";
+                   "directory. The file's texts name program, models, camera and the command that "
+                   "draws the picture again.";
     command.example = "(view:save-image \"part.png\" 1920 1080)";
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments& arguments) {
         const std::wstring path = outputPath(arguments);
         CallGate::Call([&] {
+            std::optional<TransparentBackground> background;
+            if (arguments["transparent"].AsBool())
+                background.emplace(CurrentView());
             std::wstring reason;
             if (!pictures().SaveImage(path, sideArgument(arguments, "width"),
                                       sideArgument(arguments, "height"), &reason))
                 throw std::runtime_error(TambVizCore::Utils::WstringToString(reason));
+        });
+        return Value();
+    };
+    return command;
+}
+
+Command antialiasingCommand()
+{
+    Command command;
+    command.name = "view:antialiasing";
+    Parameter samples;
+    samples.name = "samples";
+    samples.type = ValueType::Integer;
+    samples.help = "for each pixel; 0 and 1 are none. At most as many as the driver offers count";
+    samples.minimum = 0.0;
+    samples.maximum = 16.0;
+    command.parameters = {samples};
+    command.summary = "Sets how finely the borders in pictures are smoothed.";
+    command.example = "(view:antialiasing 4)";
+    command.effect = CommandEffect::Changes;
+    command.handler = [](const Arguments& arguments) {
+        ChangeView([&] {
+            CurrentOptions().SetAntialiasLevel(static_cast<int>(arguments["samples"].AsInteger()));
         });
         return Value();
     };
@@ -152,6 +213,7 @@ void RegisterPictureCommands(CommandTable& table)
     table.Register(sizeCommand());
     table.Register(saveImageCommand());
     table.Register(idPictureCommand());
+    table.Register(antialiasingCommand());
 }
 
 } // namespace OrvikCommands

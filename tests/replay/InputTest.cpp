@@ -146,6 +146,16 @@ TEST_F(Input, MenuHidesARowsBodyUntilTheViewUndoesIt)
                                            "(input:menu \"Hide node\" (car (sel:get)))\n"));
 }
 
+TEST_F(Input, MenuOfAMeshHasNothingToHide)
+{
+    const Outcome outcome =
+        m_process.Run({SourceFile("examples/gear.stl"), "--eval",
+                       "(input:menu \"&Hide node\" (car (sel:by-kind 'mesh)))"});
+
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_EQ(outcome.errors, "The menu of this row has no item \"&Hide node\".\n");
+}
+
 TEST_F(Input, NavigationChangesWhatTheMouseDoes)
 {
     m_process.ExpectGolden(

@@ -104,7 +104,7 @@ bool CommandRunner::runForms(const QString& text, const QString& source)
     ScriptRunner runner(
         m_host.GetShell(),
         [this](const std::wstring& form) {
-            m_host.EndGesture();
+            m_host.BeginForm(form);
             m_host.DrainOutput();
             if (m_isCancelled)
                 return false;
