@@ -37,6 +37,8 @@ inline constexpr wchar_t kNotIges[] = L"this is no IGES file";
 inline constexpr wchar_t kIgesUnreadable[] = L"the file's sections could not be read";
 
 inline constexpr wchar_t kNotBrep[] = L"this is no BREP file";
+inline constexpr wchar_t kBinaryBrep[] =
+    L"this is a binary BREP file, of which only the text form is read";
 inline constexpr wchar_t kBrepUnexpected[] =
     L"the file ends or goes on otherwise than its counts announce";
 inline constexpr wchar_t kBrepBroken[] = L"the shape could not be read to its end";

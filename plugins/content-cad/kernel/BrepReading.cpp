@@ -32,6 +32,12 @@ bool isBrep(std::string_view text)
            head.find("DBRep_DrawableShape") != head.npos;
 }
 
+/// The binary form says the same in other words.
+bool isBinaryBrep(std::string_view text)
+{
+    return text.substr(0, 200).find("Open CASCADE Topology V") != text.npos;
+}
+
 /// @return a null shape where the file cannot be read; @p messages then has an error.
 TopoDS_Shape readShape(const CadFile& file, CadMessages& messages)
 {
@@ -61,6 +67,10 @@ TopoDS_Shape readShape(const CadFile& file, CadMessages& messages)
 
 bool ReadBrep(const CadFile& file, CadDocument& document, CadMessages& messages)
 {
+    if (isBinaryBrep(file.text)) {
+        messages.Fail(kBinaryBrep);
+        return false;
+    }
     if (!isBrep(file.text)) {
         messages.Fail(kNotBrep);
         return false;

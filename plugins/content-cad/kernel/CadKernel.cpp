@@ -89,7 +89,7 @@ bool build(const CadFile& file, const std::shared_ptr<CadDocument>& document,
     NodeIndex nodes;
     ReadContext context{*document, model, shapes, nodes, messages};
     if (!runStep(kWhileBuilding, budget, messages, [&] {
-            ModelBuilder(context, file.Stem()).Build();
+            ModelBuilder(context, file.Stem(), MaxModelNodes(file.text.size())).Build();
             return true;
         }))
         return false;

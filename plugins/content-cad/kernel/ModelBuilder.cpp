@@ -14,8 +14,11 @@ using OrvikModel::ModelNode;
 using OrvikModel::NodeKind;
 using TambVizCore::RGBAColor;
 
-ModelBuilder::ModelBuilder(ReadContext& context, std::wstring fallbackName)
-    : m_context(context), m_appearance(context.document), m_fallbackName(std::move(fallbackName))
+ModelBuilder::ModelBuilder(ReadContext& context, std::wstring fallbackName, std::size_t maxNodes)
+    : m_context(context),
+      m_appearance(context.document),
+      m_fallbackName(std::move(fallbackName)),
+      m_maxNodes(maxNodes)
 {
 }
 
@@ -33,9 +36,9 @@ bool ModelBuilder::takeNode()
 {
     if (m_nodeCount % 1024 == 0)
         PollJob();
-    if (++m_nodeCount <= kMaxModelNodes)
+    if (++m_nodeCount <= m_maxNodes)
         return true;
-    m_context.messages.Warn(FillText(kTooManyNodes, {std::to_wstring(kMaxModelNodes)}));
+    m_context.messages.Warn(FillText(kTooManyNodes, {std::to_wstring(m_maxNodes)}));
     return false;
 }
 

@@ -14,8 +14,13 @@
 
 namespace OrvikCad {
 
-/// Instances that a model may have; a file that shares its assemblies can name far more.
-inline constexpr std::size_t kMaxModelNodes = 2'000'000;
+/// Instances that a model may have: a file that shares its assemblies can name far more than it has
+/// bytes. With its row and its places each takes some 700 bytes.
+inline constexpr std::size_t MaxModelNodes(std::size_t fileBytes)
+{
+    return 60'000 + fileBytes / 32;
+}
+
 /// Depth to which assemblies are followed.
 inline constexpr unsigned kMaxAssemblyDepth = 200;
 
@@ -30,7 +35,8 @@ class ModelBuilder
 {
 public:
     /// @param fallbackName  For top shapes without a name.
-    ModelBuilder(ReadContext& context, std::wstring fallbackName);
+    /// @param maxNodes      What comes after so many nodes is left out, with a warning.
+    ModelBuilder(ReadContext& context, std::wstring fallbackName, std::size_t maxNodes);
 
     /// Appends the top nodes to the model.
     void Build();
@@ -53,6 +59,7 @@ private:
     std::wstring m_fallbackName;
     LabelMap<std::unique_ptr<PartContent>> m_parts;
     TDF_LabelSequence m_components; ///< From the top down to where the walk is.
+    std::size_t m_maxNodes;
     std::size_t m_nodeCount = 0;
 };
 

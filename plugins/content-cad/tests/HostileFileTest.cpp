@@ -2,6 +2,10 @@
 #include "DamagedFile.h"
 #include "ScopedTempDir.h"
 
+#include <OrvikOs/Utf8.h>
+
+#include <BRepPrimAPI_MakeBox.hxx>
+#include <BinTools.hxx>
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -164,6 +168,19 @@ TEST(HostileStep, WithoutANumberWhereOneBelongsNamesTheEntity)
     text.replace(point, text.find(')', point) - point, "NaN,1.,1.");
 
     expectAnswer(ReadCadText(text, "a.step"), "NaN");
+}
+
+TEST(HostileBrep, InBinaryFormIsRefusedByName)
+{
+    const ScopedTempDir folder;
+    const std::wstring file = folder.Write("binary.brep", "");
+    ASSERT_TRUE(
+        BinTools::Write(BRepPrimAPI_MakeBox(1, 2, 3).Solid(), OrvikOs::WideToUtf8(file).c_str()));
+
+    const ReadResult read = ReadCad(file);
+
+    EXPECT_EQ(read.error, file + L": this is a binary BREP file, of which only the text form is "
+                                 L"read");
 }
 
 TEST(HostileBrep, WithCountsBeyondTheFileIsRefused)
