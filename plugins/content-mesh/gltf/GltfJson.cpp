@@ -129,8 +129,10 @@ bool GltfJson::Parse(std::string_view text, std::uint64_t offset, const ReadOpti
     auto generate = [&](auto& /*document*/) {
         rapidjson::InsituStringStream stream(m_text.data());
         Reader reader;
-        result = reader.Parse<rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag |
-                              rapidjson::kParseFullPrecisionFlag>(stream, handler);
+        // Numbers are right to three units in the last place of a double. The parser's exact way
+        // shifts a zero such as "0e-30" by a number of bits that is not defined.
+        result = reader.Parse<rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag>(
+            stream, handler);
         return !result.IsError();
     };
     m_document.Populate(generate);

@@ -82,6 +82,24 @@ TEST(GltfScene, PrimitivesOfTheSameNumbersShareAShapeAndKeepTheirColours)
     EXPECT_EQ(result.Node(1).color, TambVizCore::RGBAColor(0, 0, 255));
 }
 
+TEST(GltfScene, ReadsNumbersHoweverTheyAreWritten)
+{
+    GltfText text;
+    const std::size_t mesh = text.AddTriangles({0, 0, 0, 1, 0, 0, 0, 1, 0}, {0, 1, 2});
+    text.AddNode("\"mesh\":" + std::to_string(mesh) +
+                 ",\"translation\":[0e-30,0.00000000000000000000000000000000e99,"
+                 "1234567890123456789012345678901234567890e-37]");
+
+    const GltfResult result = ReadGltfBytes(text.Binary());
+
+    ASSERT_TRUE(result.ok);
+    const auto& place = result.Node(0).transform;
+    ASSERT_TRUE(place);
+    EXPECT_EQ((*place)[12], 0.0);
+    EXPECT_EQ((*place)[13], 0.0);
+    EXPECT_NEAR((*place)[14], 123.456789012345678, 1e-12);
+}
+
 TEST(GltfScene, ReadsTheDefaultSceneAndTellsOfOthers)
 {
     GltfText text = meshOnly();
