@@ -46,10 +46,8 @@ if(ORVIK_SANITIZE)
         add_link_options(-fsanitize=${sanitizer})
     endforeach()
     add_compile_options(-fno-omit-frame-pointer)
-    if("thread" IN_LIST sanitizers)
-        set(ORVIK_TEST_ENVIRONMENT
-            TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/foreign-modules.supp)
-    endif()
+    # A source of every host, test and victim.
+    set(ORVIK_SANITIZER_DEFAULTS ${PROJECT_SOURCE_DIR}/tests/support/SanitizerDefaults.cpp)
     if("undefined" IN_LIST sanitizers)
         add_compile_options(-fno-sanitize=vptr -fno-sanitize-recover=undefined)
     endif()

@@ -53,7 +53,7 @@ endfunction()
 # orvik_add_host(NAME n SOURCES ... DEPS ...): a program in the run folder.
 function(orvik_add_host)
     cmake_parse_arguments(PARSE_ARGV 0 arg "" "NAME" "SOURCES;DEPS")
-    add_executable(${arg_NAME} ${arg_SOURCES})
+    add_executable(${arg_NAME} ${arg_SOURCES} ${ORVIK_SANITIZER_DEFAULTS})
     target_link_libraries(${arg_NAME} PRIVATE ${arg_DEPS} orvik_warnings orvik_code)
     orvik_set_layer(${arg_NAME} host)
     install(TARGETS ${arg_NAME} RUNTIME DESTINATION ${ORVIK_INSTALL_DIR})
@@ -73,18 +73,17 @@ function(orvik_add_test)
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 120)
     endif()
-    add_executable(${arg_NAME} ${arg_SOURCES})
+    add_executable(${arg_NAME} ${arg_SOURCES} ${ORVIK_SANITIZER_DEFAULTS})
     set_target_properties(${arg_NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${ORVIK_TEST_DIR})
     target_include_directories(${arg_NAME} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support)
     target_link_libraries(${arg_NAME} PRIVATE ${arg_DEPS} GTest::gmock GTest::gtest GTest::gtest_main
                           orvik_warnings orvik_code)
     orvik_set_layer(${arg_NAME} test)
-    set(environment ${arg_ENVIRONMENT} ${ORVIK_TEST_ENVIRONMENT})
     list(JOIN arg_LABELS "\\;" labels)
     gtest_discover_tests(${arg_NAME}
         TEST_PREFIX ${arg_NAME}.
         DISCOVERY_TIMEOUT 120
-        PROPERTIES LABELS "${labels}" TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${environment}")
+        PROPERTIES LABELS "${labels}" TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${arg_ENVIRONMENT}")
 endfunction()
 
 # orvik_add_victim(NAME n SOURCES ... DEPS ...): a program that faults on purpose, run by tests.
@@ -93,7 +92,7 @@ function(orvik_add_victim)
         return()
     endif()
     cmake_parse_arguments(PARSE_ARGV 0 arg "" "NAME" "SOURCES;DEPS")
-    add_executable(${arg_NAME} ${arg_SOURCES})
+    add_executable(${arg_NAME} ${arg_SOURCES} ${ORVIK_SANITIZER_DEFAULTS})
     set_target_properties(${arg_NAME} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${ORVIK_TEST_DIR}/victims)
     target_link_libraries(${arg_NAME} PRIVATE ${arg_DEPS} orvik_warnings orvik_code)

@@ -89,7 +89,7 @@ public:
     AMenuTemplate* MenuTemplate() const;
 
     /// Appends the items "&Hide node" and "&Unhide node" for body nodes to the menu template;
-    /// nothing without one. The items and their actions are transferred to the template.
+    /// nothing without one. The items and their actions live until the process ends.
     void Activate();
 
     /// Each forwards its arguments unchanged to the same operation of the auto-complete object.

@@ -21,6 +21,7 @@
 #include <memory>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 // The factories of sessions and contents have no virtual destructor; what derives from them carries
 // nothing that would need one.
@@ -64,13 +65,24 @@ AContentLoader* FindLoader(const std::vector<AContentLoader*>& loaders, bool isI
     return nullptr;
 }
 
+/// An item of the context menu with its action.
+struct VisibilityItem
+{
+    VisibilityItem(const wchar_t* text, bool visible)
+        : action(visible), item(text, &action, kBodyRows)
+    {
+    }
+
+    VisibilityMenuAction action;
+    MenuItem item;
+};
+
+/// A template owns no items, and a host may keep one for longer than its sessions.
 void AddVisibilityItem(AMenuTemplate& menuTemplate, const wchar_t* text, bool visible)
 {
-    auto action = std::make_unique<VisibilityMenuAction>(visible);
-    auto item = std::make_unique<MenuItem>(text, action.get(), kBodyRows);
-    menuTemplate.AddMenuItem(item.get());
-    static_cast<void>(item.release());
-    static_cast<void>(action.release());
+    static auto& items = *new std::vector<std::unique_ptr<VisibilityItem>>;
+    items.push_back(std::make_unique<VisibilityItem>(text, visible));
+    menuTemplate.AddMenuItem(&items.back()->item);
 }
 
 } // namespace

@@ -18,10 +18,15 @@ using TambCommandsInfra::CommandTable;
 using TambCommandsInfra::Value;
 using TambCommandsInfra::ValueType;
 
-Value fault(const Arguments&)
+__attribute__((noinline, no_sanitize("address", "undefined", "thread"))) void writeNull()
 {
     volatile int* volatile nowhere = nullptr;
     *nowhere = 1;
+}
+
+Value fault(const Arguments&)
+{
+    writeNull();
     return Value();
 }
 

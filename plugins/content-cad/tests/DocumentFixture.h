@@ -2,7 +2,6 @@
 #define ORVIKCAD_TESTS_DOCUMENTFIXTURE_H
 
 #include "kernel/ReadContext.h"
-#include "tests/KernelLeaks.h"
 
 #include <BRepPrimAPI_MakeBox.hxx>
 #include <TDataStd_Name.hxx>
@@ -35,7 +34,6 @@ protected:
         return *model.nodes.back();
     }
 
-    KernelLeaks leaks;
     CadDocument document;
     TDF_Label bodyLabel; ///< Of the body that was added last.
     OrvikModel::Model model;

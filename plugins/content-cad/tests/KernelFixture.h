@@ -3,7 +3,6 @@
 
 #include "interface/CadMessages.h"
 #include "kernel/CadKernel.h"
-#include "tests/KernelLeaks.h"
 
 #include <OrvikOs/Utf8.h>
 
@@ -49,7 +48,6 @@ protected:
         return read;
     }
 
-    KernelLeaks leaks;
     CadKernel kernel;
     ScopedTempDir folder;
     std::vector<std::wstring> warnings; ///< Of the last reading or writing.

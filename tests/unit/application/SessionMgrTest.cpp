@@ -449,15 +449,6 @@ TEST(SessionMgr, NullRendererFactoriesAreNotKept)
     EXPECT_EQ(manager().GetContentRendererFactory(""), nullptr);
 }
 
-/// Frees what the activation gave to the template.
-void freeItems(OrvikCore::AMenuTemplate& menu)
-{
-    for (auto item = menu.MenuItemsBegin(); item != menu.MenuItemsEnd(); ++item) {
-        delete static_cast<OrvikCore::VisibilityMenuAction*>((*item)->Action());
-        delete *item;
-    }
-}
-
 TEST(SessionMgr, ActivateAddsTheTwoItemsForBodies)
 {
     OrvikCore::AMenuTemplate menu;
@@ -476,7 +467,6 @@ TEST(SessionMgr, ActivateAddsTheTwoItemsForBodies)
         EXPECT_TRUE(item->IsApplicableTo(static_cast<Styles>(4)));
         EXPECT_FALSE(item->IsApplicableTo(static_cast<Styles>(2)));
     }
-    freeItems(menu);
     manager().SetMenuTemplate(nullptr);
 }
 
