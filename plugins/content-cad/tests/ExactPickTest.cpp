@@ -1,6 +1,5 @@
 #include "kernel/CadShape.h"
 #include "kernel/Tessellation.h"
-#include "tests/KernelLeaks.h"
 
 #include "OrvikCore/Document.h"
 
@@ -92,7 +91,6 @@ std::vector<Ray> raysInwards()
 class ExactPick : public testing::Test
 {
 protected:
-    KernelLeaks m_leaks;
     OrvikCore::Document m_document{nullptr};
 };
 
