@@ -21,7 +21,9 @@
 #include <OrvikCore/SessionMgr.h>
 #include <OrvikCore/Shell.h>
 #include <OrvikCore/View3DFactory.h>
+#include <OrvikOs/Clock.h>
 #include <OrvikOs/Directory.h>
+#include <OrvikOs/MsgWait.h>
 #include <OrvikOs/Thread.h>
 #include <TambCommandsInfra/ProtectSignalHandlingContext.h>
 #include <TambVizCore/IView3D.h>
@@ -45,6 +47,9 @@ using OrvikCore::View3DFactory;
 
 /// A day: hosts submit synchronously and wait for as long as a job takes.
 constexpr int kJobTimeoutMs = 24 * 60 * 60 * 1000;
+
+/// How long the end of a run waits for a job that has not ended.
+constexpr std::uint64_t kMostWaitMs = 5000;
 
 const wchar_t kSystemConfiguration[] = L"/etc/pellux/pellux.toml";
 
@@ -76,7 +81,11 @@ std::unique_ptr<HostTree> makeTree(ASession& session)
 
 } // namespace
 
-HostRuntime::HostRuntime() : m_input(m_hotkeys, [this] { ensureTree(); }) {}
+HostRuntime::HostRuntime()
+    : m_input(
+          m_hotkeys, [this] { ensureTree(); }, [this] { EndGesture(); })
+{
+}
 
 HostRuntime::~HostRuntime()
 {
@@ -241,9 +250,14 @@ void HostRuntime::startJournal(const StartOptions& options)
 
 void HostRuntime::BeginForm(const std::wstring& form)
 {
+    EndGesture();
+    m_history.SetRunning(form);
+}
+
+void HostRuntime::EndGesture()
+{
     if (m_journal)
         m_journal->EndGesture();
-    m_history.SetRunning(form);
 }
 
 void HostRuntime::EndJournal()
@@ -254,6 +268,18 @@ void HostRuntime::EndJournal()
     m_journal.reset();
 }
 
+// A wait that ended early leaves its event behind, which ends every later wait at once: jobs may
+// then still run when their submitter goes on. One that never ends is left to the dispatcher.
+void HostRuntime::waitForTheWorker()
+{
+    const std::uint64_t startMs = OrvikOs::Clock::NowMs();
+    while (m_dispatcherUsed && JobDispatcher::Instance().IsBusy() &&
+           OrvikOs::Clock::NowMs() - startMs < kMostWaitMs) {
+        OrvikOs::ServeWakeSources();
+        OrvikOs::YieldThread();
+    }
+}
+
 int HostRuntime::Stop()
 {
     if (!m_started)
@@ -262,7 +288,10 @@ int HostRuntime::Stop()
     DrainOutput();
     EndJournal();
     m_navigation.Detach();
+    waitForTheWorker();
     m_exitCode = SessionMgr::Instance().Terminate();
+    // The engine goes by a job; what it was loaded from goes below.
+    waitForTheWorker();
     m_tree.reset();
     DrainOutput();
     m_gate->Close();

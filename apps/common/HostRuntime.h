@@ -91,6 +91,9 @@ public:
     /// Call before each form: writes what the mouse has done before it into the journal.
     void BeginForm(const std::wstring& form);
 
+    /// Writes what the mouse has done into the journal; call when a button was let go.
+    void EndGesture();
+
     /// Ends the journal; what comes after is not in it. Nothing without one.
     void EndJournal();
 
@@ -109,6 +112,8 @@ private:
     void startHistory(const StartOptions& options);
     void startJournal(const StartOptions& options);
     bool startEngine(const StartOptions& options, std::wstring& errorText);
+    /// At most five seconds.
+    void waitForTheWorker();
 
     std::optional<TambCommandsInfra::CallGate> m_gate;
     ConfigurationFile m_configuration;

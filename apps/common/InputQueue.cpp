@@ -70,8 +70,9 @@ void prepareHover(ASession& session, int x, int y)
 
 } // namespace
 
-InputQueue::InputQueue(const HotkeyTable& hotkeys, std::function<void()> ensureTree)
-    : m_hotkeys(hotkeys), m_ensureTree(std::move(ensureTree))
+InputQueue::InputQueue(const HotkeyTable& hotkeys, std::function<void()> ensureTree,
+                       std::function<void()> endGesture)
+    : m_hotkeys(hotkeys), m_ensureTree(std::move(ensureTree)), m_endGesture(std::move(endGesture))
 {
 }
 
@@ -162,6 +163,9 @@ bool InputQueue::playOne(Event& event, const Player& player)
                     controller->HandleWindowEvent(&args);
         },
         event);
+    const auto* const button = std::get_if<OrvikCore::MouseButtonEventArgs>(&event);
+    if (button != nullptr && !button->IsPressed() && m_endGesture)
+        m_endGesture();
     return true;
 }
 

@@ -33,9 +33,11 @@ public:
         std::function<bool(const std::wstring& script, const std::wstring& source)> runScript;
     };
 
-    /// @param hotkeys     Not owned; outlives the queue.
-    /// @param ensureTree  Gives the session a model tree before a menu is opened; may be empty.
-    InputQueue(const HotkeyTable& hotkeys, std::function<void()> ensureTree);
+    /// @param hotkeys       Not owned; outlives the queue.
+    /// @param ensureTree    Gives the session a model tree before a menu is opened; may be empty.
+    /// @param endGesture    Called when a button was let go; may be empty.
+    InputQueue(const HotkeyTable& hotkeys, std::function<void()> ensureTree,
+               std::function<void()> endGesture = {});
     ~InputQueue() override;
 
     InputQueue(const InputQueue&) = delete;
@@ -78,6 +80,7 @@ private:
 
     const HotkeyTable& m_hotkeys;
     std::function<void()> m_ensureTree;
+    std::function<void()> m_endGesture;
     std::deque<Event> m_events;
     bool m_isPlaying = false;
 };

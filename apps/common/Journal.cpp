@@ -5,6 +5,7 @@
 
 #include <OrvikCore/ACamera.h>
 #include <OrvikCore/ASession.h>
+#include <OrvikCore/AView3DControllerAdapter.h>
 #include <OrvikCore/Controller.h>
 #include <OrvikCore/Dbg.h>
 #include <OrvikCore/Document.h>
@@ -16,7 +17,6 @@
 #include <TambCommandsInfra/CommandTable.h>
 #include <TambVizCore/IView3D.h>
 #include <TambVizCore/Utils.h>
-#include <TambVizCore/Vector.h>
 
 #include <exception>
 #include <memory>
@@ -56,26 +56,14 @@ ACamera* cameraOf(const OrvikCore::ASession& session)
     return provider == nullptr ? nullptr : provider->GetCamera();
 }
 
-/// Begins a ray outside the model, by the rule of picks with the mouse.
-void beginOutside(Ray& ray, TambVizCore::IView3D& view)
+/// Begins rays as picks with the mouse do.
+class PickRays final : public OrvikCore::AView3DControllerAdapter
 {
-    const float* const direction = ray.Direction();
-    const float radius = view.GetGeometryRadius();
-    float toCenter[3];
-    TambVizCore::Subtract(view.GetGeometryCenter(), ray.Origin(), toCenter);
-    float scale = 0.0f;
-    if (radius > TambVizCore::Length(toCenter)) {
-        scale = 1.0f - 2.0f * radius / TambVizCore::Length(direction);
-    } else {
-        const float along = TambVizCore::DotProduct(toCenter, direction);
-        scale = along < 0.0f ? 2.0f * along : 0.0f;
-    }
-    float shift[3] = {direction[0], direction[1], direction[2]};
-    TambVizCore::Multiply(shift, scale);
-    float origin[3];
-    TambVizCore::Add(ray.Origin(), shift, origin);
-    ray.SetOrigin(origin);
-}
+public:
+    explicit PickRays(TambVizCore::IView3D* view) { SetView3D(view); }
+
+    using AView3DControllerAdapter::moveRayRootOutsideModel;
+};
 
 std::wstring pickForm(const Ray& ray)
 {
@@ -229,14 +217,16 @@ void Journal::notePick(const ViewOpRayPick& op)
     if (camera == nullptr)
         return;
     Ray ray = camera->Make3DRay(op.MouseX(), op.MouseY(), op.ApertureRadius());
-    beginOutside(ray, *m_session->View3D());
+    PickRays(m_session->View3D()).moveRayRootOutsideModel(ray);
     const auto job = std::make_shared<PickProbeJob>(m_session->Document(), ray);
     if (!OrvikCore::JobDispatcher::Instance().ExecuteParked(job))
         return;
     const PickNote& note = job->Note();
     const std::wstring pick =
         op.PickBody() && note.isFound ? L"(entity:body " + pickForm(ray) + L")" : pickForm(ray);
-    write((op.IsMultiple() ? L"(sel:add " : L"(sel:set ") + pick + L")", {note},
+    // A click beside the model forgets what was picked, also one that was to add.
+    const bool adds = op.IsMultiple() && note.isFound;
+    write((adds ? L"(sel:add " : L"(sel:set ") + pick + L")", {note},
           /*hasFailed=*/false);
     noteKnown();
 }

@@ -47,6 +47,33 @@ TEST_F(JournalOfTheMouse, HoldsTheCameraAtTheEndOfEachGesture)
     expectSame("1");
 }
 
+TEST_F(JournalOfTheMouse, HoldsTheCameraOfEachGestureOfOneForm)
+{
+    const std::string text =
+        recordInput({"(for-each (lambda (x) (input:drag 100 100 x 140)) '(180 150 120))",
+                     "(begin (input:drag 9 9 50 50) (input:wheel 1 200 150) (input:wheel 1 200 150)"
+                     " (input:drag 9 9 50 50 \"left+middle\"))"});
+
+    std::size_t cameras = 0;
+    for (std::size_t at = 0; (at = text.find("(view:set-camera! ", at)) != std::string::npos; ++at)
+        ++cameras;
+    // The turns of the wheel share one.
+    EXPECT_EQ(cameras, 6u) << text;
+}
+
+TEST_F(JournalOfTheMouse, HoldsWhatAShortcutRan)
+{
+    m_process.Write("keys.toml", "[hotkeys]\n\"Ctrl-f\" = \"(view:zoom-all)\"\n");
+    runForms({"(view:iso)", "(input:drag 5 5 50 50)", "(input:key \"Ctrl-f\")"},
+             {"--config", "keys.toml"});
+    const std::string text = ReadBytes(journals().at(0));
+    m_process.Write("run.journal.scm", text);
+
+    EXPECT_NE(text.find("\n(view:set-camera! "), std::string::npos) << text;
+    EXPECT_TRUE(text.ends_with("\n(view:zoom-all)\n")) << text;
+    expectEnd(replay(), 0, "0 picks: 0 same, 0 moved, 0 other, 0 gone\n");
+}
+
 TEST_F(JournalOfTheMouse, HoldsPicksSelectionsAndTheirEnd)
 {
     const std::string text =
@@ -58,6 +85,16 @@ TEST_F(JournalOfTheMouse, HoldsPicksSelectionsAndTheirEnd)
     EXPECT_NE(text.find("\n(sel:add (app:pick-entity "), std::string::npos) << text;
     EXPECT_TRUE(text.ends_with("\n(sel:clear)\n")) << text;
     expectSame("2");
+}
+
+TEST_F(JournalOfTheMouse, HoldsThatAnAddingClickBesideTheModelForgets)
+{
+    const std::string text = recordInput(
+        {"(input:click 200 150)", "(input:click 5 5 \"Ctrl-left\")",
+         "(if (pair? (sel:get)) (view:hide (sel:get)))", "(app:pick-face 5 5 100 0 0 -1 0)"});
+
+    EXPECT_EQ(text.find("(sel:add"), std::string::npos) << text;
+    expectSame("3");
 }
 
 TEST_F(JournalOfTheMouse, HoldsWhatARubberBandSelects)

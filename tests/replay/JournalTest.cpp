@@ -77,6 +77,23 @@ TEST_F(Journal, OfAKilledRunHasEverythingBeforeTheKill)
     expectEnd(replay(), 0, "1 picks: 1 same, 0 moved, 0 other, 0 gone\n");
 }
 
+/// The system refuses files of more than 4 kB from the second form on.
+TEST_F(Journal, ThatCannotBeWrittenAnyMoreIsWarnedOfOnceAndTheRunGoesOn)
+{
+    const Outcome outcome =
+        runForms({"(view:iso)",
+                  "(begin (sigaction SIGXFSZ SIG_IGN) (setrlimit 'fsize 4096 4096)"
+                  " (do ((i 0 (+ i 1))) ((= i 100)) (app:pick-face 5 5 100 0 0 -1 0)))",
+                  "(view:top)", "(view:front)", "(+ 20 22)"});
+
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_TRUE(outcome.output.ends_with("> (+ 20 22)\n42\n")) << outcome.output;
+    const std::string warning = "warning: The journal ends here: " + journals().at(0).string();
+    EXPECT_TRUE(outcome.errors.starts_with(warning)) << outcome.errors;
+    EXPECT_EQ(outcome.errors.find("warning", 1), std::string::npos) << outcome.errors;
+    EXPECT_EQ(ReadBytes(journals().at(0)).find("view:top"), std::string::npos);
+}
+
 TEST_F(Journal, OfTwoHundredFormsIsReplayed)
 {
     std::string script;

@@ -97,4 +97,15 @@ TEST(Start, HelpAndVersionEndWell)
     EXPECT_EQ(version.output.substr(0, 13), "pellux-batch ");
 }
 
+TEST(Stop, WaitsForAJobWhoseWaitEndedEarly)
+{
+    BatchProcess process;
+    process.UseTestCommands();
+    const fs::path end = process.Folder() / "end.txt";
+
+    process.Run({"--no-config", "--eval", "(test:outlive \"" + end.string() + "\")"});
+
+    EXPECT_EQ(ReadBytes(end), "served");
+}
+
 } // namespace

@@ -1,16 +1,23 @@
 #include "TreeWalkCommand.h"
 
 #include <OrvikCore/AScriptModulePluginFactory.h>
+#include <OrvikOs/FileWriting.h>
+#include <OrvikOs/MsgWait.h>
+#include <OrvikOs/Thread.h>
+#include <TambCommandsInfra/CallGate.h>
 #include <TambCommandsInfra/CancelToken.h>
 #include <TambCommandsInfra/CommandTable.h>
 
+#include <atomic>
 #include <csignal>
 #include <stdexcept>
+#include <string>
 #include <utility>
 
 namespace {
 
 using TambCommandsInfra::Arguments;
+using TambCommandsInfra::CallGate;
 using TambCommandsInfra::CancelToken;
 using TambCommandsInfra::Command;
 using TambCommandsInfra::CommandHandler;
@@ -66,6 +73,44 @@ Value loadCancelled(const Arguments& arguments)
     return CommandTable::Instance().Run("doc:load", {arguments["path"]});
 }
 
+/// Asks the application to end, once.
+class QuitSource : public OrvikOs::IMessageSource
+{
+public:
+    bool HasInput(unsigned) override { return !m_isTaken.load(std::memory_order_acquire); }
+    bool Peek(OrvikOs::Message& message, bool) override
+    {
+        message.id = OrvikOs::kMessageQuit;
+        return !m_isTaken.exchange(true, std::memory_order_acq_rel);
+    }
+    void Translate(const OrvikOs::Message&) override {}
+    void Dispatch(const OrvikOs::Message&) override {}
+
+    bool IsTaken() const { return m_isTaken.load(std::memory_order_acquire); }
+
+private:
+    std::atomic<bool> m_isTaken{false};
+};
+
+/// Ends the wait for its own job, then needs the main thread, and writes how it went.
+Value outlive(const Arguments& arguments)
+{
+    static QuitSource& source = *new QuitSource;
+    CallGate::Call([] { OrvikOs::SetMessageSource(&source); });
+    while (!source.IsTaken())
+        OrvikOs::YieldThread();
+    std::string end = "served";
+    try {
+        for (int i = 0; i < 1000; ++i)
+            CallGate::Call([] {});
+    } catch (const std::exception& error) {
+        end = error.what();
+    }
+    const std::wstring file = arguments["path"].AsString();
+    OrvikOs::WriteFileAtomically(file, end.data(), end.size(), nullptr);
+    return Value();
+}
+
 Command make(const char* name, CommandHandler handler)
 {
     Command command;
@@ -97,6 +142,9 @@ protected:
         path.help = "file to read";
         load.parameters = {path};
         table.Register(load);
+        Command outliving = make("test:outlive", outlive);
+        outliving.parameters = {path};
+        table.Register(outliving);
         RegisterTreeWalkCommand(table);
         m_initialized = true;
         return true;

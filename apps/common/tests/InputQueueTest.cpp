@@ -94,6 +94,25 @@ TEST_F(Input, ForgetsTheRestAfterAFailure)
     EXPECT_EQ(m_run, L"Ctrl-a(a) ");
 }
 
+TEST_F(Input, AGestureEndsWithEachReleaseOfAButton)
+{
+    using OrvikCore::MouseButton;
+    int ended = 0;
+    Pellux::InputQueue queue(m_hotkeys, {}, [&ended] { ++ended; });
+    queue.PostButton({MouseButton::Selection, true, 1, 2, ModifierKey::None});
+    queue.PostMotion(
+        {OrvikCore::MouseAction::Moved, 3, 4, MouseButton::Selection, ModifierKey::None});
+    const Pellux::InputQueue::Player player{[] { return true; }, {}};
+    queue.Play(player);
+    EXPECT_EQ(ended, 0);
+
+    for (const MouseButton button : {MouseButton::Selection, MouseButton::Zoom})
+        queue.PostButton({button, false, 3, 4, ModifierKey::None});
+
+    EXPECT_TRUE(queue.Play(player));
+    EXPECT_EQ(ended, 2);
+}
+
 TEST_F(Input, EndsWhenItsPlayerGivesUp)
 {
     m_goOn = false;
