@@ -1,0 +1,171 @@
+#include "JournalFixture.h"
+#include "Pictures.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <sstream>
+#include <string>
+#include <utility>
+
+namespace {
+
+constexpr int kEvents = 200;
+constexpr int kWidth = 640;
+constexpr int kHeight = 480;
+
+/// Makes what a hand might do in a window of 640 x 480 pixels; the same for the same seed.
+class Hand
+{
+public:
+    explicit Hand(std::uint64_t seed) : m_state(seed) {}
+
+    /// A script of 200 events, with commands that hide, take back and cut between them. At the end
+    /// the pointer leaves, and what lies in the middle is selected.
+    std::string Script()
+    {
+        std::ostringstream script;
+        script << "(view:iso)\n(view:zoom-all)\n";
+        for (int i = 1; i <= kEvents - 2; ++i)
+            script << (i % 20 == 0 ? "(input:key \"Ctrl-f\")" : event()) << '\n' << command(i);
+        script << "(view:iso)\n(view:zoom-all)\n(sel:clear)\n(input:mouse 'leave 0 0)\n"
+                  "(input:click 320 240 \"Ctrl-left\")\n";
+        return script.str();
+    }
+
+private:
+    int below(int count)
+    {
+        m_state = m_state * 6364136223846793005u + 1442695040888963407u;
+        return static_cast<int>((m_state >> 33) % static_cast<std::uint64_t>(count));
+    }
+
+    /// A place in the middle half of the window.
+    std::string place()
+    {
+        const int x = kWidth / 4 + below(kWidth / 2);
+        const int y = kHeight / 4 + below(kHeight / 2);
+        return std::to_string(x) + " " + std::to_string(y);
+    }
+
+    std::string drag(const std::string& gesture)
+    {
+        const std::string from = place();
+        return "(input:drag " + from + " " + place() + " \"" + gesture + "\")";
+    }
+
+    std::string event()
+    {
+        switch (below(12)) {
+        case 0:
+        case 1:
+        case 2:
+            return "(input:click " + place() + ")";
+        case 3:
+        case 4:
+            return "(input:click " + place() + " \"Ctrl-left\")";
+        case 5:
+            return drag("left");
+        case 6:
+            return drag("left+middle");
+        case 7:
+            return drag("Shift-left");
+        case 8: {
+            const std::string steps = std::to_string(below(7) - 3);
+            return "(input:wheel " + steps + " " + place() + ")";
+        }
+        case 9:
+            return "(input:mouse 'move " + place() + " \"Shift\")";
+        case 10:
+            return "(input:key \"Escape\")";
+        default:
+            return drag("middle");
+        }
+    }
+
+    static std::string command(int i)
+    {
+        std::string text;
+        if (i % 25 == 0)
+            text += "(if (pair? (sel:get)) (view:hide (sel:get)))\n";
+        if (i % 25 == 10)
+            text += "(view:undo)\n";
+        if (i % 50 == 5)
+            text += "(let ((b (doc:bounding-box)))\n"
+                    "  (view:section (map (lambda (l h) (/ (+ l h) 2)) (list-head b 3)\n"
+                    "                     (list-tail b 3)) '(0 1 0.3)))\n";
+        if (i % 50 == 40)
+            text += "(view:section-off)\n";
+        return text;
+    }
+
+    std::uint64_t m_state;
+};
+
+class DrivenSession : public JournalFixture
+{
+protected:
+    void drive(const std::string& model, std::uint64_t seed) const
+    {
+        m_process.Write("keys.toml", "[hotkeys]\n\"Ctrl-f\" = \"(view:zoom-all)\"\n");
+        m_process.Write("hand.scm", Hand(seed).Script());
+        const Outcome outcome = m_process.Run({model, "--config", "keys.toml", "--size", "640x480",
+                                               "--script", "hand.scm", "--output", "driven.png"});
+        ASSERT_EQ(outcome.exitCode, 0) << outcome.errors;
+        ASSERT_EQ(journals().size(), 1u);
+        m_process.Write("run.journal.scm", ReadBytes(journals().back()));
+    }
+
+    /// Every pick is the same, and there are enough that hit and that miss.
+    void expectSamePicks(const Outcome& outcome) const
+    {
+        EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+        const std::string journal = ReadBytes(m_process.Folder() / "run.journal.scm");
+        int picks = 0;
+        int misses = 0;
+        for (std::size_t at = 0; (at = journal.find("\n;= pick ", at)) != std::string::npos; ++at) {
+            ++picks;
+            misses += journal.compare(at + 9, 7, "nothing") == 0 ? 1 : 0;
+        }
+        EXPECT_GT(picks - misses, 20);
+        EXPECT_GT(misses, 5);
+        const std::string count = std::to_string(picks);
+        EXPECT_NE(outcome.output.find("\n" + count + " picks: " + count +
+                                      " same, 0 moved, 0 other, "
+                                      "0 gone\n"),
+                  std::string::npos)
+            << outcome.output.substr(outcome.output.size() - 300);
+    }
+
+    /// Replays at the same size and at another one.
+    void expectReplayed() const
+    {
+        expectSamePicks(replay({"--output", "replayed.png"}));
+        const PictureDifference difference =
+            ComparePictures(m_process.Folder() / "driven.png", m_process.Folder() / "replayed.png");
+        EXPECT_EQ(difference.pixels, kWidth * kHeight);
+        EXPECT_GT(difference.colors, 20);
+        EXPECT_LE(difference.off, difference.pixels / 200);
+        expectSamePicks(replay({"--size", "900x500"}));
+    }
+};
+
+TEST_F(DrivenSession, OnAMeshIsReplayedWithTheSameEntitiesAndPicture)
+{
+    drive(SourceFile("examples/gear.stl"), 1);
+
+    expectReplayed();
+}
+
+#ifdef ORVIK_CAD_MODELS
+
+TEST_F(DrivenSession, OnAnAssemblyIsReplayedWithTheSameEntitiesAndPicture)
+{
+    drive(std::string(ORVIK_CAD_MODELS) + "/assembly_ap214.step", 2);
+
+    expectReplayed();
+}
+
+#endif
+
+} // namespace
