@@ -124,6 +124,16 @@ void PelluxApplication::SetInput(OrvikCore::IInputQueue& queue, OrvikCore::INavi
     m_navigation = &navigation;
 }
 
+OrvikCore::IHostWindow* PelluxApplication::GetHostWindow() const
+{
+    return m_hostWindow;
+}
+
+void PelluxApplication::SetHostWindow(OrvikCore::IHostWindow* window)
+{
+    m_hostWindow = window;
+}
+
 bool PelluxApplication::IsQuitRequested() const
 {
     return m_quitRequested;

@@ -2,6 +2,7 @@
 #define APPSCOMMON_PELLUXAPPLICATION_H
 
 #include <OrvikCore/IApplication.h>
+#include <OrvikCore/IHostWindow.h>
 #include <OrvikCore/IInputProvider.h>
 
 #include <functional>
@@ -20,7 +21,9 @@ struct HostKind
 ///
 /// Lives in static storage: the session manager ends it in place without releasing its storage.
 /// @thread Main thread, except where IApplication says otherwise.
-class PelluxApplication : public OrvikCore::IApplication, public OrvikCore::IInputProvider
+class PelluxApplication : public OrvikCore::IApplication,
+                          public OrvikCore::IInputProvider,
+                          public OrvikCore::IHostWindowProvider
 {
 public:
     /// Makes the application in its static storage.
@@ -59,6 +62,11 @@ public:
     /// Keeps what scripts reach input by (not owned; alive as long as the application).
     void SetInput(OrvikCore::IInputQueue& queue, OrvikCore::INavigation& navigation);
 
+    OrvikCore::IHostWindow* GetHostWindow() const override;
+
+    /// Keeps the window (not owned) that scripts reach; null when it goes.
+    void SetHostWindow(OrvikCore::IHostWindow* window);
+
     /// @return true once Quit() was called.
     bool IsQuitRequested() const;
 
@@ -69,6 +77,7 @@ private:
     Recorder m_recorder;                            ///< May be empty.
     OrvikCore::IInputQueue* m_inputQueue = nullptr; ///< Not owned.
     OrvikCore::INavigation* m_navigation = nullptr; ///< Not owned.
+    OrvikCore::IHostWindow* m_hostWindow = nullptr; ///< Not owned.
     bool m_paused = false;
     bool m_quitRequested = false;
     int m_exitCode = 0;

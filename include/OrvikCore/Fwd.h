@@ -57,6 +57,8 @@ class IDimensionDrawer;
 class IEntityProperties;
 class IFrameProvider;
 class IFrameWindow;
+class IHostWindow;
+class IHostWindowProvider;
 class IIdPictureSaver;
 class IInputProvider;
 class IInputQueue;

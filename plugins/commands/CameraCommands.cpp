@@ -208,6 +208,56 @@ Command restoreCameraCommand(const std::shared_ptr<SavedCameras>& cameras)
     return command;
 }
 
+bool isThreeNumbers(const Value& value)
+{
+    const auto isNumber = [](const Value& item) {
+        return item.GetKind() == Value::Kind::Integer || item.GetKind() == Value::Kind::Real;
+    };
+    return value.GetKind() == Value::Kind::List && value.AsList().size() == 3 &&
+           std::all_of(value.AsList().begin(), value.AsList().end(), isNumber);
+}
+
+Command rotationCenterCommand()
+{
+    Command command;
+    command.name = "view:rotation-center";
+    Parameter point;
+    point.name = "point";
+    point.type = ValueType::Any;
+    point.help = "x, y and z in world units, or #f for the middle of the model; left out, nothing "
+                 "changes";
+    point.presence = TambCommandsInfra::Presence::Optional;
+    command.parameters = {point};
+    command.result = ValueType::List;
+    command.resultHelp = "the point that holds now, in world units";
+    command.summary = "Chooses the point that the mouse turns the model about.";
+    command.help = "A pick chooses another, and so does whatever moves the camera to a new target.";
+    command.example = "(view:rotation-center '(0 0 10))";
+    command.effect = CommandEffect::Changes;
+    command.handler = [name = command.name](const Arguments& arguments) {
+        const Value& given = arguments["point"];
+        const bool isMiddle = given.GetKind() == Value::Kind::Bool && !given.AsBool();
+        const bool isPoint = isThreeNumbers(given);
+        if (arguments.IsGiven("point") && !isMiddle && !isPoint)
+            throw WrongArgument(name, "point", "a point (three numbers), or #f", given);
+        std::array<float, 3> now = {};
+        CallGate::Call([&] {
+            ACamera& camera = *CurrentCameraView().GetCamera();
+            if (isMiddle) {
+                camera.SetRotationCenter(CurrentView().GetGeometryCenter());
+            } else if (isPoint) {
+                const std::array<double, 3> wanted = given.AsVector();
+                for (std::size_t i = 0; i < 3; ++i)
+                    now[i] = static_cast<float>(wanted[i]);
+                camera.SetRotationCenter(now.data());
+            }
+            camera.GetRotationCenter(now.data());
+        });
+        return Value(Value::FromVector({now[0], now[1], now[2]}));
+    };
+    return command;
+}
+
 Command animateCommand()
 {
     Command command;
@@ -295,6 +345,7 @@ void RegisterCameraCommands(CommandTable& table)
     table.Register(upAxisCommand());
     table.Register(saveCameraCommand(cameras));
     table.Register(restoreCameraCommand(cameras));
+    table.Register(rotationCenterCommand());
     table.Register(animateCommand());
     table.Register(pickCommand());
     table.Register(zoomToCommand());

@@ -29,6 +29,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterTessellationCommands(table);
     RegisterViewCommands(table);
     RegisterVisibilityCommands(table);
+    RegisterWindowCommands(table);
 }
 
 } // namespace OrvikCommands

@@ -33,6 +33,7 @@ void RegisterSettingsCommands(TambCommandsInfra::CommandTable& table);
 void RegisterTessellationCommands(TambCommandsInfra::CommandTable& table);
 void RegisterViewCommands(TambCommandsInfra::CommandTable& table);
 void RegisterVisibilityCommands(TambCommandsInfra::CommandTable& table);
+void RegisterWindowCommands(TambCommandsInfra::CommandTable& table);
 
 /// Registers every command of the script language.
 ///

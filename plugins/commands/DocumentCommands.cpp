@@ -14,6 +14,7 @@
 #include <TambCommandsInfra/ITambDocumentServices.h>
 #include <TambVizCore/Utils.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <vector>
 
@@ -41,21 +42,27 @@ void clearDocument(ASession& session)
     session.Document().SetOpenedModelName(L"");
 }
 
+/// Where the camera goes when a file was read.
+enum class CameraMove
+{
+    ToAll,
+    None,
+};
+
 /// Shows what was loaded. Main thread.
-void showLoaded(ASession& session, const std::wstring& path, bool replace)
+void showLoaded(ASession& session, const std::wstring& path, bool replace, CameraMove move)
 {
     if (replace)
         session.Document().SetOpenedModelName(Utils::GetFileNameOnly(path));
     session.UpdateAfterContentModified();
-    session.ZoomAll();
+    if (move == CameraMove::ToAll)
+        session.ZoomAll();
 }
 
 /// Reads a file on the worker; the document and the view change in commits on the main thread.
-Value load(const std::wstring& given, bool replace)
+Value load(const std::wstring& path, bool replace, CameraMove move)
 {
     ASession& session = Session();
-    const std::wstring path =
-        InFolder(OrvikCore::SessionMgr::Instance().GetDefaultInputDirectory(), given);
     if (replace)
         CallGate::Call([&session] { clearDocument(session); });
     // The view gets ready on the main thread while the file is read here.
@@ -75,7 +82,7 @@ Value load(const std::wstring& given, bool replace)
         throw std::runtime_error(Utils::WstringToString(errorText));
     if (!loaded)
         throw std::runtime_error(Utils::WstringToString(path) + ": there is nothing in the file");
-    CallGate::Call([&] { showLoaded(session, path, replace); });
+    CallGate::Call([&] { showLoaded(session, path, replace, move); });
     return Value(true);
 }
 
@@ -93,8 +100,47 @@ Command loadCommand(const std::string& verb, bool replace)
     command.example = "(" + command.name + " \"bracket.stl\")";
     command.effect = CommandEffect::Changes;
     command.handler = [replace](const Arguments& arguments) {
-        return load(arguments["path"].AsString(), replace);
+        return load(InFolder(OrvikCore::SessionMgr::Instance().GetDefaultInputDirectory(),
+                             arguments["path"].AsString()),
+                    replace, CameraMove::ToAll);
     };
+    return command;
+}
+
+/// Reads the files of what is loaded anew.
+Value reload()
+{
+    std::vector<std::wstring> paths;
+    for (OrvikCore::AContent* const content : Session().Document().GetContentList())
+        if (content != nullptr &&
+            std::find(paths.begin(), paths.end(), content->GetLongId()) == paths.end())
+            paths.push_back(content->GetLongId());
+    // What is shown stays when a file is missing.
+    for (const std::wstring& path : paths)
+        if (!Utils::FileExists(path))
+            throw std::runtime_error(Utils::WstringToString(path) + ": the file does not exist");
+    bool replace = true;
+    for (const std::wstring& path : paths) {
+        load(path, replace, CameraMove::None);
+        replace = false;
+    }
+    if (!paths.empty())
+        CallGate::Call([] { Session().UpdateDisplay(); });
+    return Value(!paths.empty());
+}
+
+Command reloadCommand()
+{
+    Command command;
+    command.name = "doc:reload";
+    command.result = ValueType::Bool;
+    command.resultHelp = "#f when nothing is loaded; a file that cannot be read is an error";
+    command.summary = "Reads the files of everything that is loaded again.";
+    command.help = "The camera and the sections stay; what was selected or hidden does not. When "
+                   "a file is missing nothing happens.";
+    command.example = "(doc:reload)";
+    command.effect = CommandEffect::Changes;
+    command.handler = [](const Arguments&) { return reload(); };
     return command;
 }
 
@@ -160,6 +206,7 @@ void RegisterDocumentCommands(CommandTable& table)
     table.DescribeFamily("doc", "Document");
     table.Register(loadCommand("load", /*replace=*/true));
     table.Register(loadCommand("import", /*replace=*/false));
+    table.Register(reloadCommand());
     table.Register(clearCommand());
     table.Register(contentsCommand());
     table.Register(boundingBoxCommand());

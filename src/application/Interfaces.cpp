@@ -3,6 +3,7 @@
 #include "OrvikCore/APathHelper.h"
 #include "OrvikCore/AViewManipulator.h"
 #include "OrvikCore/IApplication.h"
+#include "OrvikCore/IHostWindow.h"
 #include "OrvikCore/IIdPictureSaver.h"
 #include "OrvikCore/ISessionObserver.h"
 
@@ -12,6 +13,10 @@ ABufferManipulator::~ABufferManipulator() = default;
 APathHelper::~APathHelper() = default;
 AViewManipulator::~AViewManipulator() = default;
 IApplication::~IApplication() = default;
+
+IHostWindow::~IHostWindow() = default;
+
+IHostWindowProvider::~IHostWindowProvider() = default;
 IIdPictureSaver::~IIdPictureSaver() = default;
 ISessionObserver::~ISessionObserver() = default;
 
