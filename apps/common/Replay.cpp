@@ -90,6 +90,7 @@ Replay::Replay(OrvikCore::Shell& shell, OrvikCore::ASession& session, BeforeForm
                AfterPick afterPick)
     : m_shell(shell),
       m_session(session),
+      m_former(TambCommandsInfra::GetCommandJournal()),
       m_beforeForm(std::move(beforeForm)),
       m_afterPick(std::move(afterPick))
 {
@@ -98,7 +99,7 @@ Replay::Replay(OrvikCore::Shell& shell, OrvikCore::ASession& session, BeforeForm
 
 Replay::~Replay()
 {
-    TambCommandsInfra::SetCommandJournal(nullptr);
+    TambCommandsInfra::SetCommandJournal(m_former);
 }
 
 ReplayOutcome Replay::Run(const std::wstring& text, const std::wstring& file)
@@ -169,6 +170,8 @@ void Replay::compare(const JournalEntry& entry, ReplayOutcome& outcome)
 void Replay::NoteCommand(const TambCommandsInfra::Command& command,
                          const TambCommandsInfra::Arguments& arguments) noexcept
 {
+    if (m_former != nullptr)
+        m_former->NoteCommand(command, arguments);
     try {
         const std::optional<PickNote> pick = ProbeCommand(m_session.Document(), command, arguments);
         if (!pick)

@@ -70,7 +70,7 @@ struct ReplayOutcome
 /// Runs a journal form by form and compares what its picks find.
 ///
 /// Forms that failed when the journal was written may fail again; any other failure ends the
-/// replay. @thread Main thread, except NoteCommand.
+/// replay. The journal of the run goes on meanwhile. @thread Main thread, except NoteCommand.
 class Replay final : public TambCommandsInfra::ICommandJournal
 {
 public:
@@ -103,6 +103,7 @@ private:
 
     OrvikCore::Shell& m_shell;
     OrvikCore::ASession& m_session;
+    TambCommandsInfra::ICommandJournal* const m_former; ///< Not owned; back in place afterwards.
     BeforeForm m_beforeForm;
     AfterPick m_afterPick;
     OrvikOs::CriticalSection m_lock;
