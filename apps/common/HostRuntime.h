@@ -100,6 +100,9 @@ public:
     /// @return what scripts have asked the host to do with mouse and keys; play it after each job.
     InputQueue& GetInput() { return m_input; }
 
+    /// @return the keyboard shortcuts of the configuration.
+    const HotkeyTable& GetHotkeys() const { return m_hotkeys; }
+
     /// Shows what was printed so far. Call before a prompt, a result or the end.
     void DrainOutput();
 

@@ -77,6 +77,9 @@ public:
     /// Asks for the end of what runs; also of the forms behind it.
     void Cancel();
 
+    /// Tells whether Cancel() was called since what runs has begun.
+    bool IsCancelled() const { return m_isCancelled; }
+
     /// Shows what was printed so far; for the host's own output. Called by the session's listener.
     void Print(const QString& text, int messageType);
 

@@ -1,5 +1,6 @@
 #include "window/MainWindow.h"
 
+#include "actions/WindowMenus.h"
 #include "console/ConsoleDock.h"
 #include "crash/CrashNotice.h"
 #include "runtime/CommandRunner.h"
@@ -87,6 +88,9 @@ void MainWindow::addPanels()
     if (HostTree* const tree = m_host.GetTree())
         addDock("tree", tr("Model tree"), Qt::LeftDockWidgetArea,
                 new TreePanel(*tree, m_runner, session));
+    // Last: the menus list the docks.
+    m_menus = std::make_unique<WindowMenus>(*this, m_runner, m_host,
+                                            stateFile(QStringLiteral("recent-files")));
 }
 
 QDockWidget* MainWindow::addDock(const char* name, const QString& title, Qt::DockWidgetArea area,

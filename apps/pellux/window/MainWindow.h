@@ -6,6 +6,7 @@
 #include <OrvikCore/ISessionObserver.h>
 
 #include <QMainWindow>
+#include <memory>
 
 QT_BEGIN_NAMESPACE
 class QDockWidget;
@@ -19,6 +20,7 @@ class ConsoleDock;
 class HostRuntime;
 class StatusLine;
 class ViewWidget;
+class WindowMenus;
 
 /// The window: the 3D view in the middle, docks around it, the status line below. Where its parts
 /// lie is remembered from one run to the next. @thread Main thread.
@@ -45,6 +47,7 @@ public:
 
     ViewWidget& View() { return *m_view; }
     ConsoleDock& Console() { return *m_console; }
+    WindowMenus& Menus() { return *m_menus; }
     StatusLine& Status() { return *m_status; }
     CrashNotice& Crashes() { return *m_crashes; }
 
@@ -81,6 +84,7 @@ private:
     StatusLine* m_status;             ///< Owned by the window as its child.
     CrashNotice* m_crashes;           ///< Owned by the window as its child.
     ConsoleDock* m_console = nullptr; ///< Owned by the window as its child.
+    std::unique_ptr<WindowMenus> m_menus;
     QByteArray m_firstLayout;
     std::uint64_t m_countedScene = 0; ///< The scene's stamp when its triangles were counted.
 };
