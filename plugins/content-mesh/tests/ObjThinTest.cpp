@@ -6,8 +6,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-using namespace OrvikMesh;
-using OrvikModel::ModelNode;
+using OrvikMesh::MakeBodies;
+using OrvikMesh::MeshArray;
+using OrvikMesh::MeshThin;
+using OrvikMesh::ReadMessages;
 using OrvikModel::NodeKind;
 using testing::ElementsAre;
 using testing::IsEmpty;

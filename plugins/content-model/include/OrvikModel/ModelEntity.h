@@ -51,7 +51,7 @@ bool HasPart(const ModelNode& node, std::uint64_t partId);
 ///
 /// Deliberate: rows that group views or captures do not have the number of their type, because
 /// TreeBuilder::ExtractEntityId makes one entity of all paths that end in it, whatever content they
-/// are of (test ModelTree.GroupsOfViewsOfSeveralContentsAreToldApart).
+/// are of. Held by ModelTree.GroupsOfViewsOfSeveralContentsAreToldApart.
 std::uint64_t RowIdOf(const Model& model, const ModelNode& node);
 
 /// What a row or a tool tip says of a node: its name, the text after it for an annotation, the word
