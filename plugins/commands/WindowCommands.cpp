@@ -17,7 +17,6 @@ using OrvikCore::IHostWindow;
 using TambCommandsInfra::Arguments;
 using TambCommandsInfra::CallGate;
 using TambCommandsInfra::Command;
-using TambCommandsInfra::CommandEffect;
 using TambCommandsInfra::CommandTable;
 using TambCommandsInfra::Parameter;
 using TambCommandsInfra::Presence;
@@ -71,7 +70,6 @@ Command showPanelCommand()
     command.parameters = {name, SwitchParameter("show", "#t shows, #f hides; #t when left out")};
     command.summary = "Shows or hides what the window has beside the view.";
     command.example = "(app:show-panel \"console\")";
-    command.effect = CommandEffect::Changes;
     command.handler = [self = command.name](const Arguments& arguments) {
         CallGate::Call([&] {
             IHostWindow& window = hostWindow();
@@ -96,7 +94,6 @@ Command watchCommand()
     command.help = "A file that is being written is read once it rests. The camera and the "
                    "sections stay; see doc:reload.";
     command.example = "(app:watch #t)";
-    command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments& arguments) {
         CallGate::Call([&] { hostWindow().SetWatching(arguments["on"].AsBool()); });
         return Value();
@@ -166,6 +163,8 @@ Command quitCommand()
 
 } // namespace
 
+// None of them changes model or view, so no journal holds them: a program without a window can
+// replay what one with a window has done.
 void RegisterWindowCommands(CommandTable& table)
 {
     table.Register(panelsCommand());

@@ -34,6 +34,13 @@ TEST_F(JournalPanel, ShowsCommandsAsTheyRun)
     EXPECT_TRUE(m_panel->Text().contains(QStringLiteral("(app:pick-entity 5 5 50 0 0 -1 0.1)")));
 }
 
+TEST_F(JournalPanel, LeavesOutWhatOnlyAWindowCanDo)
+{
+    Do("(app:show-panel \"about\") (app:watch #f) (view:copy-image 20 20)");
+    EXPECT_FALSE(m_panel->Text().contains(QStringLiteral("app:")));
+    EXPECT_FALSE(m_panel->Text().contains(QStringLiteral("copy-image")));
+}
+
 TEST_F(JournalPanel, ReplaysThisRunWithTheSameResult)
 {
     work();
