@@ -32,6 +32,7 @@ void waitForTheWorker()
 CommandRunner::Scope::Scope(CommandRunner& runner) : m_runner(runner)
 {
     m_runner.m_isRunning = true;
+    Q_EMIT m_runner.AboutToRun();
     waitForTheWorker();
     m_runner.m_isCancelled = false;
     Q_EMIT m_runner.BusyChanged(true);

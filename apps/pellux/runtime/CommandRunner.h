@@ -84,6 +84,9 @@ public:
     void Print(const QString& text, int messageType);
 
 Q_SIGNALS:
+    /// Something is about to run: whoever uses the worker on the side is to let go of it.
+    void AboutToRun();
+
     /// Something begins or has ended to run. Actions that change something are off meanwhile.
     void BusyChanged(bool isBusy);
 

@@ -3,6 +3,7 @@
 #include "actions/WindowMenus.h"
 #include "console/ConsoleDock.h"
 #include "crash/CrashNotice.h"
+#include "properties/PropertiesPanel.h"
 #include "runtime/CommandRunner.h"
 #include "runtime/Guarded.h"
 #include "runtime/QtText.h"
@@ -88,6 +89,8 @@ void MainWindow::addPanels()
     if (HostTree* const tree = m_host.GetTree())
         addDock("tree", tr("Model tree"), Qt::LeftDockWidgetArea,
                 new TreePanel(*tree, m_runner, session));
+    addDock("properties", tr("Properties"), Qt::RightDockWidgetArea,
+            new PropertiesPanel(m_runner, session));
     // Last: the menus list the docks.
     m_menus = std::make_unique<WindowMenus>(*this, m_runner, m_host,
                                             stateFile(QStringLiteral("recent-files")));
