@@ -131,6 +131,20 @@ bool HostRuntime::loadConfiguration(const StartOptions& options, std::wstring& e
     return good;
 }
 
+bool HostRuntime::ReadHotkeysAgain(const std::wstring& file, std::wstring& errorText)
+{
+    ConfigurationFile layered = m_configuration;
+    if (!layered.AddFile(file, /*mustExist=*/false)) {
+        errorText = layered.GetErrorText();
+        return false;
+    }
+    HotkeyTable hotkeys;
+    if (!hotkeys.Read(layered, errorText))
+        return false;
+    m_hotkeys = hotkeys;
+    return true;
+}
+
 void HostRuntime::createApplication(const StartOptions& options)
 {
     SessionMgr& manager = SessionMgr::Instance();

@@ -88,6 +88,13 @@ public:
     /// @return the model tree; null without StartOptions::withTree. Not owned, valid until Stop().
     HostTree* GetTree();
 
+    /// Reads the shortcuts of the configuration again, with those of a further file over them.
+    ///
+    /// @param file       May be missing.
+    /// @param errorText  Receives lines "<path>:<line>:<column>: <reason>" on false; the shortcuts
+    ///                   are as before then.
+    bool ReadHotkeysAgain(const std::wstring& file, std::wstring& errorText);
+
     /// Call before each form: writes what the mouse has done before it into the journal.
     void BeginForm(const std::wstring& form);
 

@@ -25,6 +25,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterSectionCommands(table);
     RegisterSelectionCommands(table);
     RegisterSelectionFindCommands(table);
+    RegisterPreferenceCommands(table);
     RegisterSettingsCommands(table);
     RegisterTessellationCommands(table);
     RegisterViewCommands(table);

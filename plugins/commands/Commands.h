@@ -29,6 +29,7 @@ void RegisterPictureCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSectionCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSelectionCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSelectionFindCommands(TambCommandsInfra::CommandTable& table);
+void RegisterPreferenceCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSettingsCommands(TambCommandsInfra::CommandTable& table);
 void RegisterTessellationCommands(TambCommandsInfra::CommandTable& table);
 void RegisterViewCommands(TambCommandsInfra::CommandTable& table);

@@ -3,9 +3,13 @@
 #include "Explosion.h"
 #include "SceneParts.h"
 
+#include <TambCommandsInfra/CallGate.h>
 #include <TambCommandsInfra/CommandTable.h>
 #include <TambVizCore/IView3D.h>
 #include <TambVizCore/IViewDoUndoStrategy.h>
+#include <TambVizCore/Node.h>
+
+#include <algorithm>
 
 namespace OrvikCommands {
 namespace {
@@ -39,6 +43,40 @@ Value explode(const Arguments& arguments)
     return Value(isMoved);
 }
 
+/// How far a scene is taken apart: what nodes are away by, in terms of what 1 would move them.
+double presentAmount()
+{
+    TambVizCore::Node& root = CurrentView().GetSceneRoot();
+    double amount = 0.0;
+    // No amount is negative, so every node that would move is listed.
+    for (const auto& [id, back] : Explode(root, -1.0, kEveryLevel).displacements) {
+        const TambVizCore::Node* const node = TambVizCore::FindRenderId(root, id).node;
+        double along = 0.0;
+        double square = 0.0;
+        for (std::size_t i = 0; i < 3; ++i) {
+            along -= back[i] * node->Displacement()[i];
+            square += back[i] * back[i];
+        }
+        if (square > 0.0)
+            amount = std::max(amount, along / square);
+    }
+    return amount;
+}
+
+Command explosionCommand()
+{
+    Command command;
+    command.name = "view:explosion";
+    command.result = ValueType::Real;
+    command.resultHelp = "the amount that view:explode was given last, as far as it still shows";
+    command.summary = "Tells how far assemblies are taken apart.";
+    command.example = "(view:explosion)";
+    command.handler = [](const Arguments&) {
+        return Value(TambCommandsInfra::CallGate::Call([] { return presentAmount(); }));
+    };
+    return command;
+}
+
 } // namespace
 
 void RegisterExplodeCommand(CommandTable& table)
@@ -70,6 +108,7 @@ void RegisterExplodeCommand(CommandTable& table)
     command.effect = CommandEffect::Changes;
     command.handler = explode;
     table.Register(std::move(command));
+    table.Register(explosionCommand());
 }
 
 } // namespace OrvikCommands

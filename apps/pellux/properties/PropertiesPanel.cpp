@@ -16,6 +16,12 @@
 #include <algorithm>
 
 namespace Pellux {
+namespace {
+
+/// How soon to ask again what was cut short, milliseconds.
+constexpr int kAskAgainMs = 200;
+
+} // namespace
 
 PropertiesPanel::PropertiesPanel(CommandRunner& runner, OrvikCore::ASession& session,
                                  QWidget* parent)
@@ -26,7 +32,11 @@ PropertiesPanel::PropertiesPanel(CommandRunner& runner, OrvikCore::ASession& ses
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, [this] { Guarded([this] { refresh(); }); });
     connect(&runner, &CommandRunner::StateChanged, this, [this] { m_timer.start(0); });
-    connect(&runner, &CommandRunner::AboutToRun, this, [this] { Guarded([this] { drop(); }); });
+    connect(&runner, &CommandRunner::AboutToRun, this, [this] {
+        if (m_job != nullptr)
+            m_timer.start(kAskAgainMs);
+        Guarded([this] { drop(); });
+    });
     showState();
 }
 
@@ -78,8 +88,10 @@ void PropertiesPanel::addActions()
 
 void PropertiesPanel::refresh()
 {
-    if (m_runner.IsBusy() && m_job == nullptr)
-        return; // Comes again when that has ended.
+    if (m_runner.IsRunning()) {
+        m_timer.start(kAskAgainMs);
+        return;
+    }
     const std::vector<TambVizCore::EntityId> entities = m_session.GetPickedEntities();
     const std::vector<OrvikCore::AContent*>& contents = m_session.Document().GetContentList();
     const bool isSame = entities == m_entities && contents == m_contents;

@@ -2,10 +2,10 @@
 
 #include "properties/PropertyTexts.h"
 #include "runtime/QtText.h"
+#include "runtime/QuietCommand.h"
 #include "tree/EntityForms.h"
 
 #include <TambCommandsInfra/CancelToken.h>
-#include <TambCommandsInfra/CommandTable.h>
 
 #include <JournalText.h>
 
@@ -16,7 +16,6 @@
 
 namespace Pellux {
 
-using TambCommandsInfra::CommandTable;
 using TambCommandsInfra::Value;
 using TambVizCore::EntityId;
 
@@ -27,15 +26,10 @@ QString translated(const char* text)
     return QCoreApplication::translate("Properties", text);
 }
 
-Value run(const char* command, std::vector<Value> arguments)
-{
-    return CommandTable::Instance().Run(command, std::move(arguments));
-}
-
 /// @return the entity as commands take it; #f when it is gone.
 Value find(const EntityId& entity)
 {
-    return run("entity:by-id", {Value(EntityWords(entity))});
+    return RunQuietly("entity:by-id", {Value(EntityWords(entity))});
 }
 
 bool isFalse(const Value& value)
@@ -47,7 +41,7 @@ bool isFalse(const Value& value)
 Value askOne(const char* command, const EntityId& entity)
 {
     const Value found = find(entity);
-    return isFalse(found) ? found : run(command, {found});
+    return isFalse(found) ? found : RunQuietly(command, {found});
 }
 
 QString scriptOf(const char* command, const EntityId& entity)
@@ -75,7 +69,7 @@ PropertyQuestion bodyQuestion(const EntityId& entity)
                 PropertyAnswer answer;
                 if (isFalse(body))
                     return answer;
-                answer.value = ValueText(run("entity:name", {body}), Unit::None);
+                answer.value = ValueText(RunQuietly("entity:name", {body}), Unit::None);
                 answer.isThere = !answer.value.isEmpty();
                 return answer;
             }};
@@ -128,22 +122,22 @@ PropertyQuestion measureQuestion(const MeasureLine& line, const EntityId& entity
     QString script = scriptOf(command.constData(), entity);
     if (line.factor != 1.0)
         script = QStringLiteral("(* %1 %2)").arg(QString::number(line.factor), script);
-    return {translated(line.label), script, [&line, entity] {
-                const Value found = find(entity);
-                PropertyAnswer answer;
-                if (isFalse(found))
-                    return answer;
-                const Value result = run("entity:measure", {found, Value::FromUtf8(line.word)});
-                if (isFalse(result))
-                    return answer;
-                const Value& value = result.AsList()[0];
-                answer.isThere = true;
-                answer.value = line.factor == 1.0
-                                   ? ValueText(value, line.unit)
-                                   : NumberText(line.factor * value.AsReal(), line.unit);
-                answer.how = ValueText(result.AsList()[1], Unit::None);
+    return {
+        translated(line.label), script, [&line, entity] {
+            const Value found = find(entity);
+            PropertyAnswer answer;
+            if (isFalse(found))
                 return answer;
-            }};
+            const Value result = RunQuietly("entity:measure", {found, Value::FromUtf8(line.word)});
+            if (isFalse(result))
+                return answer;
+            const Value& value = result.AsList()[0];
+            answer.isThere = true;
+            answer.value = line.factor == 1.0 ? ValueText(value, line.unit)
+                                              : NumberText(line.factor * value.AsReal(), line.unit);
+            answer.how = ValueText(result.AsList()[1], Unit::None);
+            return answer;
+        }};
 }
 
 PropertyQuestion boxQuestion(const EntityId& entity)
@@ -189,7 +183,8 @@ struct PairCommand
             return result;
         const Value first = find(pair[0]);
         const Value second = find(pair[1]);
-        result = isFalse(first) || isFalse(second) ? Value(false) : run(name, {first, second});
+        result =
+            isFalse(first) || isFalse(second) ? Value(false) : RunQuietly(name, {first, second});
         return result;
     }
 };
@@ -257,9 +252,9 @@ PropertyQuestion sumQuestion(const char* label, const char* word, Unit unit,
                 for (const EntityId& entity : entities) {
                     TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
                     const Value found = find(entity);
-                    const Value one = isFalse(found)
-                                          ? found
-                                          : run("entity:measure", {found, Value::FromUtf8(word)});
+                    const Value one = isFalse(found) ? found
+                                                     : RunQuietly("entity:measure",
+                                                                  {found, Value::FromUtf8(word)});
                     if (isFalse(one))
                         continue;
                     answer.isThere = true;

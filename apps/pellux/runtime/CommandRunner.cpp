@@ -51,8 +51,10 @@ CommandRunner::Scope::~Scope()
 CommandRunner::Quiet::Quiet(CommandRunner& runner)
     : m_runner(runner), m_wasRunning(std::exchange(runner.m_isRunning, true))
 {
-    if (!m_wasRunning)
-        waitForTheWorker();
+    if (m_wasRunning)
+        return;
+    Q_EMIT m_runner.AboutToRun();
+    waitForTheWorker();
 }
 
 CommandRunner::Quiet::~Quiet()

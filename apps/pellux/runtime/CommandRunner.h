@@ -69,6 +69,7 @@ public:
     void PlayKey(const OrvikCore::KeyEventArgs& key);
 
     /// Tells whether something runs: a script or a click, or a motion that waits for the worker.
+    /// Work on the side does not count: it gives way, see AboutToRun().
     bool IsRunning() const { return m_isRunning; }
 
     /// Tells whether something runs, or the worker is not idle yet.

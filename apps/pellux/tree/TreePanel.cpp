@@ -157,7 +157,7 @@ void TreePanel::setVisible(const QModelIndex& index, bool visible)
 /// The first click of a double click may be selecting still.
 void TreePanel::zoomTo(const EntityId& entity)
 {
-    if (!m_runner.IsBusy()) {
+    if (!m_runner.IsRunning()) {
         m_runner.Run(EntitiesForm("view:zoom-to", {entity}), kSource);
         return;
     }

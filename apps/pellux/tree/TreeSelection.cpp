@@ -65,7 +65,7 @@ void TreeSelection::Choose(const std::vector<EntityId>& entities, Reveal reveal)
     const std::unordered_set<EntityId> wanted(entities.begin(), entities.end());
     if (before == wanted)
         return;
-    if (m_runner.IsBusy())
+    if (m_runner.IsRunning())
         return FollowLater();
     if (reveal == Reveal::No)
         m_lastShown = entities.empty() ? EntityId() : entities.back();
@@ -102,7 +102,7 @@ void TreeSelection::showLastPick()
 {
     const std::vector<EntityId> picked = m_session.GetPickedEntities();
     const EntityId last = picked.empty() ? EntityId() : picked.back();
-    if (last == m_lastShown || m_runner.IsBusy())
+    if (last == m_lastShown || m_runner.IsRunning())
         return;
     m_lastShown = last;
     RenderId path;

@@ -2,7 +2,10 @@
 
 #include "actions/WindowMenus.h"
 #include "console/ConsoleDock.h"
+#include "controls/ControlsPanel.h"
 #include "crash/CrashNotice.h"
+#include "preferences/Preferences.h"
+#include "preferences/PreferencesDialog.h"
 #include "properties/PropertiesPanel.h"
 #include "runtime/CommandRunner.h"
 #include "runtime/Guarded.h"
@@ -20,8 +23,10 @@
 #include <TambVizCore/IView3D.h>
 #include <TambVizCore/Node.h>
 
+#include <Folders.h>
 #include <HostRuntime.h>
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QToolBar>
@@ -65,6 +70,7 @@ MainWindow::MainWindow(CommandRunner& runner, HostRuntime& host, GraphicsPath pa
     setStatusBar(m_status);
     resize(kFirstWidth, kFirstHeight);
     addPanels();
+    addPreferences();
     m_firstLayout = saveState();
     WindowLayout::Restore(*this);
     connect(m_view, &ViewWidget::PointedAt, m_status, &StatusLine::ShowPointed);
@@ -91,9 +97,31 @@ void MainWindow::addPanels()
                 new TreePanel(*tree, m_runner, session));
     addDock("properties", tr("Properties"), Qt::RightDockWidgetArea,
             new PropertiesPanel(m_runner, session));
+    if (TambVizCore::IView3D* const view = session.View3D())
+        addDock("controls", tr("Sections and explosion"), Qt::RightDockWidgetArea,
+                new ControlsPanel(m_runner, *view));
     // Last: the menus list the docks.
     m_menus = std::make_unique<WindowMenus>(*this, m_runner, m_host,
                                             stateFile(QStringLiteral("recent-files")));
+}
+
+void MainWindow::addPreferences()
+{
+    const std::wstring folder = Folders().GetConfigurationFolder();
+    const QString path = folder.empty() ? QString() : ToQt(folder) + QStringLiteral("/window.toml");
+    m_preferences = new Preferences(path, m_runner, m_host, this);
+    connect(this, &MainWindow::PreferencesChanged, m_preferences, &Preferences::Read);
+    auto* const action = new QAction(tr("&Preferences\u2026"), this);
+    action->setObjectName(QStringLiteral("preferences"));
+    action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    action->setMenuRole(QAction::PreferencesRole);
+    addAction(action);
+    connect(action, &QAction::triggered, this, [this] { Guarded([this] { ShowPreferences(); }); });
+}
+
+void MainWindow::ShowPreferences()
+{
+    PreferencesDialog(*m_preferences, this).exec();
 }
 
 QDockWidget* MainWindow::addDock(const char* name, const QString& title, Qt::DockWidgetArea area,

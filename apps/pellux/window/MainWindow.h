@@ -18,6 +18,7 @@ class CommandRunner;
 class CrashNotice;
 class ConsoleDock;
 class HostRuntime;
+class Preferences;
 class StatusLine;
 class ViewWidget;
 class WindowMenus;
@@ -58,6 +59,11 @@ public:
     /// Makes the window as large as the view needs to have a size; the screen may allow less.
     /// @param width, height  Device pixels.
     void ResizeView(int width, int height);
+    /// The preferences; to be read once the shell is there. Not owned.
+    Preferences& UserPreferences() { return *m_preferences; }
+
+    /// Opens the dialog of the preferences and waits until it is closed.
+    void ShowPreferences();
 
     /// Puts docks and tool bars where they are at the first start.
     void ResetLayout();
@@ -76,14 +82,16 @@ private:
     QDockWidget* addDock(const char* name, const QString& title, Qt::DockWidgetArea area,
                          QWidget* content);
     void addPanels();
+    void addPreferences();
     void showState();
 
     CommandRunner& m_runner;
     HostRuntime& m_host;
-    ViewWidget* m_view;               ///< Owned by the window as its child.
-    StatusLine* m_status;             ///< Owned by the window as its child.
-    CrashNotice* m_crashes;           ///< Owned by the window as its child.
-    ConsoleDock* m_console = nullptr; ///< Owned by the window as its child.
+    ViewWidget* m_view;                   ///< Owned by the window as its child.
+    StatusLine* m_status;                 ///< Owned by the window as its child.
+    CrashNotice* m_crashes;               ///< Owned by the window as its child.
+    ConsoleDock* m_console = nullptr;     ///< Owned by the window as its child.
+    Preferences* m_preferences = nullptr; ///< Owned by the window as its child.
     std::unique_ptr<WindowMenus> m_menus;
     QByteArray m_firstLayout;
     std::uint64_t m_countedScene = 0; ///< The scene's stamp when its triangles were counted.

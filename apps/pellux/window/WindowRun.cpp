@@ -1,6 +1,7 @@
 #include "window/WindowRun.h"
 
 #include "crash/CrashNotice.h"
+#include "preferences/Preferences.h"
 #include "runtime/Guarded.h"
 #include "runtime/QtText.h"
 #include "window/Closing.h"
@@ -78,6 +79,8 @@ StartResult WindowRun::Start(std::wstring& errorText)
     m_sleeper = std::make_unique<QtSleeper>(m_held);
     m_runner.SetStarting(false);
     m_gateTimer.start(kGateMs);
+    if (m_options.useConfiguration)
+        m_window->UserPreferences().Read();
     return result;
 }
 

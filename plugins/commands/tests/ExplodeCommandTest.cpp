@@ -110,6 +110,14 @@ TEST_F(ExplodeCommand, ZeroPutsEverythingBack)
     EXPECT_EQ(run("view:explode", {Value(0)}), Value(false));
 }
 
+TEST_F(ExplodeCommand, IsToldHowFarItIs)
+{
+    EXPECT_EQ(run("view:explosion"), Value(0.0));
+    run("view:explode", {Value(0.75), Value(1)});
+
+    EXPECT_NEAR(run("view:explosion").AsReal(), 0.75, 1e-12);
+}
+
 TEST_F(ExplodeCommand, IsUndoneAndDoneAgain)
 {
     run("view:explode", {Value(1.0), Value(1)});

@@ -1,0 +1,218 @@
+#include "controls/SectionControl.h"
+
+#include "controls/LiveCommand.h"
+#include "runtime/CommandRunner.h"
+#include "runtime/Guarded.h"
+#include "runtime/QuietCommand.h"
+
+#include <TambVizCore/AView3DAdapter.h>
+#include <TambVizCore/IView3D.h>
+#include <TambVizCore/Node.h>
+#include <TambVizCore/RenderingOptions.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSlider>
+#include <algorithm>
+#include <cmath>
+
+namespace Pellux {
+namespace {
+
+constexpr int kSteps = 1000;
+
+/// The entry of the axes for a normal of one's own.
+constexpr int kFree = 3;
+
+/// Positions that a slider gives are rounded to this share of its range.
+double rounded(double position, double range)
+{
+    if (!(range > 0.0))
+        return position;
+    const double step = std::pow(10.0, std::floor(std::log10(range)) - 3.0);
+    return std::round(position / step) * step;
+}
+
+} // namespace
+
+SectionControl::SectionControl(int number, CommandRunner& runner, TambVizCore::IView3D& view,
+                               QWidget* parent)
+    : QGroupBox(tr("Section %1").arg(number), parent),
+      m_number(number),
+      m_runner(runner),
+      m_view(view)
+{
+    setCheckable(true);
+    setChecked(false);
+    layOut();
+    connectParts();
+    Follow();
+}
+
+SectionControl::~SectionControl() = default;
+
+void SectionControl::layOut()
+{
+    m_axis = new QComboBox(this);
+    m_axis->addItems({tr("X"), tr("Y"), tr("Z"), tr("Free")});
+    m_axis->setAccessibleName(tr("Axis of section %1").arg(m_number));
+    m_flip = new QCheckBox(tr("Flip"), this);
+    m_flip->setAccessibleName(tr("Flip section %1").arg(m_number));
+    m_slider = new QSlider(Qt::Horizontal, this);
+    m_slider->setRange(0, kSteps);
+    m_slider->setPageStep(kSteps / 10);
+    m_slider->setAccessibleName(tr("Position of section %1").arg(m_number));
+    m_position = new QLabel(this);
+    m_position->setMinimumWidth(
+        m_position->fontMetrics().horizontalAdvance(QStringLiteral("-00000.000")));
+    m_position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_freeNormal = new QWidget(this);
+    auto* const normalLine = new QHBoxLayout(m_freeNormal);
+    normalLine->setContentsMargins(0, 0, 0, 0);
+    const char* const names[] = {"x", "y", "z"};
+    for (std::size_t i = 0; i < 3; ++i) {
+        m_normal[i] = new QDoubleSpinBox(m_freeNormal);
+        m_normal[i]->setRange(-1.0, 1.0);
+        m_normal[i]->setDecimals(4);
+        m_normal[i]->setSingleStep(0.05);
+        m_normal[i]->setKeyboardTracking(false);
+        m_normal[i]->setAccessibleName(
+            tr("Normal of section %1, %2").arg(m_number).arg(QLatin1String(names[i])));
+        normalLine->addWidget(m_normal[i]);
+    }
+    auto* const grid = new QGridLayout(this);
+    grid->addWidget(m_axis, 0, 0);
+    grid->addWidget(m_flip, 0, 1, Qt::AlignLeft);
+    grid->addWidget(m_position, 0, 2);
+    grid->addWidget(m_slider, 1, 0, 1, 3);
+    grid->addWidget(m_freeNormal, 2, 0, 1, 3);
+    grid->setColumnStretch(1, 1);
+}
+
+void SectionControl::connectParts()
+{
+    m_live = new LiveCommand(
+        *m_slider, m_runner, [this] { RunQuietly("view:section", atSlider().Arguments(m_number)); },
+        [this] {
+            m_plane = atSlider();
+            return m_plane.Form(m_number);
+        });
+    connect(m_slider, &QSlider::valueChanged, this,
+            [this] { m_position->setText(QString::number(atSlider().position, 'g', 6)); });
+    connect(this, &QGroupBox::toggled, this, [this](bool isOn) {
+        if (!m_isFollowing)
+            Guarded([this, isOn] { switchOn(isOn); });
+    });
+    connect(m_axis, qOverload<int>(&QComboBox::activated), this,
+            [this](int axis) { Guarded([this, axis] { chooseAxis(axis); }); });
+    connect(m_flip, &QCheckBox::clicked, this, [this](bool isFlipped) {
+        Guarded([this, isFlipped] {
+            m_plane.isFlipped = isFlipped;
+            run();
+        });
+    });
+    for (QDoubleSpinBox* const field : m_normal)
+        connect(field, qOverload<double>(&QDoubleSpinBox::valueChanged), this, [this] {
+            if (!m_isFollowing)
+                Guarded([this] { chooseAxis(kFree); });
+        });
+}
+
+void SectionControl::run()
+{
+    if (!m_runner.Run(m_plane.Form(m_number), QStringLiteral("controls")))
+        Follow();
+}
+
+void SectionControl::switchOn(bool isOn)
+{
+    if (isOn) {
+        const std::array<double, 2> ends = range();
+        m_plane.position = rounded((ends[0] + ends[1]) / 2.0, ends[1] - ends[0]);
+        return run();
+    }
+    if (!m_runner.Run(QStringLiteral("(view:section-off %1)").arg(m_number),
+                      QStringLiteral("controls")))
+        Follow();
+}
+
+/// The plane goes through the middle of the model along its new axis.
+void SectionControl::chooseAxis(int axis)
+{
+    std::array<double, 3> normal = {0.0, 0.0, 0.0};
+    if (axis == kFree) {
+        for (std::size_t i = 0; i < 3; ++i)
+            normal[i] = m_normal[i]->value();
+        const double length = std::hypot(normal[0], normal[1], normal[2]);
+        m_freeNormal->setVisible(true);
+        if (!(length > 0.0))
+            return;
+        for (double& number : normal)
+            number /= length;
+    } else {
+        normal[static_cast<std::size_t>(axis)] = 1.0;
+    }
+    m_plane.axis = normal;
+    const std::array<double, 2> ends = range();
+    m_plane.position = rounded((ends[0] + ends[1]) / 2.0, ends[1] - ends[0]);
+    run();
+}
+
+void SectionControl::Follow()
+{
+    if (m_live->IsUnderWay())
+        return;
+    m_isFollowing = true;
+    const std::vector<TambVizCore::ClipPlane> present = planes();
+    const auto position = static_cast<std::size_t>(m_number - 1);
+    setChecked(position < present.size());
+    // Planes are numbered without gaps.
+    setEnabled(position <= present.size());
+    if (position < present.size())
+        m_plane = SectionPlane::FromClipPlane(present[position]);
+    showPlane();
+    m_isFollowing = false;
+}
+
+void SectionControl::showPlane()
+{
+    const bool isFree = m_plane.AxisNumber() == kFree;
+    m_axis->setCurrentIndex(m_plane.AxisNumber());
+    m_flip->setChecked(m_plane.isFlipped);
+    m_freeNormal->setVisible(isFree);
+    for (std::size_t i = 0; i < 3; ++i)
+        m_normal[i]->setValue(m_plane.axis[i]);
+    const std::array<double, 2> ends = range();
+    const double length = ends[1] - ends[0];
+    const double share = length > 0.0 ? (m_plane.position - ends[0]) / length : 0.0;
+    m_live->Show(static_cast<int>(std::lround(std::clamp(share, 0.0, 1.0) * kSteps)));
+    m_position->setText(QString::number(m_plane.position, 'g', 6));
+}
+
+SectionPlane SectionControl::atSlider() const
+{
+    SectionPlane plane = m_plane;
+    const std::array<double, 2> ends = range();
+    plane.position =
+        rounded(ends[0] + (ends[1] - ends[0]) * m_slider->value() / kSteps, ends[1] - ends[0]);
+    return plane;
+}
+
+std::array<double, 2> SectionControl::range() const
+{
+    return m_plane.Range(m_view.GetSceneRoot().WorldBounds());
+}
+
+std::vector<TambVizCore::ClipPlane> SectionControl::planes() const
+{
+    TambVizCore::AView3DAdapter* const adapter = m_view.GetView3DAdapter();
+    TambVizCore::RenderingOptions* const options =
+        adapter == nullptr ? nullptr : adapter->GetRenderingOptions();
+    return options == nullptr ? std::vector<TambVizCore::ClipPlane>() : options->GetClipPlanes();
+}
+
+} // namespace Pellux

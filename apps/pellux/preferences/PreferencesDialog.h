@@ -1,0 +1,54 @@
+#ifndef PELLUX_PREFERENCES_PREFERENCESDIALOG_H
+#define PELLUX_PREFERENCES_PREFERENCESDIALOG_H
+
+#include "preferences/PreferenceEditor.h"
+
+#include <QDialog>
+#include <vector>
+
+QT_BEGIN_NAMESPACE
+class QDialogButtonBox;
+class QTabWidget;
+QT_END_NAMESPACE
+
+namespace Pellux {
+
+class Preferences;
+class ShortcutEditor;
+
+/// Shows the preferences and changes them on OK or Apply. @thread Main thread.
+class PreferencesDialog final : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// @param preferences  Not owned; outlive the dialog.
+    explicit PreferencesDialog(Preferences& preferences, QWidget* parent = nullptr);
+    ~PreferencesDialog() override;
+
+    PreferencesDialog(const PreferencesDialog&) = delete;
+    PreferencesDialog& operator=(const PreferencesDialog&) = delete;
+
+    /// Makes what is shown hold. @return false when it cannot be kept.
+    bool Apply();
+
+    /// Shows the defaults; they hold on OK or Apply.
+    void RestoreDefaults();
+
+    void accept() override;
+
+private:
+    void makePages();
+    void makeButtons();
+    void showValues(const PreferenceValues& values);
+
+    Preferences& m_preferences;
+    QTabWidget* m_pages; ///< These three are owned as children.
+    ShortcutEditor* m_shortcuts;
+    QDialogButtonBox* m_buttons = nullptr;
+    std::vector<PreferenceEditor> m_editors; ///< As many as PreferenceTable() has, in its order.
+};
+
+} // namespace Pellux
+
+#endif
