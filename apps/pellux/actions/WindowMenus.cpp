@@ -85,6 +85,14 @@ bool WindowMenus::ShowJournal(const QString& path)
     return m_panels.ShowPanel(L"journal", true) && m_journal->Open(path);
 }
 
+bool WindowMenus::ReplayJournal(const QString& path)
+{
+    if (!ShowJournal(path))
+        return false;
+    m_journal->Replay();
+    return true;
+}
+
 void WindowMenus::addPanelActions()
 {
     ActionDefinitions actions;

@@ -36,6 +36,10 @@ public:
     /// @return false when it cannot be read; the panel says why.
     bool ShowJournal(const QString& path);
 
+    /// Shows the journal of an earlier run and replays it.
+    /// @return false when it cannot be read; the panel says why.
+    bool ReplayJournal(const QString& path);
+
 private:
     void addPanelActions();
     void addRecentMenu();

@@ -24,6 +24,7 @@ ControlsPanel::ControlsPanel(CommandRunner& runner, TambVizCore::IView3D& view, 
     column->addWidget(m_explode);
     column->addStretch(1);
     auto* const area = new QScrollArea(this);
+    area->setAccessibleName(tr("Sections and explosion"));
     area->setWidget(content);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);

@@ -46,6 +46,7 @@ SectionControl::SectionControl(int number, CommandRunner& runner, TambVizCore::I
       m_runner(runner),
       m_view(view)
 {
+    setAccessibleName(title());
     setCheckable(true);
     setChecked(false);
     layOut();

@@ -13,6 +13,7 @@
 #include "tree/TreePanel.h"
 #include "view/ViewFacts.h"
 #include "view/ViewWidget.h"
+#include "window/ContextMenus.h"
 #include "window/StatusLine.h"
 #include "window/WindowLayout.h"
 
@@ -29,6 +30,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QDockWidget>
+#include <QMenu>
 #include <QToolBar>
 #include <QVBoxLayout>
 #include <utility>
@@ -73,11 +75,7 @@ MainWindow::MainWindow(CommandRunner& runner, HostRuntime& host, GraphicsPath pa
     addPreferences();
     m_firstLayout = saveState();
     WindowLayout::Restore(*this);
-    connect(m_view, &ViewWidget::PointedAt, m_status, &StatusLine::ShowPointed);
-    connect(&m_view->Screen(), &ViewScreen::FrameDrawn, m_status, &StatusLine::ShowFrameTime);
-    connect(&runner, &CommandRunner::BusyChanged, m_crashes, &CrashNotice::SetBusy);
-    connect(&runner, &CommandRunner::StateChanged, this,
-            [this] { Guarded([this] { showState(); }); });
+    connectParts();
     OrvikCore::SessionMgr::Instance().CurrentSession().SetOutputObserver(this);
 }
 
@@ -94,7 +92,7 @@ void MainWindow::addPanels()
     auto& session = OrvikCore::SessionMgr::Instance().CurrentSession();
     if (HostTree* const tree = m_host.GetTree())
         addDock("tree", tr("Model tree"), Qt::LeftDockWidgetArea,
-                new TreePanel(*tree, m_runner, session));
+                m_tree = new TreePanel(*tree, m_runner, session));
     addDock("properties", tr("Properties"), Qt::RightDockWidgetArea,
             new PropertiesPanel(m_runner, session));
     if (TambVizCore::IView3D* const view = session.View3D())
@@ -103,6 +101,29 @@ void MainWindow::addPanels()
     // Last: the menus list the docks.
     m_menus = std::make_unique<WindowMenus>(*this, m_runner, m_host,
                                             stateFile(QStringLiteral("recent-files")));
+    m_contextMenus = std::make_unique<ContextMenus>(*this, m_runner);
+}
+
+void MainWindow::connectParts()
+{
+    connect(m_view, &ViewWidget::PointedAt, m_status, &StatusLine::ShowPointed);
+    connect(&m_view->Screen(), &ViewScreen::FrameDrawn, m_status, &StatusLine::ShowFrameTime);
+    connect(&m_runner, &CommandRunner::BusyChanged, m_crashes, &CrashNotice::SetBusy);
+    connect(&m_runner, &CommandRunner::StateChanged, this,
+            [this] { Guarded([this] { showState(); }); });
+    connect(m_view, &ViewWidget::ContextMenuWanted, this,
+            [this](const QPoint& global, const QPoint& at) {
+                Guarded([&] { ContextMenus::Show(m_contextMenus->MakeForView(at), global); });
+            });
+    if (m_tree != nullptr)
+        connect(m_tree, &TreePanel::MenuAsked, this,
+                [this](const TambVizCore::RenderId& path, const QPoint& global) {
+                    Guarded([&] { ContextMenus::Show(m_contextMenus->MakeForRow(path), global); });
+                });
+    connect(m_crashes, &CrashNotice::OpenWanted, this,
+            [this](const QString& journal) { Guarded([&] { m_menus->ShowJournal(journal); }); });
+    connect(m_crashes, &CrashNotice::ReplayWanted, this,
+            [this](const QString& journal) { Guarded([&] { m_menus->ReplayJournal(journal); }); });
 }
 
 void MainWindow::addPreferences()
@@ -115,7 +136,9 @@ void MainWindow::addPreferences()
     action->setObjectName(QStringLiteral("preferences"));
     action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
     action->setMenuRole(QAction::PreferencesRole);
-    addAction(action);
+    QMenu* const edit = m_menus->Actions().Menu(ActionTable::tr("&Edit"));
+    edit->addSeparator();
+    edit->addAction(action);
     connect(action, &QAction::triggered, this, [this] { Guarded([this] { ShowPreferences(); }); });
 }
 

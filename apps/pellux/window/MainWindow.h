@@ -17,9 +17,11 @@ namespace Pellux {
 class CommandRunner;
 class CrashNotice;
 class ConsoleDock;
+class ContextMenus;
 class HostRuntime;
 class Preferences;
 class StatusLine;
+class TreePanel;
 class ViewWidget;
 class WindowMenus;
 
@@ -51,6 +53,7 @@ public:
     WindowMenus& Menus() { return *m_menus; }
     StatusLine& Status() { return *m_status; }
     CrashNotice& Crashes() { return *m_crashes; }
+    ContextMenus& Context() { return *m_contextMenus; }
 
     /// @return the item for the View menu that shows and hides each dock and tool bar, in the order
     ///         in which they were made.
@@ -83,6 +86,7 @@ private:
                          QWidget* content);
     void addPanels();
     void addPreferences();
+    void connectParts();
     void showState();
 
     CommandRunner& m_runner;
@@ -92,7 +96,9 @@ private:
     CrashNotice* m_crashes;               ///< Owned by the window as its child.
     ConsoleDock* m_console = nullptr;     ///< Owned by the window as its child.
     Preferences* m_preferences = nullptr; ///< Owned by the window as its child.
+    TreePanel* m_tree = nullptr;          ///< Owned by the window as its child; null without tree.
     std::unique_ptr<WindowMenus> m_menus;
+    std::unique_ptr<ContextMenus> m_contextMenus;
     QByteArray m_firstLayout;
     std::uint64_t m_countedScene = 0; ///< The scene's stamp when its triangles were counted.
 };
