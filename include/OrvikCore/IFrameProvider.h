@@ -40,6 +40,7 @@ struct FrameRows
 ///
 ///     paint event    DrawFrame(), then ReadFrame() or BlitFrame()
 ///     resize event   IView3D::SetWindowSize
+///     release event  EndGesture(), once no button is held
 ///     WorkWaits()    start a timer of 0 ms; at each tick Refine(20), until it answers false
 ///     end            SetFrameWindow(nullptr) while a lent context can still be made current
 ///
@@ -101,6 +102,10 @@ public:
     /// @return how many frames were begun since the view was made, coarse ones included. Pictures
     ///         do not count.
     virtual std::uint64_t GetFrameCount() const = 0;
+
+    /// The mouse has let go: what is shown only while it turns the camera goes, and the window is
+    /// painted where that changes something.
+    virtual void EndGesture() = 0;
 };
 
 } // namespace OrvikCore

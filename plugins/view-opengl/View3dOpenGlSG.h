@@ -83,6 +83,7 @@ public:
     bool BlitFrame(unsigned int framebuffer, int width, int height) override;
     bool Refine(int milliseconds) override;
     std::uint64_t GetFrameCount() const override;
+    void EndGesture() override;
 
 protected:
     /// @return the context that is drawn with; null while there is none. Not owned.
@@ -99,6 +100,7 @@ private:
         bool operator==(const FrameShown& other) const = default;
 
         FrameState frame;
+        bool isTurning = false;    ///< With the mark of the rotation centre.
         std::uint64_t overlay = 0; ///< Stamp of what lies over the frame; 0 for nothing.
     };
 

@@ -82,7 +82,8 @@ bool View3dOpenGlSG::DrawFrame()
     if (!current.IsCurrent())
         return false;
     ++m_frameCount;
-    const bool sceneStays = m_hasFrame && m_goal && m_goal->frame == wanted.frame;
+    const bool sceneStays = m_hasFrame && m_goal && m_goal->frame == wanted.frame &&
+                            m_goal->isTurning == wanted.isTurning;
     // What was not finished when the next change came is one of a row of changes.
     const bool isMoving =
         !m_hasFrame || !m_goal || !m_isFull || !(m_goal->frame.camera == wanted.frame.camera) ||
@@ -270,9 +271,19 @@ FrameTarget& View3dOpenGlSG::shownTarget()
     return m_present.Width() > 0 ? m_present : m_frame;
 }
 
+void View3dOpenGlSG::EndGesture()
+{
+    if (!m_isTurning)
+        return;
+    m_isTurning = false;
+    if (m_window != nullptr && NeedsFrame())
+        m_window->PaintNow();
+}
+
 View3dOpenGlSG::FrameShown View3dOpenGlSG::wantedFrame()
 {
     FrameShown wanted;
+    wanted.isTurning = m_isTurning;
     wanted.frame.camera = CameraState::Of(*GetCamera());
     const Projection projection =
         MakeProjection(*GetCamera(), std::max(m_width, 1), std::max(m_height, 1));

@@ -126,6 +126,12 @@ bool CommandRunner::playInput()
                                    }});
 }
 
+void CommandRunner::EndGesture()
+{
+    if (!m_isRunning)
+        m_host.EndGesture();
+}
+
 void CommandRunner::PlayKey(const OrvikCore::KeyEventArgs& key)
 {
     RunOther([this, &key] {

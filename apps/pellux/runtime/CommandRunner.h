@@ -68,6 +68,10 @@ public:
     /// runs.
     void PlayKey(const OrvikCore::KeyEventArgs& key);
 
+    /// No button is held any more: what the mouse has done goes into the journal. Nothing while
+    /// something runs; the next form does it then.
+    void EndGesture();
+
     /// Tells whether something runs: a script or a click, or a motion that waits for the worker.
     /// Work on the side does not count: it gives way, see AboutToRun().
     bool IsRunning() const { return m_isRunning; }

@@ -74,6 +74,12 @@ QSize ViewScreen::pixels() const
     return {qRound(m_widget.width() * ratio), qRound(m_widget.height() * ratio)};
 }
 
+void ViewScreen::EndGesture()
+{
+    if (m_provider != nullptr)
+        m_provider->EndGesture();
+}
+
 GraphicsPath ViewScreen::Path() const
 {
     return m_isLending ? GraphicsPath::Lent : GraphicsPath::Image;

@@ -61,6 +61,9 @@ public:
     /// Paints the widget now, when there is something new, dispatching no events.
     void ShowNow();
 
+    /// No button is held any more.
+    void EndGesture();
+
     /// @return how frames reach the widget now.
     GraphicsPath Path() const;
 

@@ -115,6 +115,10 @@ void ViewWidget::mouseReleaseEvent(QMouseEvent* event)
         button(*event, /*isPressed=*/false);
         if (isClick)
             click(*event);
+        if (event->buttons() == Qt::NoButton) {
+            m_screen.EndGesture();
+            m_runner.EndGesture();
+        }
     });
 }
 

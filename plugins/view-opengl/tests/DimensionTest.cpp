@@ -263,5 +263,19 @@ TEST_F(RotationCenter, IsMarkedInTheWindowWhileTheMouseTurns)
     m_view->SetFrameWindow(nullptr);
 }
 
+TEST_F(RotationCenter, IsMarkedNoMoreOnceTheMouseLetsGo)
+{
+    FrameWindow window(*m_turned);
+    m_view->SetFrameWindow(&window);
+    m_turned->Turn(32, IViewOpState::Processing);
+    m_view->UpdateDisplay();
+    ASSERT_GT(countIn(window.Pixels()), 20);
+
+    m_view->EndGesture();
+
+    EXPECT_EQ(countIn(window.Pixels()), 0);
+    m_view->SetFrameWindow(nullptr);
+}
+
 } // namespace
 } // namespace ViewOpenGl
