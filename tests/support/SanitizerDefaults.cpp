@@ -11,6 +11,7 @@ constexpr char kOptions[] = "intercept_tls_get_addr=0";
 /// CASCADE drops entities that it has read half, and buffers of its IGES reader. The heap of
 /// Guile's collector is not looked at, so what only values of scripts hold (objectFor) seems lost.
 constexpr char kLeaks[] = "leak:libfontconfig\n"
+                          "leak:libdbus\n"
                           "leak:swrast_dri\n"
                           "leak:libguile-3.0\n"
                           "leak:objectFor\n"
