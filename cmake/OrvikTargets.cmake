@@ -63,7 +63,7 @@ function(orvik_add_host)
              \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/${arg_NAME}\" SYMBOLIC)")
 endfunction()
 
-# orvik_add_test(NAME n LABELS l... SOURCES ... DEPS ... [ENVIRONMENT VAR=value...] [TIMEOUT s]):
+# orvik_add_test(NAME n LABELS l SOURCES ... DEPS ... [ENVIRONMENT VAR=value...] [TIMEOUT s]):
 # a GoogleTest program outside the run folder; each test is a process of its own.
 function(orvik_add_test)
     if(NOT ORVIK_BUILD_TESTS)
@@ -79,11 +79,15 @@ function(orvik_add_test)
     target_link_libraries(${arg_NAME} PRIVATE ${arg_DEPS} GTest::gmock GTest::gtest GTest::gtest_main
                           orvik_warnings orvik_code)
     orvik_set_layer(${arg_NAME} test)
-    list(JOIN arg_LABELS "\\;" labels)
+    list(LENGTH arg_LABELS labels)
+    if(labels GREATER 1)
+        # The properties of discovered tests are a flat list: a second label would be read as one.
+        message(FATAL_ERROR "${arg_NAME}: a test program has one label")
+    endif()
     gtest_discover_tests(${arg_NAME}
         TEST_PREFIX ${arg_NAME}.
         DISCOVERY_TIMEOUT 120
-        PROPERTIES LABELS "${labels}" TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${arg_ENVIRONMENT}")
+        PROPERTIES LABELS "${arg_LABELS}" TIMEOUT ${arg_TIMEOUT} ENVIRONMENT "${arg_ENVIRONMENT}")
 endfunction()
 
 # orvik_add_victim(NAME n SOURCES ... DEPS ...): a program that faults on purpose, run by tests.
