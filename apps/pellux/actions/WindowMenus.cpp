@@ -8,10 +8,7 @@
 #include "runtime/Guarded.h"
 #include "runtime/QtText.h"
 
-#include <OrvikCore/SessionMgr.h>
-
 #include <HostRuntime.h>
-#include <PelluxApplication.h>
 
 #include <QDockWidget>
 #include <QMainWindow>
@@ -58,12 +55,6 @@ WindowMenus::WindowMenus(QMainWindow& window, CommandRunner& runner, HostRuntime
     m_actions.Add(HelpActions());
     m_actions.YieldToHotkeys();
     m_actions.Refresh();
-    connect(&m_runner, &CommandRunner::StateChanged, this, [this] {
-        const auto* const application =
-            dynamic_cast<PelluxApplication*>(OrvikCore::SessionMgr::Instance().GetApplication());
-        if (application != nullptr && application->IsQuitRequested())
-            QMetaObject::invokeMethod(&m_window, &QWidget::close, Qt::QueuedConnection);
-    });
 }
 
 WindowMenus::~WindowMenus() = default;
