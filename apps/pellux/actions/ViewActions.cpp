@@ -164,6 +164,8 @@ ActionDefinitions DisplayActions()
          SwitchScript("(view:display-clouds %1)"), option(&RenderingOptions::GetShowPointClouds)},
         {"view.pmi", display, tr("&PMI"), tr("Shows product manufacturing information"), "", "",
          SwitchScript("(view:display-pmi %1)"), option(&RenderingOptions::GetShowPMI)},
+        {"view.axes", display, tr("&Axes"), tr("Shows the axes in a corner"), "", "",
+         SwitchScript("(view:display-axes %1)"), WindowState::ShowsAxes},
         {"view.xray", view, tr("&X-ray"), tr("Draws what is not selected as through frosted glass"),
          "xray", "Ctrl+Alt+X", SwitchScript("(view:xray %1)"), option(&RenderingOptions::GetXRay),
          Needs::Nothing, true},

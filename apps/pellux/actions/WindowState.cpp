@@ -6,12 +6,15 @@
 #include <OrvikCore/AContent.h>
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/AView3D.h>
+#include <OrvikCore/AViewObject.h>
 #include <OrvikCore/Document.h>
 #include <OrvikCore/IApplication.h>
 #include <OrvikCore/IHostWindow.h>
 #include <OrvikCore/IInputProvider.h>
 #include <OrvikCore/INavigation.h>
+#include <OrvikCore/IViewObjectProvider.h>
 #include <OrvikCore/SessionMgr.h>
+#include <OrvikCore/ViewObjectManager.h>
 #include <TambVizCore/AView3DAdapter.h>
 #include <TambVizCore/EntityId.h>
 #include <TambVizCore/IView3D.h>
@@ -66,6 +69,16 @@ const TambVizCore::RenderingOptions* Options()
     TambVizCore::AView3DAdapter* const adapter =
         view == nullptr ? nullptr : view->GetView3DAdapter();
     return adapter == nullptr ? nullptr : adapter->GetRenderingOptions();
+}
+
+bool ShowsAxes()
+{
+    auto* const provider = dynamic_cast<OrvikCore::IViewObjectProvider*>(session().View3D());
+    const OrvikCore::ViewObjectManager* const objects =
+        provider == nullptr ? nullptr : provider->GetViewObjectManager();
+    const OrvikCore::AViewObject* const axes =
+        objects == nullptr ? nullptr : objects->Get("AxesViewObject");
+    return axes != nullptr && axes->IsVisible();
 }
 
 bool IsPerspective()

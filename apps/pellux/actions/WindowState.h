@@ -28,6 +28,9 @@ const TambVizCore::RenderingOptions* Options();
 bool IsPerspective();
 bool IsZUp();
 bool IsAnimated();
+
+/// @return whether the corner of the view shows the axes.
+bool ShowsAxes();
 QColor Background(int number);
 
 QString Navigation();

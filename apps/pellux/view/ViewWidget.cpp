@@ -12,6 +12,7 @@
 #include <OrvikCore/MouseWheelEventArgs.h>
 #include <OrvikCore/SessionMgr.h>
 
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
@@ -23,6 +24,9 @@ using OrvikCore::MouseAction;
 
 /// How long the pointer rests before what lies under it is named, milliseconds.
 constexpr int kRestMs = 40;
+
+/// After this long without another notch a turn of the wheel is over, milliseconds.
+constexpr int kWheelRestMs = 400;
 
 } // namespace
 
@@ -38,6 +42,13 @@ ViewWidget::ViewWidget(CommandRunner& runner, GraphicsPath path, QWidget* parent
     m_look.setSingleShot(true);
     m_look.setInterval(kRestMs);
     connect(&m_look, &QTimer::timeout, this, [this] { Guarded([this] { lookUnderPointer(); }); });
+    m_wheelRests.setSingleShot(true);
+    m_wheelRests.setInterval(kWheelRestMs);
+    connect(&m_wheelRests, &QTimer::timeout, this, [this] {
+        // A drag that goes on ends by itself.
+        if (QGuiApplication::mouseButtons() == Qt::NoButton)
+            Guarded([this] { endGesture(); });
+    });
     m_screen.Begin(path);
 }
 
@@ -73,13 +84,22 @@ void ViewWidget::resizeEvent(QResizeEvent*)
     Guarded([this] { m_screen.Resize(); });
 }
 
-/// Whatever a job waits for meanwhile, nothing else starts one.
+/// Whatever a job waits for meanwhile, nothing else starts one. Not every operation of the view
+/// shows itself: a zoom only moves the camera.
 template <typename Event> void ViewWidget::hand(Event& event)
 {
     m_runner.RunQuietly([this, &event] {
         if (OrvikCore::Controller* const receiver = controller())
             receiver->HandleWindowEvent(&event);
     });
+    m_screen.ShowNow();
+}
+
+void ViewWidget::endGesture()
+{
+    m_wheelRests.stop();
+    m_screen.EndGesture();
+    m_runner.EndGesture();
 }
 
 void ViewWidget::button(QMouseEvent& event, bool isPressed)
@@ -115,10 +135,8 @@ void ViewWidget::mouseReleaseEvent(QMouseEvent* event)
         button(*event, /*isPressed=*/false);
         if (isClick)
             click(*event);
-        if (event->buttons() == Qt::NoButton) {
-            m_screen.EndGesture();
-            m_runner.EndGesture();
-        }
+        if (event->buttons() == Qt::NoButton)
+            endGesture();
     });
 }
 
@@ -155,8 +173,10 @@ void ViewWidget::wheelEvent(QWheelEvent* event)
     Guarded([this, event] {
         const QPoint at = toDevice(event->position());
         OrvikCore::MouseWheelEventArgs args(m_notches.Add(event->angleDelta().y()), at.x(), at.y());
-        if (args.Delta() != 0)
+        if (args.Delta() != 0) {
             hand(args);
+            m_wheelRests.start();
+        }
         event->accept();
     });
 }

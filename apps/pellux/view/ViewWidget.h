@@ -68,6 +68,7 @@ private:
     template <typename Event> void hand(Event& event);
     void button(QMouseEvent& event, bool isPressed);
     void click(QMouseEvent& event);
+    void endGesture();
     void key(QKeyEvent& event, bool isUp);
     void lookUnderPointer();
 
@@ -79,6 +80,7 @@ private:
     int m_pressedClicks = 0;                  ///< 2 after the second press of a double click.
     QPoint m_pointer;                         ///< Where it was last, device pixels.
     QTimer m_look;                            ///< Until the pointer rests.
+    QTimer m_wheelRests;                      ///< Until the wheel rests.
 };
 
 } // namespace Pellux

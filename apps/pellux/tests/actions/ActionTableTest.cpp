@@ -94,6 +94,7 @@ const std::map<QByteArray, const char*> kCommands = {
     {"view.tessellation", "(view:display-tessellation #t)"},
     {"view.clouds", "(view:display-clouds #f)"},
     {"view.pmi", "(view:display-pmi #f)"},
+    {"view.axes", "(view:display-axes #t)"},
     {"view.xray", "(view:xray #t)"},
     {"view.background-top", "(app:set-background-color! 1 '(1 2 3))"},
     {"view.background-bottom", "(app:set-background-color! 2 '(1 2 3))"},

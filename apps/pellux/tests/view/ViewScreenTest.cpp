@@ -7,11 +7,15 @@
 #include <view/ViewFacts.h>
 #include <view/ViewWidget.h>
 
+#include <QDir>
+#include <QFile>
 #include <QImage>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 
 namespace {
 
@@ -30,6 +34,23 @@ protected:
     {
         return Do(qPrintable(QStringLiteral("(doc:load \"%1\")").arg(WriteCube()))) &&
                Do("(view:front)") && Do("(view:zoom-all)");
+    }
+
+    void Turn(int eighthsOfDegrees)
+    {
+        const QPointF at(30, 40);
+        QWheelEvent event(at, View().mapToGlobal(at), QPoint(), QPoint(0, eighthsOfDegrees),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&View(), &event);
+    }
+
+    QString Journal()
+    {
+        const QDir folder(
+            QString::fromStdString((Dir().Path() / "state/pellux/journals").string()));
+        const QStringList files = folder.entryList(QDir::Files);
+        QFile file(files.isEmpty() ? QString() : folder.filePath(files.first()));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
     }
 
     QRgb Middle()
@@ -59,6 +80,39 @@ TEST_F(ViewOnScreen, PaintsTheSameFrameAgainWithoutDrawingIt)
     View().repaint();
 
     EXPECT_EQ(provider->GetFrameCount(), before);
+}
+
+TEST_F(ViewOnScreen, ShowsAtOnceWhatTheWheelDid)
+{
+    ASSERT_TRUE(Load());
+    QSignalSpy drawn(&View().Screen(), &Pellux::ViewScreen::FrameDrawn);
+    Turn(-120);
+
+    EXPECT_EQ(drawn.count(), 1);
+}
+
+TEST_F(ViewOnScreen, ShowsAtOnceHowTheMiddleButtonZooms)
+{
+    ASSERT_TRUE(Load());
+    QTest::mousePress(&View(), Qt::MiddleButton, {}, QPoint(100, 100));
+    QTest::mouseMove(&View(), QPoint(100, 110));
+    QSignalSpy drawn(&View().Screen(), &Pellux::ViewScreen::FrameDrawn);
+    QMouseEvent moved(QEvent::MouseMove, QPointF(100, 130), View().mapToGlobal(QPointF(100, 130)),
+                      Qt::NoButton, Qt::MiddleButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&View(), &moved);
+
+    EXPECT_EQ(drawn.count(), 1);
+}
+
+TEST_F(ViewOnScreen, WritesTheCameraDownWhenTheWheelRests)
+{
+    ASSERT_TRUE(Load());
+    EXPECT_EQ(Journal().count(QStringLiteral("(view:set-camera! ")), 0);
+    Turn(-120);
+    Turn(-120);
+
+    EXPECT_TRUE(Until([this] { return Journal().contains(QStringLiteral("(view:set-camera! ")); }));
+    EXPECT_EQ(Journal().count(QStringLiteral("(view:set-camera! ")), 1);
 }
 
 TEST_F(ViewOnScreen, TellsWhatAFrameTook)
