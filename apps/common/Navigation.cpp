@@ -27,6 +27,12 @@ const wchar_t kPreset[] = L"preset";
 const wchar_t kDefault[] = L"default";
 const wchar_t kCustom[] = L"custom";
 
+std::wstring noPreset(const std::wstring& name)
+{
+    return L"\"" + name +
+           L"\" is no preset; there are default, left-rotates, middle-rotates and right-rotates";
+}
+
 void windowSize(int& width, int& height)
 {
     if (TambVizCore::IView3D* const view = SessionMgr::Instance().CurrentSession().View3D())
@@ -67,39 +73,20 @@ bool Navigation::Read(ConfigurationFile& configuration, std::wstring& errorText)
     const auto preset = std::find_if(pairs.begin(), pairs.end(),
                                      [](const auto& pair) { return pair.first == kPreset; });
     if (preset != pairs.end() && !SetNavigation(preset->second))
-        fail(kPreset, L"\"" + preset->second +
-                          L"\" is no preset; there are default, left-rotates, "
-                          L"middle-rotates and right-rotates");
+        fail(kPreset, noPreset(preset->second));
     if (const NavigationTable* const base = findTable(m_name))
         m_custom = *base;
     for (const auto& [key, value] : pairs) {
         if (key == kPreset)
             continue;
-        if (const std::wstring reason = readRow(key, value); !reason.empty())
+        if (const std::wstring reason = m_custom.SetRow(key, value); !reason.empty())
             fail(key, reason);
+        else
+            m_hasCustom = true;
     }
     if (m_hasCustom)
         m_name = kCustom;
     return good;
-}
-
-/// @return what is wrong with the row; empty when it was taken.
-std::wstring Navigation::readRow(const std::wstring& text, const std::wstring& action)
-{
-    OrvikCore::MouseGesture gesture;
-    if (!OrvikCore::MouseGesture::FromText(text, gesture) ||
-        gesture.buttons == OrvikCore::MouseButton::None)
-        return L"\"" + text +
-               L"\" names no buttons; examples are left, Ctrl-left and "
-               L"Ctrl-Shift-left+middle";
-    NavigationAction read = NavigationAction::None;
-    if (!ReadNavigationAction(action, read))
-        return L"\"" + action +
-               L"\" is no action; there are rotate, pan, zoom, window-zoom, "
-               L"select, add and none";
-    m_custom.Set(gesture, read);
-    m_hasCustom = true;
-    return {};
 }
 
 void Navigation::Attach(OrvikCore::Controller& controller)
@@ -139,6 +126,25 @@ bool Navigation::SetNavigation(const std::wstring& name)
     m_name = name;
     apply();
     return true;
+}
+
+bool Navigation::SetRows(const std::vector<std::pair<std::wstring, std::wstring>>& rows,
+                         const std::wstring& preset, std::wstring& errorText)
+{
+    const NavigationTable* const base = preset == kCustom ? nullptr : findTable(preset);
+    if (base == nullptr && preset != kDefault) {
+        errorText = noPreset(preset);
+        return false;
+    }
+    NavigationTable table = base == nullptr ? NavigationTable() : *base;
+    for (const auto& [gesture, action] : rows) {
+        errorText = table.SetRow(gesture, action);
+        if (!errorText.empty())
+            return false;
+    }
+    m_custom = table;
+    m_hasCustom = !rows.empty();
+    return SetNavigation(m_hasCustom ? std::wstring(kCustom) : preset);
 }
 
 /// @return the table of a name; null for the default, which is none, and for unknown names.

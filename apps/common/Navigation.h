@@ -52,13 +52,14 @@ public:
     std::vector<std::wstring> ListNavigations() const override;
     std::wstring GetNavigation() const override;
     bool SetNavigation(const std::wstring& name) override;
+    bool SetRows(const std::vector<std::pair<std::wstring, std::wstring>>& rows,
+                 const std::wstring& preset, std::wstring& errorText) override;
 
     /// After the view: joins what an adding rubber band has found with what was selected before.
     void ControllerNotify(OrvikCore::IViewOp* op) override;
 
 private:
     const NavigationTable* findTable(const std::wstring& name) const;
-    std::wstring readRow(const std::wstring& text, const std::wstring& action);
     void apply();
 
     std::wstring m_name = L"default";

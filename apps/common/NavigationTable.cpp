@@ -69,6 +69,14 @@ bool ReadNavigationAction(const std::wstring& text, NavigationAction& action)
     return true;
 }
 
+std::vector<std::wstring> NavigationActionNames()
+{
+    std::vector<std::wstring> names;
+    for (const auto& [name, action] : kActions)
+        names.emplace_back(name);
+    return names;
+}
+
 NavigationTable::NavigationTable(std::vector<Row> rows) : m_rows(std::move(rows)) {}
 
 NavigationAction NavigationTable::Find(const MouseGesture& gesture) const
@@ -86,6 +94,22 @@ void NavigationTable::Set(const MouseGesture& gesture, NavigationAction action)
         found->second = action;
     else
         m_rows.emplace_back(gesture, action);
+}
+
+std::wstring NavigationTable::SetRow(const std::wstring& gesture, const std::wstring& action)
+{
+    OrvikCore::MouseGesture read;
+    if (!OrvikCore::MouseGesture::FromText(gesture, read) || read.buttons == MouseButton::None)
+        return L"\"" + gesture +
+               L"\" names no buttons; examples are left, Ctrl-left and "
+               L"Ctrl-Shift-left+middle";
+    NavigationAction wanted = NavigationAction::None;
+    if (!ReadNavigationAction(action, wanted))
+        return L"\"" + action +
+               L"\" is no action; there are rotate, pan, zoom, window-zoom, "
+               L"select, add and none";
+    Set(read, wanted);
+    return {};
 }
 
 const std::vector<NavigationPreset>& NavigationPresets()

@@ -25,6 +25,9 @@ enum class NavigationAction
 /// @return false, with @p action unchanged, for another text.
 bool ReadNavigationAction(const std::wstring& text, NavigationAction& action);
 
+/// @return the names of the actions, "none" last.
+std::vector<std::wstring> NavigationActionNames();
+
 /// Which action belongs to which buttons and modifier keys. A value.
 class NavigationTable
 {
@@ -39,6 +42,10 @@ public:
 
     /// Adds a row, or replaces the one of the same gesture.
     void Set(const OrvikCore::MouseGesture& gesture, NavigationAction action);
+
+    /// Does the same with a row in words: "Ctrl-left" and "pan".
+    /// @return what is wrong with the row; empty when it was taken.
+    std::wstring SetRow(const std::wstring& gesture, const std::wstring& action);
 
 private:
     std::vector<Row> m_rows;

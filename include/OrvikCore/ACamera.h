@@ -61,7 +61,8 @@ public:
     /// @param target  float[3], world units; read only.
     /// @param up      float[3]; normalised and straightened in place, also when the triple is then
     ///                ignored.
-    /// @thread        The thread that owns the view. Blocks for 20 steps of 30 ms when animated.
+    /// @thread        The thread that owns the view. Blocks for 20 steps of 30 ms when animated, or
+    ///                as many as TambVizCore::Settings::GetAnimationSteps() says.
     virtual void SetCamera(float* eye, float* target, float* up);
 
     /// @return true for parallel projection, as every camera starts.

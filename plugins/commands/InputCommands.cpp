@@ -8,11 +8,14 @@
 #include <OrvikCore/INavigation.h>
 #include <OrvikCore/KeyEventArgs.h>
 #include <OrvikCore/MouseGesture.h>
+#include <TambCommandsInfra/CommandError.h>
 #include <TambCommandsInfra/CommandTable.h>
 #include <TambVizCore/EntityId.h>
 
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace OrvikCommands {
 namespace {
@@ -140,6 +143,57 @@ Command navigationCommand()
     return command;
 }
 
+/// @throws CommandError for what is no list of two words each.
+std::vector<std::pair<std::wstring, std::wstring>> rowsOf(const std::string& self,
+                                                          const Value& value)
+{
+    std::vector<std::pair<std::wstring, std::wstring>> rows;
+    for (const Value& row : value.AsList()) {
+        const bool isPair = row.GetKind() == Value::Kind::List && row.AsList().size() == 2 &&
+                            row.AsList()[0].GetKind() == Value::Kind::String &&
+                            row.AsList()[1].GetKind() == Value::Kind::String;
+        if (!isPair)
+            throw WrongArgument(self, "rows", "a list of pairs of words", value);
+        rows.emplace_back(row.AsList()[0].AsString(), row.AsList()[1].AsString());
+    }
+    return rows;
+}
+
+Command navigationTableCommand()
+{
+    Command command;
+    command.name = "app:navigation-table";
+    Parameter rows;
+    rows.name = "rows";
+    rows.type = ValueType::List;
+    rows.help = "lists of buttons and action, such as (\"Ctrl-left\" \"pan\")";
+    Parameter preset = WordParameter("preset", "what the rows lie over, \"default\" if left out");
+    preset.presence = Presence::Optional;
+    command.parameters = {rows, preset};
+    command.result = ValueType::String;
+    command.resultHelp = "the name of what is in use";
+    command.summary = "Makes a table of what the mouse does, and uses it as \"custom\".";
+    command.help = "Buttons are left, middle and right joined by +, behind Ctrl-, Shift- and Alt-. "
+                   "Actions are rotate, pan, zoom, window-zoom, select, add and none. Over the "
+                   "default the rows stand alone. Without rows the preset is used.";
+    command.example = "(app:navigation-table '((\"right\" \"rotate\")) \"left-rotates\")";
+    command.effect = CommandEffect::Changes;
+    command.handler = [self = command.name](const Arguments& arguments) {
+        const auto wanted = rowsOf(self, arguments["rows"]);
+        return CallGate::Call([&] {
+            OrvikCore::INavigation& navigation = *InputProvider().GetNavigationChoice();
+            std::wstring reason;
+            if (!navigation.SetRows(wanted,
+                                    arguments.IsGiven("preset") ? arguments["preset"].AsString()
+                                                                : std::wstring(L"default"),
+                                    reason))
+                throw TambCommandsInfra::CommandError(self + ": " + Value(reason).AsUtf8());
+            return Value(navigation.GetNavigation());
+        });
+    };
+    return command;
+}
+
 } // namespace
 
 void RegisterInputCommands(CommandTable& table)
@@ -147,6 +201,7 @@ void RegisterInputCommands(CommandTable& table)
     table.Register(keyCommand());
     table.Register(menuCommand());
     table.Register(navigationCommand());
+    table.Register(navigationTableCommand());
 }
 
 } // namespace OrvikCommands

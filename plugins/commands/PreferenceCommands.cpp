@@ -29,6 +29,9 @@ using TambVizCore::Settings;
 
 constexpr std::int64_t kMaxComponent = 255;
 constexpr double kMostSamples = 16;
+constexpr double kWidestLine = 16;
+constexpr double kFewestSteps = 2;
+constexpr double kMostSteps = 100;
 
 Settings& currentSettings()
 {
@@ -152,6 +155,65 @@ Command copyPicksCommand()
     return command;
 }
 
+Command lineWidthCommand()
+{
+    Command command;
+    command.name = "app:line-width";
+    Parameter width;
+    width.name = "width";
+    width.type = ValueType::Real;
+    width.help = "of edges; left out, nothing changes";
+    width.unit = "pixels";
+    width.presence = Presence::Optional;
+    width.minimum = 1.0;
+    width.maximum = kWidestLine;
+    command.parameters = {width};
+    command.result = ValueType::Real;
+    command.resultHelp = "the width that is asked for now";
+    command.summary = "Chooses how wide edges are drawn.";
+    command.help = "The graphics system may draw narrower lines than it is asked for.";
+    command.example = "(app:line-width 2)";
+    command.effect = CommandEffect::Changes;
+    command.handler = [](const Arguments& arguments) {
+        if (arguments.IsGiven("width"))
+            ChangeView([pixels = static_cast<float>(arguments["width"].AsReal())] {
+                currentSettings().SetLineWidth(pixels);
+                CurrentOptions().SetLineWidth(pixels);
+            });
+        return Value(
+            CallGate::Call([] { return static_cast<double>(currentSettings().GetLineWidth()); }));
+    };
+    return command;
+}
+
+Command animationStepsCommand()
+{
+    Command command;
+    command.name = "app:animation-steps";
+    Parameter steps;
+    steps.name = "steps";
+    steps.type = ValueType::Integer;
+    steps.help = "of 30 milliseconds; left out, nothing changes";
+    steps.presence = Presence::Optional;
+    steps.minimum = kFewestSteps;
+    steps.maximum = kMostSteps;
+    command.parameters = {steps};
+    command.result = ValueType::Integer;
+    command.resultHelp = "the steps of a move now";
+    command.summary = "Chooses how many steps a move of the camera takes.";
+    command.help = "Whether it moves in steps at all is chosen by view:animate.";
+    command.example = "(app:animation-steps 10)";
+    command.effect = CommandEffect::Changes;
+    command.handler = [](const Arguments& arguments) {
+        if (arguments.IsGiven("steps"))
+            CallGate::Call([count = static_cast<int>(arguments["steps"].AsInteger())] {
+                currentSettings().SetAnimationSteps(count);
+            });
+        return Value(CallGate::Call([] { return currentSettings().GetAnimationSteps(); }));
+    };
+    return command;
+}
+
 Command updatePreferencesCommand()
 {
     Command command;
@@ -176,6 +238,8 @@ void RegisterPreferenceCommands(CommandTable& table)
     table.Register(setHighlightColorCommand());
     table.Register(antialiasingCommand());
     table.Register(copyPicksCommand());
+    table.Register(lineWidthCommand());
+    table.Register(animationStepsCommand());
     table.Register(updatePreferencesCommand());
 }
 

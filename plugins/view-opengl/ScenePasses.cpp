@@ -150,6 +150,8 @@ bool SceneRenderer::drawEdges(const Items& items, const FrameBudget& budget)
             continue;
         style.color = item.isOwnColored ? item.color : m_options->GetDefaultEdgeColor();
         style.lineWidth = item.node->LineWidthPixels();
+        if (item.node->GetCategory() == GeoNode::Category::Model)
+            style.lineWidth *= m_options->GetLineWidth();
         if (!drawPieces(item, style, budget))
             return false;
     }

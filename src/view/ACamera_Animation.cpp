@@ -4,6 +4,7 @@
 
 #include <OrvikOs/Clock.h>
 #include <OrvikOs/Sleeper.h>
+#include <TambVizCore/Settings.h>
 #include <TambVizCore/Vector.h>
 
 #include <algorithm>
@@ -18,7 +19,7 @@ namespace {
 
 using TambVizCore::kPi;
 
-/// A move has so many steps of so many milliseconds.
+/// A move has so many steps of so many milliseconds, unless the user's settings say otherwise.
 constexpr int kSteps = 20;
 constexpr int kMsPerStep = 30;
 
@@ -32,6 +33,12 @@ constexpr float kSmallTurnRadians = 0.3f;
 /// uniform. The second half mirrors the first.
 constexpr std::array<float, kSteps / 2 + 1> kEase = {0.0f, 0.1f, 0.4f, 0.9f, 1.6f, 2.5f,
                                                      4.0f, 5.5f, 7.0f, 8.5f, 10.0f};
+
+int wantedSteps()
+{
+    const TambVizCore::Settings* const settings = TambVizCore::Settings::Current();
+    return settings == nullptr ? kSteps : settings->GetAnimationSteps();
+}
 
 /// @return the progress after step @p index (from 0): eased for 20 steps, else index + 1.
 float easedProgress(int index, float steps)
@@ -79,10 +86,11 @@ void ACamera::animateCameraDirect(const float* newEye, const float* newTarget, c
     float targetStep[3];
     float upStep[3];
     float squaredWay = 0.0f;
+    const int steps = wantedSteps();
     for (int i = 0; i < 3; ++i) {
-        eyeStep[i] = (newEye[i] - m_eye[i]) / static_cast<float>(kSteps);
-        targetStep[i] = (newTarget[i] - m_target[i]) / static_cast<float>(kSteps);
-        upStep[i] = (newUp[i] - m_up[i]) / static_cast<float>(kSteps);
+        eyeStep[i] = (newEye[i] - m_eye[i]) / static_cast<float>(steps);
+        targetStep[i] = (newTarget[i] - m_target[i]) / static_cast<float>(steps);
+        upStep[i] = (newUp[i] - m_up[i]) / static_cast<float>(steps);
         squaredWay += (newEye[i] - m_eye[i]) * (newEye[i] - m_eye[i]);
     }
     if (squaredWay < kLeastSquaredWay) {
@@ -91,7 +99,7 @@ void ACamera::animateCameraDirect(const float* newEye, const float* newTarget, c
     }
     // Deliberate: ends on the accumulated sum, with an up vector that is not normalised.
     // Held by ACamera.DirectAnimationEndsOnTheAccumulatedSum.
-    for (int step = 0; step < kSteps; ++step) {
+    for (int step = 0; step < steps; ++step) {
         TambVizCore::Add(m_eye, eyeStep, m_eye);
         TambVizCore::Add(m_target, targetStep, m_target);
         TambVizCore::Add(m_up, upStep, m_up);
@@ -109,9 +117,10 @@ void ACamera::animateCamera(float* newEye, float* newTarget, float* newUp)
     TambVizCore::Subtract(m_target, m_eye, curDir);
     TambVizCore::Subtract(newTarget, newEye, newDir);
     const float curDist = TambVizCore::Length(curDir);
+    const int steps = wantedSteps();
     // Deliberate: a twentieth, also when the move is made in two halves of ten steps.
     // Held by ACameraOpposedTurns.CoverHalfTheDistanceInEachHalf.
-    const float distStep = (TambVizCore::Length(newDir) - curDist) / static_cast<float>(kSteps);
+    const float distStep = (TambVizCore::Length(newDir) - curDist) / static_cast<float>(steps);
     TambVizCore::Normalize(curDir);
     TambVizCore::Normalize(newDir);
 
@@ -138,14 +147,14 @@ void ACamera::animateCamera(float* newEye, float* newTarget, float* newUp)
 
     // 4. Turn, in two halves when the two turns would work against each other.
     if (TambVizCore::AreOpposite(axis, upAxis)) {
-        constexpr float kHalf = static_cast<float>(kSteps / 2);
+        const auto half = static_cast<float>(steps / 2);
         float halfAxis[3];
         TambVizCore::CrossProduct(upAxis, newDir, halfAxis);
-        animateSteps(angle, axis, upAngle, halfAxis, kHalf, kMsPerStep, curDist, distStep,
+        animateSteps(angle, axis, upAngle, halfAxis, half, kMsPerStep, curDist, distStep,
                      newTarget);
-        animateSteps(0.0f, axis, upAngle, newDir, kHalf, kMsPerStep, curDist, distStep, newTarget);
+        animateSteps(0.0f, axis, upAngle, newDir, half, kMsPerStep, curDist, distStep, newTarget);
     } else {
-        animateSteps(angle, axis, upAngle, upAxis, static_cast<float>(kSteps), kMsPerStep, curDist,
+        animateSteps(angle, axis, upAngle, upAxis, static_cast<float>(steps), kMsPerStep, curDist,
                      distStep, newTarget);
     }
 

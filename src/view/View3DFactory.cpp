@@ -180,6 +180,7 @@ void View3DFactory::setDisplayOptions(TambVizCore::AView3DAdapter* adapter)
     if (options != nullptr && settings != nullptr) {
         ApplyDisplayColors(*settings, *options);
         options->SetAntialiasLevel(settings->GetAntialiasLevel());
+        options->SetLineWidth(settings->GetLineWidth());
     }
 }
 

@@ -245,6 +245,32 @@ TEST_F(NavigationChoice, RowsOfTheConfigurationLieOverThePreset)
     EXPECT_EQ(m_navigation.ListNavigations().back(), L"custom");
 }
 
+TEST_F(NavigationChoice, TakesRowsWhileItRuns)
+{
+    m_navigation.Attach(m_controller);
+    std::wstring reason;
+
+    EXPECT_TRUE(m_navigation.SetRows({{L"right", L"pan"}}, L"left-rotates", reason));
+    EXPECT_EQ(m_navigation.GetNavigation(), L"custom");
+    EXPECT_EQ(drag(kRight), kPan);
+    EXPECT_EQ(drag(kLeft), kRotate);
+
+    EXPECT_TRUE(m_navigation.SetRows({}, L"right-rotates", reason));
+    EXPECT_EQ(m_navigation.GetNavigation(), L"right-rotates");
+    EXPECT_EQ(m_navigation.ListNavigations().back(), L"right-rotates");
+}
+
+TEST_F(NavigationChoice, LeavesEverythingForABadRow)
+{
+    std::wstring reason;
+
+    EXPECT_FALSE(m_navigation.SetRows({{L"left", L"pan"}, {L"left", L"turn"}}, L"default", reason));
+    EXPECT_EQ(reason, L"\"turn\" is no action; there are rotate, pan, zoom, window-zoom, "
+                      L"select, add and none");
+    EXPECT_FALSE(m_navigation.SetRows({}, L"custom", reason));
+    EXPECT_EQ(m_navigation.GetNavigation(), L"default");
+}
+
 TEST_F(NavigationChoice, ErrorsNameTheLine)
 {
     EXPECT_EQ(read("[navigation]\nShift = \"pan\"\nleft = \"turn\"\npreset = \"other\"\n"),

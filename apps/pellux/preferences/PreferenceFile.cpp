@@ -4,17 +4,22 @@
 
 #include <ConfigurationFile.h>
 #include <HotkeyTable.h>
+#include <NavigationTable.h>
 
 #include <QDir>
 #include <QFileInfo>
+#include <QMap>
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <QTemporaryDir>
+#include <map>
 
 namespace Pellux {
 namespace {
 
 const QString kShortcutSection = QStringLiteral("hotkeys");
+const QString kNavigationSection = QStringLiteral("navigation");
+const QString kPresetKey = QStringLiteral("preset");
 
 /// A basic string of TOML, control characters escaped.
 QString tomlString(const QString& text)
@@ -35,17 +40,18 @@ QString textOf(const PreferenceContents& contents)
 {
     QString text = QStringLiteral(
         "# Written by the window of Pellux; what people write belongs into pellux.toml.\n");
-    QString section;
-    for (auto entry = contents.values.cbegin(); entry != contents.values.cend(); ++entry) {
-        if (entry.key().first != section)
-            text += QStringLiteral("\n[%1]\n").arg(entry.key().first);
-        section = entry.key().first;
-        text += QStringLiteral("%1 = %2\n").arg(entry.key().second, tomlString(entry.value()));
-    }
-    if (!contents.shortcuts.empty())
-        text += QStringLiteral("\n[%1]\n").arg(kShortcutSection);
+    QMap<QString, QString> sections;
+    for (auto entry = contents.values.cbegin(); entry != contents.values.cend(); ++entry)
+        sections[entry.key().first] +=
+            QStringLiteral("%1 = %2\n").arg(entry.key().second, tomlString(entry.value()));
+    for (const auto& [buttons, action] : contents.navigation)
+        sections[kNavigationSection] +=
+            QStringLiteral("%1 = %2\n").arg(tomlString(buttons), tomlString(action));
     for (const auto& [keys, script] : contents.shortcuts)
-        text += QStringLiteral("%1 = %2\n").arg(tomlString(keys), tomlString(script));
+        sections[kShortcutSection] +=
+            QStringLiteral("%1 = %2\n").arg(tomlString(keys), tomlString(script));
+    for (auto section = sections.cbegin(); section != sections.cend(); ++section)
+        text += QStringLiteral("\n[%1]\n").arg(section.key()) + section.value();
     return text;
 }
 
@@ -85,6 +91,53 @@ void readShortcuts(ConfigurationFile& file, PreferenceContents& contents, QStrin
         contents.shortcuts.emplace_back(ToQt(keys), ToQt(script));
 }
 
+/// Checks one row after those that are good; takes it into the table when it is good.
+/// @return what is wrong with it; empty when it is good.
+QString checkRow(const std::pair<QString, QString>& row, NavigationTable& table,
+                 std::map<std::wstring, QString>& known)
+{
+    const std::wstring reason = table.SetRow(FromQt(row.first), FromQt(row.second));
+    if (!reason.empty())
+        return ToQt(reason);
+    OrvikCore::MouseGesture gesture;
+    OrvikCore::MouseGesture::FromText(FromQt(row.first), gesture);
+    const auto [other, isNew] = known.emplace(gesture.ToText(), row.first);
+    return isNew ? QString()
+                 : QStringLiteral("\"%1\" are the same buttons as \"%2\"")
+                       .arg(row.first, other->second);
+}
+
+void readNavigation(ConfigurationFile& file, PreferenceContents& contents, QString& errorText)
+{
+    NavigationTable table;
+    std::map<std::wstring, QString> known;
+    std::vector<std::pair<std::wstring, std::wstring>> pairs;
+    file.FillSection(FromQt(kNavigationSection), &pairs);
+    for (const auto& [key, text] : pairs) {
+        const std::pair<QString, QString> row(ToQt(key), ToQt(text));
+        if (row.first == kPresetKey)
+            continue;
+        const QString reason = checkRow(row, table, known);
+        if (reason.isEmpty())
+            contents.navigation.push_back(row);
+        else
+            addError(errorText, ToQt(file.GetPlace(FromQt(kNavigationSection), key)) +
+                                    QStringLiteral(": ") + reason);
+    }
+}
+
+/// The command that makes the table of some preferences hold.
+QString navigationForm(const PreferenceContents& contents, const QString& preset, bool hadRows)
+{
+    if (contents.navigation.empty() && !hadRows)
+        return QStringLiteral("(app:navigation %1)").arg(Quoted(preset));
+    QStringList rows;
+    for (const auto& [buttons, action] : contents.navigation)
+        rows << QStringLiteral("(%1 %2)").arg(Quoted(buttons), Quoted(action));
+    return QStringLiteral("(app:navigation-table '(%1) %2)")
+        .arg(rows.join(QLatin1Char(' ')), Quoted(preset));
+}
+
 } // namespace
 
 PreferenceContents ReadPreferences(const QString& path, QString& errorText)
@@ -96,6 +149,7 @@ PreferenceContents ReadPreferences(const QString& path, QString& errorText)
         return contents;
     }
     readValues(file, contents, errorText);
+    readNavigation(file, contents, errorText);
     readShortcuts(file, contents, errorText);
     return contents;
 }
@@ -112,6 +166,30 @@ bool WritePreferences(const QString& path, const PreferenceContents& contents, Q
         return true;
     errorText = QStringLiteral("%1 cannot be written: %2").arg(path, file.errorString());
     return false;
+}
+
+QString CheckNavigation(const NavigationRows& rows)
+{
+    NavigationTable table;
+    std::map<std::wstring, QString> known;
+    QString errorText;
+    for (const auto& row : rows) {
+        const QString reason = checkRow(row, table, known);
+        if (!reason.isEmpty())
+            addError(errorText, reason);
+    }
+    return errorText;
+}
+
+QStringList FormsBetween(const PreferenceContents& before, const PreferenceContents& after)
+{
+    QStringList forms = FormsBetween(before.values, after.values);
+    const std::pair<QString, QString> key(kNavigationSection, kPresetKey);
+    const QString standard = QStringLiteral("default");
+    const QString preset = after.values.value(key, standard);
+    if (before.navigation != after.navigation || before.values.value(key, standard) != preset)
+        forms << navigationForm(after, preset, !before.navigation.empty());
+    return forms;
 }
 
 QString CheckShortcuts(const Shortcuts& shortcuts)

@@ -12,11 +12,16 @@ namespace Pellux {
 /// Shortcuts and what they run, in the order of the file.
 using Shortcuts = std::vector<std::pair<QString, QString>>;
 
+/// Buttons with modifier keys ("Ctrl-left") and what they do ("pan"). A file gives them
+/// in the order of their names.
+using NavigationRows = std::vector<std::pair<QString, QString>>;
+
 /// What a file of preferences holds.
 struct PreferenceContents
 {
     PreferenceValues values; ///< Valid ones, none that is the default.
     Shortcuts shortcuts;
+    NavigationRows navigation; ///< Over the preset; good ones, none twice.
 
     bool operator==(const PreferenceContents& other) const = default;
 };
@@ -36,6 +41,14 @@ bool WritePreferences(const QString& path, const PreferenceContents& contents, Q
 ///
 /// @return the empty text when they are good, else what is wrong.
 QString CheckShortcuts(const Shortcuts& shortcuts);
+
+/// Checks rows of a table of what the mouse does, by the rules of the section [navigation].
+///
+/// @return the empty text when they are good, else a line for each mistake.
+QString CheckNavigation(const NavigationRows& rows);
+
+/// @return the commands that lead from some preferences to others; shortcuts have none.
+QStringList FormsBetween(const PreferenceContents& before, const PreferenceContents& after);
 
 } // namespace Pellux
 

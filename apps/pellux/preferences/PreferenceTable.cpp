@@ -34,7 +34,7 @@ Preference toggle(const char* section, const char* key, const char* label, bool 
 }
 
 /// Both numbers are set by one command; see FormsBetween().
-Preference number(const char* key, const char* label, double maximum)
+Preference fineness(const char* key, const char* label, double maximum)
 {
     return {QStringLiteral("tessellation"),
             QLatin1String(key),
@@ -52,23 +52,20 @@ Preference folder(const char* key, const char* label, const char* form)
             PreferenceKind::Folder,        QString(),          QLatin1String(form)};
 }
 
-Preference antialiasing()
+/// A number of the display page.
+Preference number(PreferenceKind kind, const char* key, const char* label, const char* standard,
+                  const char* form, double minimum, double maximum)
 {
-    return {QStringLiteral("display"),
-            QStringLiteral("antialiasing"),
-            translated("Antialiasing, samples for each pixel"),
-            PreferenceKind::Integer,
-            QStringLiteral("0"),
-            QStringLiteral("(app:antialiasing %1)"),
-            0.0,
-            16.0};
+    return {QStringLiteral("display"), QLatin1String(key),  translated(label), kind,
+            QLatin1String(standard),   QLatin1String(form), minimum,           maximum};
 }
 
+/// What the rows of the user lie over; see FormsBetween() of PreferenceContents.
 Preference navigation()
 {
     Preference preference{QStringLiteral("navigation"),      QStringLiteral("preset"),
                           translated("What the mouse does"), PreferenceKind::Choice,
-                          QStringLiteral("default"),         QStringLiteral("(app:navigation %1)")};
+                          QStringLiteral("default"),         QString()};
     preference.choices << QStringLiteral("default");
     for (const NavigationPreset& preset : NavigationPresets())
         preference.choices << QString::fromWCharArray(preset.name);
@@ -92,7 +89,12 @@ std::vector<Preference> makeTable()
               "#606060", "(app:set-default-tessellated-edge-color! %1)"),
         color("vertex", QT_TRANSLATE_NOOP("Preferences", "Vertices"), "#101010",
               "(app:set-default-vertex-color! %1)"),
-        antialiasing(),
+        number(PreferenceKind::Integer, "antialiasing",
+               QT_TRANSLATE_NOOP("Preferences", "Antialiasing, samples for each pixel"), "0",
+               "(app:antialiasing %1)", 0.0, 16.0),
+        number(PreferenceKind::Number, "line-width",
+               QT_TRANSLATE_NOOP("Preferences", "Width of edges, pixels"), "1",
+               "(app:line-width %1)", 1.0, 16.0),
         toggle("display", "faces", QT_TRANSLATE_NOOP("Preferences", "Show faces"), true,
                "(view:display-faces %1)"),
         toggle("display", "edges", QT_TRANSLATE_NOOP("Preferences", "Show edges"), true,
@@ -107,15 +109,18 @@ std::vector<Preference> makeTable()
                "(view:display-pmi %1)"),
         toggle("display", "animation", QT_TRANSLATE_NOOP("Preferences", "Move the camera in steps"),
                true, "(view:animate %1)"),
+        number(PreferenceKind::Integer, "animation-steps",
+               QT_TRANSLATE_NOOP("Preferences", "Steps of a move, 30 milliseconds each"), "20",
+               "(app:animation-steps %1)", 2.0, 100.0),
         toggle("display", "copy-picks",
                QT_TRANSLATE_NOOP("Preferences", "Copy each pick to the clipboard"), false,
                "(app:copy-picks %1)"),
-        number("sag",
-               QT_TRANSLATE_NOOP("Preferences", "Greatest sag, world units; 0 follows the model"),
-               1e6),
-        number("max-angle",
-               QT_TRANSLATE_NOOP("Preferences", "Greatest angle, degrees; 0 for the default"),
-               180.0),
+        fineness("sag",
+                 QT_TRANSLATE_NOOP("Preferences", "Greatest sag, world units; 0 follows the model"),
+                 1e6),
+        fineness("max-angle",
+                 QT_TRANSLATE_NOOP("Preferences", "Greatest angle, degrees; 0 for the default"),
+                 180.0),
         navigation(),
         folder("input", QT_TRANSLATE_NOOP("Preferences", "Files to read"),
                "(app:set-default-input-directory! %1)"),
@@ -187,10 +192,10 @@ QStringList FormsBetween(const PreferenceValues& before, const PreferenceValues&
     for (const Preference& preference : PreferenceTable()) {
         const QString value = ValueOf(after, preference);
         const bool isOther = value != ValueOf(before, preference);
-        if (preference.form.isEmpty()) {
+        if (preference.section == QStringLiteral("tessellation")) {
             numbers << value;
             isFinenessOther |= isOther;
-        } else if (isOther) {
+        } else if (isOther && !preference.form.isEmpty()) {
             forms << preference.FormFor(value);
         }
     }

@@ -28,8 +28,8 @@ struct Preference
     QString label;
     PreferenceKind kind;
     QString defaultText;
-    /// The command, with %1 for the value as scripts write it; empty for a number of the
-    /// tessellation, which has one command for all.
+    /// The command, with %1 for the value as scripts write it; empty where one command sets more
+    /// than this: numbers of the tessellation, and the preset of the mouse.
     QString form;
     double minimum = 0.0;
     double maximum = 0.0;
@@ -51,7 +51,7 @@ const std::vector<Preference>& PreferenceTable();
 /// @return the value of a preference.
 QString ValueOf(const PreferenceValues& values, const Preference& preference);
 
-/// @return the commands that lead from some values to others.
+/// @return the commands that lead from some values to others, but for the preset of the mouse.
 QStringList FormsBetween(const PreferenceValues& before, const PreferenceValues& after);
 
 } // namespace Pellux

@@ -54,7 +54,7 @@ bool Preferences::Change(const PreferenceContents& contents, QString& errorText)
 
 void Preferences::apply(const PreferenceContents& contents)
 {
-    const QStringList forms = FormsBetween(m_contents.values, contents.values);
+    const QStringList forms = FormsBetween(m_contents, contents);
     const bool hasOtherKeys = contents.shortcuts != m_contents.shortcuts;
     m_contents = contents;
     if (hasOtherKeys) {

@@ -1,5 +1,6 @@
 #include "preferences/PreferencesDialog.h"
 
+#include "preferences/NavigationEditor.h"
 #include "preferences/Preferences.h"
 #include "preferences/ShortcutEditor.h"
 #include "runtime/Guarded.h"
@@ -33,6 +34,7 @@ PreferencesDialog::PreferencesDialog(Preferences& preferences, QWidget* parent)
     : QDialog(parent),
       m_preferences(preferences),
       m_pages(new QTabWidget(this)),
+      m_navigation(new NavigationEditor(this)),
       m_shortcuts(new ShortcutEditor(this))
 {
     setWindowTitle(tr("Preferences"));
@@ -41,8 +43,7 @@ PreferencesDialog::PreferencesDialog(Preferences& preferences, QWidget* parent)
     makePages();
     makeButtons();
     column->addWidget(m_buttons);
-    showValues(preferences.Contents().values);
-    m_shortcuts->Set(preferences.Contents().shortcuts);
+    show(preferences.Contents());
 }
 
 PreferencesDialog::~PreferencesDialog() = default;
@@ -60,6 +61,8 @@ void PreferencesDialog::makePages()
         }
         m_editors.push_back(MakePreferenceEditor(preference, page->parentWidget()));
         page->addRow(preference.label, m_editors.back().widget);
+        if (section == QStringLiteral("navigation"))
+            page->addRow(m_navigation);
     }
     m_pages->addTab(m_shortcuts, tr("Shortcuts"));
 }
@@ -74,28 +77,33 @@ void PreferencesDialog::makeButtons()
             [this] { Guarded([this] { Apply(); }); });
     connect(m_buttons->button(Box::RestoreDefaults), &QPushButton::clicked, this,
             [this] { Guarded([this] { RestoreDefaults(); }); });
-    connect(m_shortcuts, &ShortcutEditor::Checked, this, [this](bool isGood) {
+    const auto enable = [this] {
+        const bool isGood = m_shortcuts->IsGood() && m_navigation->IsGood();
         m_buttons->button(Box::Ok)->setEnabled(isGood);
         m_buttons->button(Box::Apply)->setEnabled(isGood);
-    });
+    };
+    connect(m_shortcuts, &ShortcutEditor::Checked, this, enable);
+    connect(m_navigation, &NavigationEditor::Checked, this, enable);
 }
 
-void PreferencesDialog::showValues(const PreferenceValues& values)
+void PreferencesDialog::show(const PreferenceContents& contents)
 {
     for (std::size_t i = 0; i < m_editors.size(); ++i)
-        m_editors[i].set(ValueOf(values, PreferenceTable()[i]));
+        m_editors[i].set(ValueOf(contents.values, PreferenceTable()[i]));
+    m_navigation->Set(contents.navigation);
+    m_shortcuts->Set(contents.shortcuts);
 }
 
 void PreferencesDialog::RestoreDefaults()
 {
-    showValues({});
-    m_shortcuts->Set({});
+    show({});
 }
 
 bool PreferencesDialog::Apply()
 {
     PreferenceContents contents;
     contents.shortcuts = m_shortcuts->Get();
+    contents.navigation = m_navigation->Get();
     for (std::size_t i = 0; i < m_editors.size(); ++i) {
         const Preference& preference = PreferenceTable()[i];
         const QString text = m_editors[i].get();

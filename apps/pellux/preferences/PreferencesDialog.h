@@ -2,6 +2,7 @@
 #define PELLUX_PREFERENCES_PREFERENCESDIALOG_H
 
 #include "preferences/PreferenceEditor.h"
+#include "preferences/PreferenceFile.h"
 
 #include <QDialog>
 #include <vector>
@@ -13,6 +14,7 @@ QT_END_NAMESPACE
 
 namespace Pellux {
 
+class NavigationEditor;
 class Preferences;
 class ShortcutEditor;
 
@@ -40,10 +42,11 @@ public:
 private:
     void makePages();
     void makeButtons();
-    void showValues(const PreferenceValues& values);
+    void show(const PreferenceContents& contents);
 
     Preferences& m_preferences;
-    QTabWidget* m_pages; ///< These three are owned as children.
+    QTabWidget* m_pages; ///< These four are owned as children.
+    NavigationEditor* m_navigation;
     ShortcutEditor* m_shortcuts;
     QDialogButtonBox* m_buttons = nullptr;
     std::vector<PreferenceEditor> m_editors; ///< As many as PreferenceTable() has, in its order.

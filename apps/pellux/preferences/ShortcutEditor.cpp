@@ -17,6 +17,7 @@ namespace Pellux {
 ShortcutEditor::ShortcutEditor(QWidget* parent)
     : QWidget(parent), m_table(new QTableWidget(0, 2, this)), m_errors(new QLabel(this))
 {
+    m_table->setObjectName(QStringLiteral("shortcuts.rows"));
     m_table->setHorizontalHeaderLabels({tr("Shortcut"), tr("Script")});
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->verticalHeader()->setVisible(false);

@@ -10,6 +10,8 @@ namespace TambVizCore {
 namespace {
 
 constexpr int kMaxAntialiasLevel = 16;
+constexpr float kMinLineWidth = 1.0f;
+constexpr float kMaxLineWidth = 16.0f;
 /// Every OpenGL 3.3 implementation has at least this many clip distances to spare.
 constexpr std::size_t kMaxClipPlanes = 6;
 
@@ -115,6 +117,11 @@ void RenderingOptions::SetXRay(bool xRay)
 void RenderingOptions::SetAntialiasLevel(int level)
 {
     assign(m_antialiasLevel, std::clamp(level, 0, kMaxAntialiasLevel));
+}
+
+void RenderingOptions::SetLineWidth(float factor)
+{
+    assign(m_lineWidth, factor > kMinLineWidth ? std::min(factor, kMaxLineWidth) : kMinLineWidth);
 }
 
 void RenderingOptions::SetClipPlanes(const std::vector<ClipPlane>& planes)

@@ -8,6 +8,10 @@ namespace TambVizCore {
 namespace {
 
 constexpr int kMaxAntialiasLevel = 16;
+constexpr float kMinLineWidth = 1.0f;
+constexpr float kMaxLineWidth = 16.0f;
+constexpr int kMinAnimationSteps = 2;
+constexpr int kMaxAnimationSteps = 100;
 
 std::unique_ptr<Settings>& currentSettings()
 {
@@ -36,6 +40,16 @@ const Settings& Settings::Default()
 void Settings::SetAntialiasLevel(int level)
 {
     m_antialiasLevel = std::clamp(level, 0, kMaxAntialiasLevel);
+}
+
+void Settings::SetLineWidth(float pixels)
+{
+    m_lineWidth = pixels > kMinLineWidth ? std::min(pixels, kMaxLineWidth) : kMinLineWidth;
+}
+
+void Settings::SetAnimationSteps(int steps)
+{
+    m_animationSteps = std::clamp(steps, kMinAnimationSteps, kMaxAnimationSteps);
 }
 
 } // namespace TambVizCore

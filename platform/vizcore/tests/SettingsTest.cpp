@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 #include <memory>
 
 namespace TambVizCore {
@@ -82,6 +83,35 @@ TEST(Settings, AntialiasLevelsAreClamped)
     EXPECT_EQ(settings.GetAntialiasLevel(), 0);
     settings.SetAntialiasLevel(99);
     EXPECT_EQ(settings.GetAntialiasLevel(), 16);
+}
+
+TEST(Settings, LineWidthsAndStepsAreClamped)
+{
+    Settings settings;
+    EXPECT_EQ(settings.GetLineWidth(), 1.0f);
+    EXPECT_EQ(settings.GetAnimationSteps(), 20);
+
+    settings.SetLineWidth(2.5f);
+    EXPECT_EQ(settings.GetLineWidth(), 2.5f);
+    settings.SetLineWidth(99.0f);
+    EXPECT_EQ(settings.GetLineWidth(), 16.0f);
+    settings.SetLineWidth(std::numeric_limits<float>::quiet_NaN());
+    EXPECT_EQ(settings.GetLineWidth(), 1.0f);
+    settings.SetAnimationSteps(0);
+    EXPECT_EQ(settings.GetAnimationSteps(), 2);
+    settings.SetAnimationSteps(1000);
+    EXPECT_EQ(settings.GetAnimationSteps(), 100);
+}
+
+TEST(RenderingOptions, LineWidthsAreClamped)
+{
+    RenderingOptions options;
+    EXPECT_EQ(options.GetLineWidth(), 1.0f);
+
+    options.SetLineWidth(0.0f);
+    EXPECT_EQ(options.GetLineWidth(), 1.0f);
+    options.SetLineWidth(17.0f);
+    EXPECT_EQ(options.GetLineWidth(), 16.0f);
 }
 
 TEST(RenderingOptions, CreateDefaultShowsAllButVerticesAndTessellation)
@@ -167,6 +197,8 @@ INSTANTIATE_TEST_SUITE_P(
                              [](const Options& o) { return o.GetHighlightColor() == kColor; }},
                       Setter{"AntialiasLevel", [](Options& o) { o.SetAntialiasLevel(4); },
                              [](const Options& o) { return o.GetAntialiasLevel() == 4; }},
+                      Setter{"LineWidth", [](Options& o) { o.SetLineWidth(2.0f); },
+                             [](const Options& o) { return o.GetLineWidth() == 2.0f; }},
                       Setter{"ClipPlanes", [](Options& o) { o.SetClipPlanes({ClipPlane{}}); },
                              [](const Options& o) { return o.GetClipPlanes().size() == 1; }}),
     [](const auto& setter) { return setter.param.name; });

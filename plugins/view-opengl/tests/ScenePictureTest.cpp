@@ -214,6 +214,22 @@ TEST_F(ScenePicture, AntialiasingSmoothsSlantedBorders)
     EXPECT_EQ(countShades(), 2u);
 }
 
+TEST_F(ScenePicture, EdgesAreAsWideAsTheOptionsSay)
+{
+    Add(MakeLine(0.0f));
+    const auto countDrawn = [this] {
+        Draw();
+        std::size_t drawn = 0;
+        for (int row = 0; row < m_image.height; ++row)
+            drawn += At(0.0, 2.0 * (row + 0.5) / m_image.height - 1.0) == Shows::Background ? 0 : 1;
+        return drawn;
+    };
+
+    EXPECT_EQ(countDrawn(), 1u);
+    Options().SetLineWidth(5.0f);
+    EXPECT_EQ(countDrawn(), 5u);
+}
+
 TEST_F(ScenePicture, MoreSamplesThanTheDriverHasAreTakenAsItsMost)
 {
     Options().SetAntialiasLevel(16);

@@ -5,6 +5,7 @@
 
 #include <OrvikOs/Clock.h>
 #include <OrvikOs/Sleeper.h>
+#include <TambVizCore/Settings.h>
 
 #include <cmath>
 #include <cstdint>
@@ -125,6 +126,21 @@ TEST_F(ACameraAnimation, OfATurnRepaintsTwentyTimesAndEndsExactly)
 
     EXPECT_THAT(m_repaints.m_triples, SizeIs(20));
     expectAt(kFromTheRight);
+}
+
+TEST_F(ACameraAnimation, TakesAsManyStepsAsTheSettingsSay)
+{
+    TambVizCore::Settings::Current()->SetAnimationSteps(6);
+
+    moveTo(kFromTheRight);
+
+    EXPECT_THAT(m_repaints.m_triples, SizeIs(6));
+    expectAt(kFromTheRight);
+
+    moveTo({{100, 1, 0}, {0, 1, 0}, {0, 1, 0}});
+
+    EXPECT_THAT(m_repaints.m_triples, SizeIs(12));
+    EXPECT_THAT(m_time.m_sleepsMs, SizeIs(12));
 }
 
 TEST_F(ACameraAnimation, OfATurnIsEased)

@@ -48,6 +48,10 @@ TEST_F(PreferenceFile, GivesBackWhatWasWritten)
     contents.shortcuts = {
         {QStringLiteral("Ctrl-f"), QStringLiteral("(view:zoom-all)\n(view:iso)")}};
 
+    contents.values[{QStringLiteral("navigation"), QStringLiteral("preset")}] =
+        QStringLiteral("left-rotates");
+    contents.navigation = {{QStringLiteral("Ctrl-left+right"), QStringLiteral("pan")}};
+
     EXPECT_TRUE(Pellux::WritePreferences(path(), contents, errors)) << qPrintable(errors);
 
     EXPECT_EQ(read(), contents) << qPrintable(errors);
@@ -83,6 +87,21 @@ TEST_F(PreferenceFile, LeavesDefaultsOut)
     write("[display]\nfaces = true\nvertices = true\n");
 
     EXPECT_EQ(read().values.size(), 1);
+}
+
+TEST_F(PreferenceFile, NamesThePlaceOfABadRowOfTheMouse)
+{
+    write("[navigation]\n\"Shift\" = \"pan\"\n\"Ctrl-Alt-left\" = \"pan\"\n"
+          "\"Alt-Ctrl-left\" = \"zoom\"\n");
+
+    EXPECT_EQ(read().navigation,
+              (Pellux::NavigationRows{{QStringLiteral("Alt-Ctrl-left"), QStringLiteral("zoom")}}));
+
+    const QString buttons = QStringLiteral(":3:19: \"Ctrl-Alt-left\" are the same buttons as "
+                                           "\"Alt-Ctrl-left\"\n");
+    const QString none = QStringLiteral(":2:11: \"Shift\" names no buttons; examples are left, "
+                                        "Ctrl-left and Ctrl-Shift-left+middle");
+    EXPECT_EQ(errors, path() + buttons + path() + none) << qPrintable(errors);
 }
 
 TEST(Shortcuts, AreCheckedByTheRulesOfTheConfiguration)

@@ -1,10 +1,15 @@
 #include "WindowFixture.h"
 
+#include <actions/WindowState.h>
+#include <preferences/NavigationEditor.h>
 #include <preferences/Preferences.h>
 #include <preferences/PreferencesDialog.h>
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDoubleSpinBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
@@ -126,10 +131,86 @@ TEST_F(PreferencesWindow, AreReadAgainWhenAScriptAsksForIt)
     EXPECT_EQ(echoed.back(), QStringLiteral("(app:antialiasing 8)"));
 }
 
+TEST_F(PreferencesWindow, MakeEdgesWiderAndMovesShorter)
+{
+    Open();
+    editor<QDoubleSpinBox>("display.line-width").setValue(3.0);
+    editor<QSpinBox>("display.animation-steps").setValue(5);
+
+    EXPECT_TRUE(dialog().Apply());
+
+    EXPECT_EQ(echoed, (QStringList{QStringLiteral("(app:line-width 3)"),
+                                   QStringLiteral("(app:animation-steps 5)")}));
+    printed.clear();
+    EXPECT_TRUE(Do("(app:print (list (app:line-width) (app:animation-steps)))"));
+    EXPECT_TRUE(printed.join(u'\n').contains(QStringLiteral("(3 5)")))
+        << qPrintable(printed.join(u'\n'));
+}
+
+TEST_F(PreferencesWindow, LayOwnRowsOfTheMouseOverAPreset)
+{
+    Open();
+    editor<QComboBox>("navigation.preset").setCurrentText(QStringLiteral("middle-rotates"));
+    editor<Pellux::NavigationEditor>("navigation.rows")
+        .Add(QStringLiteral("Ctrl-Alt-left"), QStringLiteral("pan"));
+
+    EXPECT_TRUE(dialog().Apply());
+
+    EXPECT_EQ(echoed, QStringList{QStringLiteral("(app:navigation-table '((\"Ctrl-Alt-left\" "
+                                                 "\"pan\")) \"middle-rotates\")")});
+    EXPECT_EQ(Pellux::WindowState::Navigation(), QStringLiteral("custom"));
+
+    dialog().RestoreDefaults();
+    EXPECT_TRUE(dialog().Apply());
+
+    EXPECT_EQ(echoed.back(), QStringLiteral("(app:navigation-table '() \"default\")"));
+    EXPECT_EQ(Pellux::WindowState::Navigation(), QStringLiteral("default"));
+}
+
+TEST_F(PreferencesWindow, KeepOwnRowsOfTheMouseFromOneRunToTheNext)
+{
+    writeFile("[navigation]\n\"Ctrl-right\" = \"zoom\"\n");
+
+    openAndRead();
+
+    EXPECT_EQ(Pellux::WindowState::Navigation(), QStringLiteral("custom"));
+    EXPECT_EQ(editor<Pellux::NavigationEditor>("navigation.rows").Get(),
+              (Pellux::NavigationRows{{QStringLiteral("Ctrl-right"), QStringLiteral("zoom")}}));
+}
+
+TEST_F(PreferencesWindow, RefuseTwoRowsForTheSameButtons)
+{
+    Open();
+    auto& rows = editor<Pellux::NavigationEditor>("navigation.rows");
+    rows.Add(QStringLiteral("Ctrl-left"), QStringLiteral("pan"));
+    rows.Add(QStringLiteral("Ctrl-left"), QStringLiteral("zoom"));
+
+    EXPECT_EQ(editor<QLabel>("navigation.errors").text(),
+              QStringLiteral("\"Ctrl-left\" are the same buttons as \"Ctrl-left\""));
+    EXPECT_FALSE(
+        dialog().findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->isEnabled());
+}
+
+TEST_F(PreferencesWindow, SetColoursFinenessAndFolders)
+{
+    Open();
+    editor<QPushButton>("colors.edge").setText(QStringLiteral("#0000ff"));
+    editor<QDoubleSpinBox>("tessellation.max-angle").setValue(10.0);
+    editor<QWidget>("directories.input").findChild<QLineEdit*>()->setText(QStringLiteral("/tmp"));
+
+    EXPECT_TRUE(dialog().Apply());
+
+    EXPECT_EQ(echoed, (QStringList{QStringLiteral("(app:set-default-edge-color! '(0 0 255))"),
+                                   QStringLiteral("(app:set-default-input-directory! \"/tmp\")"),
+                                   QStringLiteral("(view:tessellation 0 10)")}))
+        << qPrintable(errors.join(u'\n'));
+    EXPECT_TRUE(errors.isEmpty()) << qPrintable(errors.join(u'\n'));
+}
+
 TEST_F(PreferencesWindow, BindShortcutsAtOnce)
 {
     Open();
-    auto& table = *dialog().findChild<QTableWidget*>();
+    auto& table = *dialog().findChild<QTableWidget*>(QStringLiteral("shortcuts.rows"));
     table.insertRow(0);
     table.setItem(0, 0, new QTableWidgetItem(QStringLiteral("Ctrl-q")));
     table.setItem(0, 1, new QTableWidgetItem(QStringLiteral("(view:iso)")));
@@ -143,7 +224,7 @@ TEST_F(PreferencesWindow, BindShortcutsAtOnce)
 TEST_F(PreferencesWindow, RefuseWhatIsNoShortcut)
 {
     Open();
-    auto& table = *dialog().findChild<QTableWidget*>();
+    auto& table = *dialog().findChild<QTableWidget*>(QStringLiteral("shortcuts.rows"));
     table.insertRow(0);
     table.setItem(0, 0, new QTableWidgetItem(QStringLiteral("F5")));
     table.setItem(0, 1, new QTableWidgetItem(QStringLiteral("(view:iso)")));

@@ -63,6 +63,11 @@ public:
     /// Values below 0 become 0, values above 16 become 16.
     void SetAntialiasLevel(int level);
 
+    /// How many times wider than a model says its edges are drawn; 1 at start.
+    float GetLineWidth() const { return m_lineWidth; }
+    /// Values outside of 1 to 16 become the nearest of these; what is no number becomes 1.
+    void SetLineWidth(float factor);
+
     /// Section planes in world units; what any of them cuts away is neither drawn nor picked.
     const std::vector<ClipPlane>& GetClipPlanes() const { return m_clipPlanes; }
     /// At most 6 planes are kept, the first ones.
@@ -90,6 +95,7 @@ private:
     RGBAColor m_highlightColor;
     bool m_xRay = false;
     int m_antialiasLevel = 0;
+    float m_lineWidth = 1.0f;
     std::vector<ClipPlane> m_clipPlanes;
     std::uint64_t m_revision = 0;
 };

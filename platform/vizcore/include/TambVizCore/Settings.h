@@ -13,7 +13,8 @@ namespace TambVizCore {
 /// A new record holds the built-in defaults: face (180, 186, 196), edge (32, 32, 32), tessellation
 /// edge (96, 96, 96), vertex (16, 16, 16), highlight (255, 140, 0), background 1 (above)
 /// (214, 224, 236), background 2 (below) (250, 251, 253), all with alpha 255; antialias level 0;
-/// picks are not copied to the clipboard; rendering is not incremental.
+/// edges 1 pixel wide; 20 steps of an animated move; picks are not copied to the clipboard;
+/// rendering is not incremental.
 ///
 /// One record is the current one of the process. Writing to it draws nothing: whoever changes it
 /// hands the values to the view's RenderingOptions.
@@ -74,6 +75,18 @@ public:
     bool GetUseIncrementalRendering() const { return m_useIncrementalRendering; }
     void SetUseIncrementalRendering(bool use) { m_useIncrementalRendering = use; }
 
+    /// How wide edges are drawn, pixels; lines with a width of their own are as many times wider.
+    float GetLineWidth() const { return m_lineWidth; }
+
+    /// Values outside of 1 to 16 become the nearest of these; what is no number becomes 1.
+    void SetLineWidth(float pixels);
+
+    /// Steps of 30 milliseconds that an animated move of the camera takes.
+    int GetAnimationSteps() const { return m_animationSteps; }
+
+    /// Values outside of 2 to 100 become the nearest of these.
+    void SetAnimationSteps(int steps);
+
     bool operator==(const Settings& other) const = default;
 
 private:
@@ -87,6 +100,8 @@ private:
     int m_antialiasLevel = 0;
     bool m_copyPickToClipboard = false;
     bool m_useIncrementalRendering = false;
+    float m_lineWidth = 1.0f;
+    int m_animationSteps = 20;
 };
 
 } // namespace TambVizCore
