@@ -102,9 +102,11 @@ QString checkRow(const std::pair<QString, QString>& row, NavigationTable& table,
     OrvikCore::MouseGesture gesture;
     OrvikCore::MouseGesture::FromText(FromQt(row.first), gesture);
     const auto [other, isNew] = known.emplace(gesture.ToText(), row.first);
-    return isNew ? QString()
-                 : QStringLiteral("\"%1\" are the same buttons as \"%2\"")
-                       .arg(row.first, other->second);
+    if (isNew)
+        return {};
+    if (other->second == row.first)
+        return QStringLiteral("\"%1\" stands twice").arg(row.first);
+    return QStringLiteral("\"%1\" are the same buttons as \"%2\"").arg(row.first, other->second);
 }
 
 void readNavigation(ConfigurationFile& file, PreferenceContents& contents, QString& errorText)

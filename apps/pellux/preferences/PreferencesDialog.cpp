@@ -38,6 +38,8 @@ PreferencesDialog::PreferencesDialog(Preferences& preferences, QWidget* parent)
       m_shortcuts(new ShortcutEditor(this))
 {
     setWindowTitle(tr("Preferences"));
+    // Every page is to be seen from the start.
+    m_pages->setUsesScrollButtons(false);
     auto* const column = new QVBoxLayout(this);
     column->addWidget(m_pages, 1);
     makePages();

@@ -186,7 +186,7 @@ TEST_F(PreferencesWindow, RefuseTwoRowsForTheSameButtons)
     rows.Add(QStringLiteral("Ctrl-left"), QStringLiteral("zoom"));
 
     EXPECT_EQ(editor<QLabel>("navigation.errors").text(),
-              QStringLiteral("\"Ctrl-left\" are the same buttons as \"Ctrl-left\""));
+              QStringLiteral("\"Ctrl-left\" stands twice"));
     EXPECT_FALSE(
         dialog().findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->isEnabled());
 }
