@@ -80,7 +80,8 @@ public:
     /// finished it.
     ///
     /// For requests that may outlive their submitter: the job, or the script text, lives on the
-    /// heap and the dispatcher shares it. A block whose ticket was not queued is not kept.
+    /// heap and the dispatcher shares it. A block whose ticket was not queued is not kept. An
+    /// event that an earlier job has left behind does not end the wait.
     ///
     /// @param block  what the addresses in @p ticket point into; shared. Released on the main
     ///               thread, at the end of a later submission or in Terminate(); never released
@@ -166,7 +167,7 @@ private:
     void runTicket(JobTicket& ticket);
     void executeScript(JobTicket& ticket);
     void notifyClient(JobTicket* ticket);
-    void waitForNotification(JobTicket ticket, int timeout);
+    bool waitForNotification(JobTicket ticket, int timeout);
     void printDebugMessage(unsigned long waitResult, JobTicket* ticket);
     void releaseFinished();
     void stopWorker();

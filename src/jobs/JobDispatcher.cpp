@@ -264,7 +264,12 @@ bool JobDispatcher::submit(JobTicket& ticket, const std::shared_ptr<const void>&
 
     // 5. Wait, unless running it here has taken the sync mark away.
     if (ticket.IsSync()) {
-        waitForNotification(ticket, m_jobTimeoutMs.load(std::memory_order_acquire));
+        const int timeout = m_jobTimeoutMs.load(std::memory_order_acquire);
+        // Who has parked something reads its results: the event of an earlier job is passed over.
+        while (waitForNotification(ticket, timeout) && block && number > 0 &&
+               m_finished.load(std::memory_order_acquire) < number &&
+               !m_terminating.load(std::memory_order_acquire)) {
+        }
     }
 
     // 6. Deliberate: an asynchronous caller also receives the ticket that finished last.
@@ -328,18 +333,19 @@ void JobDispatcher::releaseFinished()
 
 // --- Waiting -------------------------------------------------------------------------------------
 
-void JobDispatcher::waitForNotification(JobTicket ticket, int timeout)
+/// @return whether the event ended the wait.
+bool JobDispatcher::waitForNotification(JobTicket ticket, int timeout)
 {
     for (;;) {
         const unsigned result = OrvikOs::MsgWait(m_event, timeout, kWakeMask);
         if (result == OrvikOs::kWaitSignalled) {
             // Deliberate: this may be the event of an earlier job that nobody has waited for.
             // Held by JobDispatcherWait.StaleEventEndsTheNextWaitAtOnce.
-            return;
+            return true;
         }
         if (result == OrvikOs::kWaitInput) {
             if (!pumpMessages()) {
-                return;
+                return false;
             }
             continue;
         }
@@ -347,14 +353,14 @@ void JobDispatcher::waitForNotification(JobTicket ticket, int timeout)
         last = m_lastTicket.Get()->ticket;
         printDebugMessage(result, &last);
         if (result == OrvikOs::kWaitFailed || result == OrvikOs::kWaitAbandoned) {
-            return;
+            return false;
         }
         // Deliberate: a script, and a job that the worker has not taken, are waited for again.
         // Held by JobDispatcherWait.ScriptIsWaitedForOneTimeOutAfterAnother and
         // JobDispatcherWait.JobStillInTheRingIsWaitedForAgain.
         const bool taken = ticket.GetJobId() == JID_EXECUTE_JOB && m_queue.IsEmpty();
         if (taken || m_terminating.load(std::memory_order_acquire)) {
-            return;
+            return false;
         }
     }
 }

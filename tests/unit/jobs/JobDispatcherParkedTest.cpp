@@ -1,6 +1,8 @@
 #include "DispatcherFixture.h"
 
+#include <chrono>
 #include <memory>
+#include <thread>
 
 using OrvikCore::JID_EXECUTE_SCRIPT;
 using OrvikCore::JOB_COMPLETED;
@@ -88,12 +90,26 @@ TEST_F(JobDispatcherParked, JobOfAParkedWorkerIsNeverReleased)
     EXPECT_FALSE(watch.expired());
 }
 
-TEST_F(JobDispatcherParked, StaleEventDoesNotPassForTheEndOfAJob)
+TEST_F(JobDispatcherParked, EventOfAnEarlierJobDoesNotEndTheWait)
+{
+    FunctionJob earlier([] { return false; });
+    submit(earlier);
+    waitUntilIdle();
+    auto slow = std::make_shared<FunctionJob>([] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        return true;
+    });
+
+    EXPECT_TRUE(dispatcher().ExecuteParked(slow));
+}
+
+TEST_F(JobDispatcherParked, EventOfAnEarlierJobIsPassedOverUntilTheTimeOut)
 {
     FunctionJob earlier([] { return false; });
     submit(earlier);
     waitUntilIdle();
     auto gate = std::make_shared<GateJob>();
+    dispatcher().SetJobTimeout(50);
 
     EXPECT_FALSE(dispatcher().ExecuteParked(gate));
 

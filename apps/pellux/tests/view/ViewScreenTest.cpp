@@ -115,6 +115,18 @@ TEST_F(ViewOnScreen, WritesTheCameraDownWhenTheWheelRests)
     EXPECT_EQ(Journal().count(QStringLiteral("(view:set-camera! ")), 1);
 }
 
+TEST_F(ViewOnScreen, EveryClickPicks)
+{
+    ASSERT_TRUE(Load());
+    const QPoint middle = View().rect().center();
+    for (int i = 0; i < 6; ++i) {
+        QTest::mouseClick(&View(), Qt::LeftButton, {}, middle + QPoint(7 * i, 0));
+        EXPECT_EQ(OrvikCore::SessionMgr::Instance().CurrentSession().GetPickedEntities().size(), 1U)
+            << "click " << i;
+        QTest::qWait(600);
+    }
+}
+
 TEST_F(ViewOnScreen, TellsWhatAFrameTook)
 {
     QSignalSpy drawn(&View().Screen(), &Pellux::ViewScreen::FrameDrawn);
