@@ -36,6 +36,8 @@ using TambVizCore::Ray;
 using TambVizCore::Utils;
 using Lock = OrvikOs::CriticalSection::Guard;
 
+constexpr char kBoxCommand[] = "sel:box";
+
 /// Commands that play a hand: what the hand does is written instead.
 bool isInput(const std::string& name)
 {
@@ -134,12 +136,11 @@ void Journal::NoteCommand(const Command& command,
                           const TambCommandsInfra::Arguments& arguments) noexcept
 {
     try {
-        const std::optional<PickNote> pick =
-            ProbeCommand(m_session->Document(), command, arguments);
+        const std::vector<PickNote> picks = ProbeCommand(*m_session, command, arguments);
         const Lock lock(m_lock);
         m_happened.hasChanged |= command.effect == CommandEffect::Changes && !isInput(command.name);
-        if (pick)
-            m_happened.picks.push_back(*pick);
+        m_happened.hasSelectedByBox |= command.name == kBoxCommand;
+        m_happened.picks.insert(m_happened.picks.end(), picks.begin(), picks.end());
     } catch (const std::exception& error) {
         OrvikCore::dbg << "-- journal : " << command.name << ": " << error.what() << std::endl;
     }
@@ -178,8 +179,20 @@ void Journal::Record(const std::wstring& command, const SplitForms& split)
         happened.hasChanged || !happened.picks.empty() || !AsksOnly(command, onlyAsks);
     // What is no whole form was never run.
     if (isWhole && isWorthIt)
-        write(oneForm(forms), happened.picks, happened.hasFailed);
+        writeCommand(forms, happened);
     noteKnown();
+}
+
+/// What a rectangle in the view has selected is written as the entities, which a replay at another
+/// size selects too.
+void Journal::writeCommand(const std::vector<PlacedForm>& forms, const Happened& happened)
+{
+    const bool isBoxAlone = happened.hasSelectedByBox && !happened.hasFailed && forms.size() == 1 &&
+                            IsPlainCall(forms.front().text, kBoxCommand);
+    if (!isBoxAlone)
+        write(oneForm(forms), happened.picks, happened.hasFailed);
+    if (happened.hasSelectedByBox)
+        writeSelection();
 }
 
 void Journal::ControllerNotify(OrvikCore::IViewOp* op)
@@ -236,7 +249,7 @@ void Journal::EndGesture()
     if (!std::exchange(m_gestureIsOpen, false) || m_session == nullptr)
         return;
     writeCamera();
-    writeSelection();
+    writeChangedSelection();
     noteKnown();
 }
 
@@ -247,14 +260,17 @@ void Journal::writeCamera()
         write(CameraForm(now->data(), now->data() + 3, now->data() + 6), {}, /*hasFailed=*/false);
 }
 
+void Journal::writeChangedSelection()
+{
+    if (m_session->GetPickedEntities() != m_knownSelection)
+        writeSelection();
+}
+
 void Journal::writeSelection()
 {
-    const std::vector<EntityId> selected = m_session->GetPickedEntities();
-    if (selected == m_knownSelection)
-        return;
     std::wstring form = L"(sel:set";
     std::vector<PickNote> notes;
-    for (const EntityId& entity : selected) {
+    for (const EntityId& entity : m_session->GetPickedEntities()) {
         PickNote note;
         note.entity = entity;
         note.isFound = LocateEntity(m_session->Document(), note);

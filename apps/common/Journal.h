@@ -78,6 +78,7 @@ private:
     {
         bool hasChanged = false;
         bool hasFailed = false;
+        bool hasSelectedByBox = false; ///< What that finds depends on the size of the view.
         std::vector<PickNote> picks;
     };
 
@@ -88,6 +89,8 @@ private:
     void noteKnown();
     void notePick(const OrvikCore::ViewOpRayPick& op);
     void writeCamera();
+    void writeCommand(const std::vector<PlacedForm>& forms, const Happened& happened);
+    void writeChangedSelection();
     void writeSelection();
     void write(const std::wstring& form, const std::vector<PickNote>& picks, bool hasFailed);
     void append(const std::wstring& lines);

@@ -84,4 +84,11 @@ bool AsksOnly(const std::wstring& form, const std::function<bool(const std::stri
     return CallsOfForm(form).AllAre(onlyAsks);
 }
 
+bool IsPlainCall(const std::wstring& form, const std::string& name)
+{
+    int calls = 0;
+    const auto isWanted = [&](const std::string& called) { return ++calls == 1 && called == name; };
+    return AsksOnly(form, isWanted) && calls == 1;
+}
+
 } // namespace Pellux

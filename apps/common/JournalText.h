@@ -100,6 +100,9 @@ bool ParseJournal(const std::wstring& text, const SplitForms& split, JournalCont
 /// @return false in doubt, as for a definition or a call of anything else.
 bool AsksOnly(const std::wstring& form, const std::function<bool(const std::string&)>& onlyAsks);
 
+/// Tells whether a form is nothing but one call of a command, with plain values as arguments.
+bool IsPlainCall(const std::wstring& form, const std::string& name);
+
 /// Writes the form that moves the camera; numbers with 17 digits.
 /// @param eye, target, up  float[3] each.
 std::wstring CameraForm(const float* eye, const float* target, const float* up);

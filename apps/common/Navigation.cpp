@@ -6,7 +6,9 @@
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/Controller.h>
 #include <OrvikCore/IViewOp.h>
+#include <OrvikCore/MessageType.h>
 #include <OrvikCore/SessionMgr.h>
+#include <OrvikCore/ViewOpDrag.h>
 #include <TambVizCore/IView3D.h>
 
 #include <algorithm>
@@ -171,12 +173,17 @@ void Navigation::apply()
 
 void Navigation::ControllerNotify(OrvikCore::IViewOp* op)
 {
-    if (op == nullptr || op->Type() != OrvikCore::ViewOpType::Drag || !m_state->isAdding)
+    if (op == nullptr || op->Type() != OrvikCore::ViewOpType::Drag)
         return;
-    if (op->State() == IViewOpState::Start)
+    if (m_state->isAdding && op->State() == IViewOpState::Start)
         m_before = SessionMgr::Instance().CurrentSession().GetPickedEntities();
-    else if (op->State() == IViewOpState::End)
+    else if (m_state->isAdding && op->State() == IViewOpState::End)
         selectBoth(m_before);
+    const std::wstring command =
+        m_echo.Follow(static_cast<const OrvikCore::ViewOpDrag&>(*op), m_state->isAdding);
+    if (!command.empty())
+        SessionMgr::Instance().CurrentSession().PrintMessage(command,
+                                                             OrvikCore::MessageType::Output);
 }
 
 } // namespace Pellux

@@ -1,6 +1,7 @@
 #ifndef APPSCOMMON_NAVIGATION_H
 #define APPSCOMMON_NAVIGATION_H
 
+#include "BandEcho.h"
 #include "NavigationTable.h"
 
 #include <OrvikCore/IControllerListener.h>
@@ -21,7 +22,8 @@ class ConfigurationFile;
 struct NavigationState;
 
 /// Chooses the strategy of a controller: the core's own ("default"), a preset, or the table of the
-/// configuration ("custom"); and lets a rubber band that adds keep what was selected before it.
+/// configuration ("custom"); lets a rubber band that adds keep what was selected before it, and
+/// prints what a band has done as a command.
 ///
 /// The configuration's section [navigation] has a key "preset", the name of what holds at the
 /// start, and rows: "Ctrl-left" = "pan" and the like. Rows lie over the preset's and make the table
@@ -55,7 +57,8 @@ public:
     bool SetRows(const std::vector<std::pair<std::wstring, std::wstring>>& rows,
                  const std::wstring& preset, std::wstring& errorText) override;
 
-    /// After the view: joins what an adding rubber band has found with what was selected before.
+    /// After the view: joins what an adding rubber band has found with what was selected before,
+    /// and prints the command that selects the same.
     void ControllerNotify(OrvikCore::IViewOp* op) override;
 
 private:
@@ -67,6 +70,7 @@ private:
     bool m_hasCustom = false;
     OrvikCore::Controller* m_controller = nullptr; ///< Not owned.
     std::shared_ptr<NavigationState> m_state;
+    BandEcho m_echo;
     std::vector<TambVizCore::EntityId> m_before; ///< Selected when the rubber band began.
 };
 

@@ -1,9 +1,15 @@
 #include "PickProbe.h"
 
 #include <OrvikCore/AContent.h>
+#include <OrvikCore/ASession.h>
 #include <OrvikCore/Document.h>
+#include <OrvikCore/IBoxPicker.h>
 #include <OrvikCore/IEntityProperties.h>
 #include <OrvikOs/FpMasked.h>
+#include <TambCommandsInfra/CallGate.h>
+#include <TambVizCore/AView3DAdapter.h>
+#include <TambVizCore/IView3D.h>
+#include <TambVizCore/Node.h>
 #include <TambVizCore/VizBox.h>
 
 #include <algorithm>
@@ -82,6 +88,56 @@ PickNote noteOfId(const OrvikCore::Document& document, const Arguments& argument
     return note;
 }
 
+int pixel(const Arguments& arguments, const char* name)
+{
+    return static_cast<int>(arguments[name].AsInteger());
+}
+
+/// @return what view:pick has found: one entity, which is empty for nothing.
+std::vector<EntityId> pickInView(OrvikCore::ASession& session, const Arguments& arguments)
+{
+    return TambCommandsInfra::CallGate::Call([&] {
+        std::vector<EntityId> found(1);
+        TambVizCore::IView3D* const view = session.View3D();
+        TambVizCore::AView3DAdapter* const adapter =
+            view == nullptr ? nullptr : view->GetView3DAdapter();
+        TambVizCore::RenderId id;
+        if (adapter != nullptr &&
+            adapter->GetRenderIdAtPixel(pixel(arguments, "x"), pixel(arguments, "y"), id))
+            TambVizCore::GetRenderIdEntity(view->GetSceneRoot(), id, found.front());
+        return found;
+    });
+}
+
+/// @return what sel:box has found.
+std::vector<EntityId> findInBox(OrvikCore::ASession& session, const Arguments& arguments)
+{
+    OrvikCore::PickBox box;
+    box.x1 = pixel(arguments, "x-from");
+    box.y1 = pixel(arguments, "y-from");
+    box.x2 = pixel(arguments, "x-to");
+    box.y2 = pixel(arguments, "y-to");
+    const std::wstring& how = arguments["how"].AsString();
+    box.touching = how == L"touching" || (how == L"direction" && box.x2 < box.x1);
+    return TambCommandsInfra::CallGate::Call([&] {
+        auto* const picker = dynamic_cast<OrvikCore::IBoxPicker*>(session.View3D());
+        return picker == nullptr ? std::vector<EntityId>() : picker->FindInBox(box);
+    });
+}
+
+std::vector<PickNote> notesOf(const OrvikCore::Document& document,
+                              const std::vector<EntityId>& entities)
+{
+    std::vector<PickNote> notes;
+    for (const EntityId& entity : entities) {
+        PickNote note;
+        note.entity = entity;
+        note.isFound = !entity.IsEmpty() && LocateEntity(document, note);
+        notes.push_back(note);
+    }
+    return notes;
+}
+
 } // namespace
 
 PickNote ProbePick(OrvikCore::Document& document, const Ray& ray, PartKind kind)
@@ -101,21 +157,26 @@ bool LocateEntity(const OrvikCore::Document& document, PickNote& note)
     return locate(document, note, nullptr);
 }
 
-std::optional<PickNote> ProbeCommand(OrvikCore::Document& document,
-                                     const TambCommandsInfra::Command& command,
-                                     const Arguments& arguments)
+std::vector<PickNote> ProbeCommand(OrvikCore::ASession& session,
+                                   const TambCommandsInfra::Command& command,
+                                   const Arguments& arguments)
 {
+    OrvikCore::Document& document = session.Document();
     if (command.name == "app:pick-entity")
-        return ProbePick(document, rayOf(arguments), PartKind::None);
+        return {ProbePick(document, rayOf(arguments), PartKind::None)};
     if (command.name == "app:pick-face")
-        return ProbePick(document, rayOf(arguments), PartKind::Face);
+        return {ProbePick(document, rayOf(arguments), PartKind::Face)};
     if (command.name == "app:pick-edge")
-        return ProbePick(document, rayOf(arguments), PartKind::Edge);
+        return {ProbePick(document, rayOf(arguments), PartKind::Edge)};
     if (command.name == "app:pick-vertex")
-        return ProbePick(document, rayOf(arguments), PartKind::Vertex);
+        return {ProbePick(document, rayOf(arguments), PartKind::Vertex)};
     if (command.name == "entity:by-id")
-        return noteOfId(document, arguments);
-    return std::nullopt;
+        return {noteOfId(document, arguments)};
+    if (command.name == "view:pick")
+        return notesOf(document, pickInView(session, arguments));
+    if (command.name == "sel:box")
+        return notesOf(document, findInBox(session, arguments));
+    return {};
 }
 
 PickProbeJob::PickProbeJob(OrvikCore::Document& document, const Ray& ray)

@@ -8,7 +8,10 @@
 #include <TambVizCore/PartKind.h>
 #include <TambVizCore/Ray.h>
 
+#include <vector>
+
 namespace OrvikCore {
+class ASession;
 class Document;
 } // namespace OrvikCore
 
@@ -26,13 +29,14 @@ PickNote ProbePick(OrvikCore::Document& document, const TambVizCore::Ray& ray,
 /// @thread As ProbePick().
 bool LocateEntity(const OrvikCore::Document& document, PickNote& note);
 
-/// Repeats the question that a command of the family app:pick-... has asked, or entity:by-id.
+/// Repeats the question that a command has asked: those of the family app:pick-..., entity:by-id
+/// and view:pick give one answer, sel:box one for each body.
 ///
 /// @return nothing for every other command.
-/// @thread As ProbePick().
-std::optional<PickNote> ProbeCommand(OrvikCore::Document& document,
-                                     const TambCommandsInfra::Command& command,
-                                     const TambCommandsInfra::Arguments& arguments);
+/// @thread As ProbePick(); questions to the view cross the call gate.
+std::vector<PickNote> ProbeCommand(OrvikCore::ASession& session,
+                                   const TambCommandsInfra::Command& command,
+                                   const TambCommandsInfra::Arguments& arguments);
 
 /// ProbePick() as a job of its own.
 class PickProbeJob final : public OrvikCore::IJob

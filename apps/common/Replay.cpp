@@ -173,11 +173,9 @@ void Replay::NoteCommand(const TambCommandsInfra::Command& command,
     if (m_former != nullptr)
         m_former->NoteCommand(command, arguments);
     try {
-        const std::optional<PickNote> pick = ProbeCommand(m_session.Document(), command, arguments);
-        if (!pick)
-            return;
+        const std::vector<PickNote> picks = ProbeCommand(m_session, command, arguments);
         const Lock lock(m_lock);
-        m_found.push_back(*pick);
+        m_found.insert(m_found.end(), picks.begin(), picks.end());
     } catch (const std::exception& error) {
         OrvikCore::dbg << "-- replay : " << command.name << ": " << error.what() << std::endl;
     }

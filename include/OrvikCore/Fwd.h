@@ -47,6 +47,7 @@ class Document;
 class EnhancedSelectionJob;
 class IApplication;
 class IAutoComplete;
+class IBoxPicker;
 class ICameraProvider;
 class IConfigInitializer;
 class IContentRenderer;

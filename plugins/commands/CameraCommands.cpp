@@ -1,6 +1,5 @@
 #include "CommandParts.h"
 #include "Commands.h"
-#include "EntityObject.h"
 #include "SceneParts.h"
 
 #include <OrvikCore/ACamera.h>
@@ -10,9 +9,7 @@
 #include <TambCommandsInfra/CallGate.h>
 #include <TambCommandsInfra/CommandTable.h>
 #include <TambCommandsInfra/ITambViewServices.h>
-#include <TambVizCore/AView3DAdapter.h>
 #include <TambVizCore/IView3D.h>
-#include <TambVizCore/Node.h>
 #include <TambVizCore/Utils.h>
 #include <TambVizCore/VizBox.h>
 
@@ -274,39 +271,6 @@ Command animateCommand()
     return command;
 }
 
-Command pickCommand()
-{
-    Command command;
-    command.name = "view:pick";
-    for (const char* const axis : {"x", "y"}) {
-        Parameter place;
-        place.name = axis;
-        place.type = ValueType::Integer;
-        place.help = std::string(axis) + " in the window, from the top left";
-        place.unit = "pixels";
-        command.parameters.push_back(place);
-    }
-    command.result = ValueType::Any;
-    command.resultHelp = "the entity under the pixel, or #f";
-    command.summary = "Finds what one would point at.";
-    command.help = "Hidden things, what sections cut away and kinds that are not displayed are "
-                   "not found. Nothing is selected.";
-    command.example = "(view:pick 400 300)";
-    command.handler = [](const Arguments& arguments) {
-        const auto x = static_cast<int>(arguments["x"].AsInteger());
-        const auto y = static_cast<int>(arguments["y"].AsInteger());
-        EntityId entity;
-        const bool isFound = CallGate::Call([&] {
-            TambVizCore::AView3DAdapter* const adapter = CurrentView().GetView3DAdapter();
-            TambVizCore::RenderId id;
-            return adapter != nullptr && adapter->GetRenderIdAtPixel(x, y, id) &&
-                   TambVizCore::GetRenderIdEntity(CurrentView().GetSceneRoot(), id, entity);
-        });
-        return isFound ? ToValue(entity) : Value(false);
-    };
-    return command;
-}
-
 Command zoomToCommand()
 {
     Command command;
@@ -347,7 +311,6 @@ void RegisterCameraCommands(CommandTable& table)
     table.Register(restoreCameraCommand(cameras));
     table.Register(rotationCenterCommand());
     table.Register(animateCommand());
-    table.Register(pickCommand());
     table.Register(zoomToCommand());
 }
 

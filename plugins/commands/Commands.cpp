@@ -6,6 +6,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
 {
     RegisterAnnotationCommands(table);
     RegisterApplicationCommands(table);
+    RegisterBoxCommand(table);
     RegisterCameraCommands(table);
     RegisterColorCommands(table);
     RegisterDimensionCommands(table);
@@ -29,6 +30,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterSettingsCommands(table);
     RegisterTessellationCommands(table);
     RegisterViewCommands(table);
+    RegisterViewPickCommand(table);
     RegisterVisibilityCommands(table);
     RegisterWindowCommands(table);
 }

@@ -10,6 +10,7 @@ namespace OrvikCommands {
 /// Each registers the commands of one topic.
 void RegisterAnnotationCommands(TambCommandsInfra::CommandTable& table);
 void RegisterApplicationCommands(TambCommandsInfra::CommandTable& table);
+void RegisterBoxCommand(TambCommandsInfra::CommandTable& table);
 void RegisterCameraCommands(TambCommandsInfra::CommandTable& table);
 void RegisterColorCommands(TambCommandsInfra::CommandTable& table);
 void RegisterDimensionCommands(TambCommandsInfra::CommandTable& table);
@@ -33,6 +34,7 @@ void RegisterPreferenceCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSettingsCommands(TambCommandsInfra::CommandTable& table);
 void RegisterTessellationCommands(TambCommandsInfra::CommandTable& table);
 void RegisterViewCommands(TambCommandsInfra::CommandTable& table);
+void RegisterViewPickCommand(TambCommandsInfra::CommandTable& table);
 void RegisterVisibilityCommands(TambCommandsInfra::CommandTable& table);
 void RegisterWindowCommands(TambCommandsInfra::CommandTable& table);
 

@@ -22,6 +22,19 @@ OrvikCore::IInputProvider& InputProvider()
     return *provider;
 }
 
+Parameter PixelParameter(const std::string& name, const std::string& help)
+{
+    constexpr double kFarPixel = 1000000;
+    Parameter parameter;
+    parameter.name = name;
+    parameter.type = ValueType::Integer;
+    parameter.help = help;
+    parameter.unit = "pixels";
+    parameter.minimum = -kFarPixel;
+    parameter.maximum = kFarPixel;
+    return parameter;
+}
+
 Parameter WordParameter(const std::string& name, const std::string& help)
 {
     Parameter parameter;

@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-/// What the commands for mouse and keys share.
+/// What the commands for mouse and keys, and others that take places in the view, share.
 namespace OrvikCommands {
 
 /// The help of every command that queues events.
@@ -26,6 +26,9 @@ template <typename Function> TambCommandsInfra::Value PostEvents(Function&& func
     return TambCommandsInfra::Value();
 }
 
+/// A place in the view: a whole number of pixels from the upper left corner, at most a million
+/// either way, which is far beyond every window and safe for sums.
+TambCommandsInfra::Parameter PixelParameter(const std::string& name, const std::string& help);
 TambCommandsInfra::Parameter WordParameter(const std::string& name, const std::string& help);
 TambCommandsInfra::Parameter OptionalWord(const std::string& name, const std::string& help,
                                           const wchar_t* word);

@@ -29,21 +29,6 @@ using TambCommandsInfra::Presence;
 using TambCommandsInfra::Value;
 using TambCommandsInfra::ValueType;
 
-/// Far beyond every window, and safe for sums.
-constexpr double kFarPixel = 1000000;
-
-Parameter pixelParameter(const std::string& name, const std::string& help)
-{
-    Parameter parameter;
-    parameter.name = name;
-    parameter.type = ValueType::Integer;
-    parameter.help = help;
-    parameter.unit = "pixels";
-    parameter.minimum = -kFarPixel;
-    parameter.maximum = kFarPixel;
-    return parameter;
-}
-
 Parameter optionalCount(const std::string& name, const std::string& help, int value, double maximum)
 {
     Parameter parameter;
@@ -100,7 +85,7 @@ Command mouseCommand()
     command.name = "input:mouse";
     command.parameters = {
         WordParameter("state", "move, press, release or leave"),
-        pixelParameter("x", "column of the pointer"), pixelParameter("y", "row of the pointer"),
+        PixelParameter("x", "column of the pointer"), PixelParameter("y", "row of the pointer"),
         OptionalWord("gesture",
                      "modifier keys and buttons held, or the button pressed or released: "
                      "\"Shift\", \"Ctrl-left\", \"left+middle\"",
@@ -135,7 +120,7 @@ Command clickCommand()
     Command command;
     command.name = "input:click";
     command.parameters = {
-        pixelParameter("x", "column of the pointer"), pixelParameter("y", "row of the pointer"),
+        PixelParameter("x", "column of the pointer"), PixelParameter("y", "row of the pointer"),
         OptionalWord("gesture", "a button, with modifier keys: \"Ctrl-left\"", L"left"),
         optionalCount("clicks", "1 for a click, 2 for a double click", 1, 3)};
     command.summary = "Moves the pointer to a place in the view and clicks there.";
@@ -170,10 +155,10 @@ Command dragCommand()
     Command command;
     command.name = "input:drag";
     command.parameters = {
-        pixelParameter("x-from", "column where the buttons are pressed"),
-        pixelParameter("y-from", "row where the buttons are pressed"),
-        pixelParameter("x-to", "column where they are released"),
-        pixelParameter("y-to", "row where they are released"),
+        PixelParameter("x-from", "column where the buttons are pressed"),
+        PixelParameter("y-from", "row where the buttons are pressed"),
+        PixelParameter("x-to", "column where they are released"),
+        PixelParameter("y-to", "row where they are released"),
         OptionalWord("gesture", "buttons, with modifier keys: \"left+middle\"", L"left"),
         optionalCount("steps", "motions on the way", 8, 10000)};
     command.summary = "Drags in the view: presses, moves in a straight line, releases.";
@@ -213,8 +198,8 @@ Command wheelCommand()
     steps.help = "how far the wheel turns; positive moves the eye away";
     steps.minimum = -100;
     steps.maximum = 100;
-    command.parameters = {steps, pixelParameter("x", "column of the pointer"),
-                          pixelParameter("y", "row of the pointer")};
+    command.parameters = {steps, PixelParameter("x", "column of the pointer"),
+                          PixelParameter("y", "row of the pointer")};
     command.summary = "Turns the wheel over a place in the view.";
     command.help = kWhenEventsAct;
     command.example = "(input:wheel -2 400 300)";

@@ -10,6 +10,7 @@
 #include "ViewObjects.h"
 
 #include <OrvikCore/AView3D.h>
+#include <OrvikCore/IBoxPicker.h>
 #include <OrvikCore/IFrameProvider.h>
 #include <TambVizCore/IIdPictureProvider.h>
 #include <TambVizCore/RGBAColor.h>
@@ -35,6 +36,7 @@ namespace ViewOpenGl {
 class View3dOpenGlSG : public OrvikCore::AView3D,
                        public ViewObjects,
                        public OrvikCore::IFrameProvider,
+                       public OrvikCore::IBoxPicker,
                        public TambVizCore::IIdPictureProvider
 {
 public:
@@ -73,6 +75,8 @@ public:
     /// Without a window nothing is drawn before somebody asks for a picture.
     void DrawDimension(const OrvikCore::Dimension& dimension) override;
     void ClearDimensions() override;
+
+    std::vector<TambVizCore::EntityId> FindInBox(const OrvikCore::PickBox& box) override;
 
     void SetFrameWindow(OrvikCore::IFrameWindow* window) override;
     bool UseWindowContext(std::string& errorText) override;

@@ -102,18 +102,26 @@ void View3dOpenGlSG::selectInBand()
         (std::abs(m_band->x2 - m_band->x1) < kLeastDrag &&
          std::abs(m_band->y2 - m_band->y1) < kLeastDrag))
         return;
-    BoxQuery query;
-    query.rectangle = *m_band;
-    query.width = m_width;
-    query.height = m_height;
-    query.touching = m_band->x2 < m_band->x1;
-    const auto found = FindInBox(GetSceneRoot(), *GetRenderingOptions(),
-                                 MakeProjection(*GetCamera(), m_width, m_height), query);
+    const bool touching = m_band->x2 < m_band->x1;
+    const auto found = FindInBox({m_band->x1, m_band->y1, m_band->x2, m_band->y2, touching});
     OrvikCore::ASession& session = OrvikCore::SessionMgr::Instance().CurrentSession();
     session.UnSelect();
     session.SetPickedEntities(found);
     for (const TambVizCore::EntityId& entity : found)
         session.Select(entity);
+}
+
+std::vector<TambVizCore::EntityId> View3dOpenGlSG::FindInBox(const OrvikCore::PickBox& box)
+{
+    if (m_width == 0 || m_height == 0)
+        return {};
+    BoxQuery query;
+    query.rectangle = {box.x1, box.y1, box.x2, box.y2};
+    query.width = m_width;
+    query.height = m_height;
+    query.touching = box.touching;
+    return ViewOpenGl::FindInBox(GetSceneRoot(), *GetRenderingOptions(),
+                                 MakeProjection(*GetCamera(), m_width, m_height), query);
 }
 
 } // namespace ViewOpenGl

@@ -61,6 +61,16 @@ TEST_F(Input, ActsOnAMeshAsOnASolid)
                                                         "(sel:get)\n"));
 }
 
+TEST_F(Input, PickInTheViewFindsSomethingBeforeAnyOtherPick)
+{
+    m_process.Write("box.stl", BoxStl(10, 20, 30));
+
+    const Outcome outcome =
+        run("box.stl", "(app:print (if (view:pick 430 400) \"found\" \"nothing\"))\n");
+
+    EXPECT_TRUE(outcome.output.ends_with("\nfound\n")) << outcome.output << outcome.errors;
+}
+
 TEST_F(Input, MistakesInTheConfigurationNameTheLine)
 {
     m_process.Write("wrong.toml", "[hotkeys]\n\"Ctrl-F5\" = \"(a)\"\n\n[navigation]\nleft = "
@@ -126,6 +136,36 @@ TEST_F(Input, RubberBandsSelectWhatTheyEncloseOrTouch)
                             "(input:drag 600 500 560 200 \"Shift-left\")\n" + kNames +
                             "(input:drag 5 5 955 715 \"Shift-left\")\n" + kNames +
                             "(input:drag 5 5 20 20 \"Shift-left\")\n" + kNames));
+}
+
+TEST_F(Input, ABoxSelectsAsTheRubberBandDoes)
+{
+    const Outcome outcome =
+        run(assembly(), "(input:drag 250 230 430 550 \"Shift-left\")\n"
+                        "(define enclosed (sel:get))\n"
+                        "(app:print (equal? enclosed (sel:box 250 230 430 550)))\n"
+                        "(app:print (equal? enclosed (sel:box 430 550 250 230 'enclosed)))\n"
+                        "(input:drag 600 500 560 200 \"Shift-left\")\n"
+                        "(define touched (sel:get))\n"
+                        "(app:print (equal? touched (sel:box 600 500 560 200)))\n"
+                        "(app:print (equal? touched (sel:box 560 200 600 500 'touching)))\n"
+                        "(sel:box 250 230 430 550 'enclosed #t)\n"
+                        "(app:print (equal? (append touched enclosed) (sel:get)))\n"
+                        "(app:print (length enclosed) (length touched))\n"
+                        "(view:hide enclosed)\n"
+                        "(app:print (sel:box 250 230 430 550))\n");
+
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_NE(outcome.output.find("\n(sel:box 250 230 430 550 'enclosed)\n"), std::string::npos);
+    EXPECT_NE(outcome.output.find("\n(sel:box 600 500 560 200 'touching)\n"), std::string::npos);
+    std::string printed;
+    for (const char* const line : {"\n#t\n", "\n#f\n", "\n51\n", "\n()\n"})
+        for (std::size_t at = 0; (at = outcome.output.find(line, at)) != std::string::npos; ++at)
+            printed += line;
+    EXPECT_EQ(std::count(printed.begin(), printed.end(), 't'), 7) << outcome.output;
+    EXPECT_EQ(printed.find("#f"), std::string::npos) << outcome.output;
+    EXPECT_NE(printed.find("51"), std::string::npos) << outcome.output;
+    EXPECT_NE(printed.find("()"), std::string::npos) << outcome.output;
 }
 
 TEST_F(Input, MenuHidesARowsBodyUntilTheViewUndoesIt)

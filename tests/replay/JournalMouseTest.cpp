@@ -107,6 +107,41 @@ TEST_F(JournalOfTheMouse, HoldsWhatARubberBandSelects)
     expectSame(std::to_string(picks));
 }
 
+TEST_F(JournalOfTheMouse, HoldsWhatABoxOfAScriptSelectsAsEntities)
+{
+    const std::string text = recordInput({"(sel:box 5 5 395 295)", "(sel:box 5 5 9 9)"});
+
+    EXPECT_EQ(text.find("(sel:set (entity:by-id \"mesh "), 0u) << text;
+    EXPECT_TRUE(text.ends_with("\n(sel:set)\n")) << text;
+    EXPECT_EQ(text.find("sel:box"), std::string::npos) << text;
+    expectSame("1");
+}
+
+TEST_F(JournalOfTheMouse, OfABoxInsideAFormTellsWhatItFoundAndLeavesTheSameSelected)
+{
+    const std::string text = recordInput({"(define found (length (sel:box 5 5 395 295)))",
+                                          "(if (= 1 (length (sel:get))) (view:hide (sel:get)))",
+                                          "(app:pick-entity 5 5 100 0 0 -1 0)"});
+
+    EXPECT_EQ(text.find("(define found (length (sel:box 5 5 395 295)))\n;= pick mesh "), 0u)
+        << text;
+    EXPECT_NE(text.find("\n(sel:set (entity:by-id \"mesh "), std::string::npos) << text;
+    expectEnd(replay({"--size", "400x300"}), 0, "3 picks: 3 same, 0 moved, 0 other, 0 gone\n");
+    // In a view so much larger the same pixels enclose nothing.
+    expectEnd(replay({"--size", "4000x3000"}), 1, "3 picks: 2 same, 0 moved, 0 other, 1 gone\n");
+}
+
+TEST_F(JournalOfTheMouse, ComparesWhatViewPickFinds)
+{
+    const std::string text =
+        recordInput({"(view:zoom-all)", "(define it (view:pick 200 150))", "(view:pick 5 5)"});
+
+    EXPECT_NE(text.find("\n(define it (view:pick 200 150))\n;= pick "), std::string::npos) << text;
+    EXPECT_TRUE(text.ends_with("\n(view:pick 5 5)\n;= pick nothing\n")) << text;
+    expectEnd(replay({"--size", "400x300"}), 0, "2 picks: 2 same, 0 moved, 0 other, 0 gone\n");
+    EXPECT_EQ(replay({"--size", "4000x3000"}).exitCode, 1);
+}
+
 #ifdef ORVIK_CAD_MODELS
 
 TEST_F(JournalOfTheMouse, HoldsWhatAContextMenuHides)

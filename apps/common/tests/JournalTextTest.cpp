@@ -168,6 +168,18 @@ TEST(JournalText, FormsThatMayChangeSomethingAreKept)
         EXPECT_FALSE(asks(form)) << std::string(form, form + wcslen(form));
 }
 
+TEST(JournalText, APlainCallIsOneCallOfThatCommandWithPlainValues)
+{
+    using Pellux::IsPlainCall;
+
+    EXPECT_TRUE(IsPlainCall(L"(sel:box 1 2 3 4)", "sel:box"));
+    EXPECT_TRUE(IsPlainCall(L"(sel:box 1 2 3 4 'touching #t) ; (why)", "sel:box"));
+    for (const wchar_t* const form :
+         {L"(sel:boxes 1)", L"(define a (sel:box 1 2 3 4))", L"(sel:box (car '(1)) 2 3 4)",
+          L"(begin (sel:box 1 2 3 4))", L"x", L"", L"(sel:box `(1))"})
+        EXPECT_FALSE(IsPlainCall(form, "sel:box")) << std::string(form, form + wcslen(form));
+}
+
 TEST(JournalText, ACameraIsWrittenExactly)
 {
     const float eye[3] = {0.1f, -2.0f, 1e-7f};

@@ -3,6 +3,7 @@
 #include "../ConfigurationFile.h"
 #include "../NavigationStrategy.h"
 #include "FakeSession.h"
+#include "RecordingOutputListener.h"
 #include "ScopedTempDir.h"
 
 #include <OrvikCore/Controller.h>
@@ -236,6 +237,7 @@ TEST_F(NavigationChoice, RowsOfTheConfigurationLieOverThePreset)
     EXPECT_EQ(read("[navigation]\npreset = \"middle-rotates\"\nmiddle = \"pan\"\n"
                    "\"Alt-middle\" = \"rotate\"\n"),
               L"");
+    MakeCurrentFakeSession();
     m_navigation.Attach(m_controller);
 
     EXPECT_EQ(m_navigation.GetNavigation(), L"custom");
@@ -298,6 +300,53 @@ TEST_F(NavigationChoice, AnAddingRubberBandKeepsWhatWasSelected)
     button(false, 60, 35, kCtrlLeft);
 
     EXPECT_EQ(session.GetPickedEntities(), (std::vector<EntityId>{first, second}));
+}
+
+/// What a band prints in the session.
+class BandEchoed : public NavigationChoice
+{
+protected:
+    BandEchoed()
+    {
+        m_session.RegisterOutputCb(&m_output);
+        m_navigation.SetNavigation(L"middle-rotates");
+        m_navigation.Attach(m_controller);
+    }
+    ~BandEchoed() override { m_session.UnRegisterOutputCb(&m_output); }
+
+    std::wstring echoOf(MouseGesture held, int x1, int y1, int x2, int y2)
+    {
+        drag(held, x1, y1, x2, y2);
+        return m_output.Messages().empty() ? std::wstring() : m_output.Messages().back().first;
+    }
+
+    FakeSession& m_session = MakeCurrentFakeSession();
+    RecordingOutputListener m_output;
+};
+
+TEST_F(BandEchoed, IsTheCommandThatSelectsTheSame)
+{
+    EXPECT_EQ(echoOf(kLeft, 10, 20, 60, 35), L"(sel:box 10 20 60 35 'enclosed)");
+    EXPECT_EQ(echoOf(kLeft, 60, 35, -5, 20), L"(sel:box 60 35 -5 20 'touching)");
+    EXPECT_EQ(echoOf(kCtrlLeft, 10, 20, 10, 35), L"(sel:box 10 20 10 35 'enclosed #t)");
+}
+
+TEST_F(BandEchoed, IsNothingForAShakingHandOrABandThatIsGivenUp)
+{
+    EXPECT_EQ(echoOf(kLeft, 10, 20, 12, 18), L"");
+    move(10, 10);
+    button(true, 10, 10, kLeft);
+    move(90, 90, kLeft);
+    key(KeyEventArgs::kEscape, false);
+    key(KeyEventArgs::kEscape, true);
+    button(false, 90, 90, kLeft);
+
+    EXPECT_TRUE(m_output.Messages().empty());
+}
+
+TEST_F(BandEchoed, IsNothingForAWindowZoom)
+{
+    EXPECT_EQ(echoOf(kAltLeft, 10, 20, 60, 35), L"");
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
 namespace TambCommandsInfra {
@@ -214,16 +215,33 @@ std::string FormatNumber(double number)
     return std::string(text, end.ptr);
 }
 
+namespace {
+
+/// Integers are written as such: "1000000", not "1e+06".
+std::string formatLimit(const Parameter& parameter, double limit)
+{
+    constexpr double kExact = 9007199254740992.0; // 2 to the 53rd
+    if (parameter.type != ValueType::Integer || !(std::fabs(limit) <= kExact)) {
+        return FormatNumber(limit);
+    }
+    char text[kNumberBytes];
+    const std::to_chars_result end =
+        std::to_chars(text, text + sizeof text, static_cast<std::int64_t>(limit));
+    return std::string(text, end.ptr);
+}
+
+} // namespace
+
 std::string FormatLimits(const Parameter& parameter)
 {
     if (parameter.minimum && parameter.maximum) {
-        return " from " + FormatNumber(*parameter.minimum) + " to " +
-               FormatNumber(*parameter.maximum);
+        return " from " + formatLimit(parameter, *parameter.minimum) + " to " +
+               formatLimit(parameter, *parameter.maximum);
     }
     if (parameter.minimum) {
-        return " of at least " + FormatNumber(*parameter.minimum);
+        return " of at least " + formatLimit(parameter, *parameter.minimum);
     }
-    return parameter.maximum ? " of at most " + FormatNumber(*parameter.maximum) : "";
+    return parameter.maximum ? " of at most " + formatLimit(parameter, *parameter.maximum) : "";
 }
 
 bool ConvertValue(const Parameter& parameter, Value& value)

@@ -149,6 +149,9 @@ TEST(CommandArguments, LimitsAndUnitAreNamed)
     Parameter both{"alpha", ValueType::Integer, "opacity"};
     both.minimum = 0;
     both.maximum = 255;
+    Parameter large{"x", ValueType::Integer, "column", "pixels"};
+    large.minimum = -1000000;
+    large.maximum = 1e20;
     Parameter low{"width", ValueType::Integer, "width", "pixels"};
     low.minimum = 1;
     Parameter high{"angle", ValueType::Real, "angle", "degrees"};
@@ -157,6 +160,9 @@ TEST(CommandArguments, LimitsAndUnitAreNamed)
     EXPECT_EQ(
         refusal(MakeCommand("test:a", {both}), {256}),
         "test:a: parameter \"alpha\": expected an integer from 0 to 255, got the integer 256.");
+    EXPECT_EQ(refusal(MakeCommand("test:a", {large}), {-1000001}),
+              "test:a: parameter \"x\": expected an integer from -1000000 to 1e+20 in pixels, got "
+              "the integer -1000001.");
     EXPECT_EQ(refusal(MakeCommand("test:a", {low}), {0}),
               "test:a: parameter \"width\": expected an integer of at least 1 in pixels, got the "
               "integer 0.");
