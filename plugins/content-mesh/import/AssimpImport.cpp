@@ -86,7 +86,7 @@ bool readFile(const char* path, const char* extension, const ImportSink& sink, c
             return false;
         }
         std::string reason;
-        if (HandOver(*scene, sink, reason))
+        if (HandOver(*scene, extension, sink, reason))
             return true;
         tell(reason, error, errorSize);
         return false;

@@ -1,10 +1,13 @@
 #include "import/SceneHandover.h"
 
+#include "import/SceneQuirks.h"
+
 #include <assimp/material.h>
 #include <assimp/scene.h>
 
 #include <algorithm>
-#include <cstring>
+#include <set>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -23,20 +26,12 @@ std::uint8_t toByte(float share)
                         : std::uint8_t{0};
 }
 
-/// Some readers give vertices a colour where their file has none: nothing at all, or this grey.
-bool isMadeUp(const aiColor4D& color)
-{
-    const auto areAll = [&](float share) {
-        return color.r == share && color.g == share && color.b == share && color.a == share;
-    };
-    return areAll(0.0f) || areAll(0.6f);
-}
-
 class Handover
 {
 public:
-    Handover(const aiScene& scene, const ImportSink& sink, std::string& reason)
-        : m_scene(scene), m_sink(sink), m_reason(reason)
+    Handover(const aiScene& scene, std::string_view format, const ImportSink& sink,
+             std::string& reason)
+        : m_scene(scene), m_format(format), m_sink(sink), m_reason(reason)
     {
     }
 
@@ -52,6 +47,7 @@ private:
     bool addNode(const aiNode& node, std::uint32_t parent);
 
     const aiScene& m_scene;
+    const std::string_view m_format;
     const ImportSink& m_sink;
     std::string& m_reason;
     std::vector<std::uint32_t> m_corners;
@@ -72,7 +68,8 @@ bool Handover::addMesh(const aiMesh& mesh)
     imported.name = mesh.mName.C_Str();
     imported.vertexCount = mesh.mNumVertices;
     imported.positions = reinterpret_cast<const float*>(mesh.mVertices);
-    imported.normals = reinterpret_cast<const float*>(mesh.mNormals);
+    if (m_format != "3ds")
+        imported.normals = reinterpret_cast<const float*>(mesh.mNormals);
     collectCorners(mesh, imported);
     collectColors(mesh, imported);
     findColor(mesh, imported);
@@ -99,7 +96,8 @@ void Handover::collectCorners(const aiMesh& mesh, ImportedMesh& imported)
 void Handover::collectColors(const aiMesh& mesh, ImportedMesh& imported)
 {
     const aiColor4D* colors = mesh.mColors[0];
-    if (!colors || std::all_of(colors, colors + mesh.mNumVertices, &isMadeUp))
+    if (!colors || m_format == "dxf" ||
+        std::all_of(colors, colors + mesh.mNumVertices, &IsMadeUpColor))
         return;
     m_colors.clear();
     m_colors.reserve(std::size_t{mesh.mNumVertices} * 4);
@@ -114,15 +112,13 @@ void Handover::findColor(const aiMesh& mesh, ImportedMesh& imported) const
     if (mesh.mMaterialIndex >= m_scene.mNumMaterials)
         return;
     const aiMaterial& material = *m_scene.mMaterials[mesh.mMaterialIndex];
-    aiString name;
     aiColor4D diffuse;
-    const bool isMadeUp = material.Get(AI_MATKEY_NAME, name) == aiReturn_SUCCESS &&
-                          std::strcmp(name.C_Str(), AI_DEFAULT_MATERIAL_NAME) == 0;
-    if (isMadeUp || material.Get(AI_MATKEY_COLOR_DIFFUSE, diffuse) != aiReturn_SUCCESS)
+    if (material.Get(AI_MATKEY_COLOR_DIFFUSE, diffuse) != aiReturn_SUCCESS ||
+        IsMadeUpMaterial(material, diffuse))
         return;
-    float opacity = 1.0f;
+    float opacity = diffuse.a;
     if (material.Get(AI_MATKEY_OPACITY, opacity) != aiReturn_SUCCESS)
-        opacity = 1.0f;
+        opacity = diffuse.a;
     imported.hasColor = true;
     const float shares[] = {diffuse.r, diffuse.g, diffuse.b, opacity};
     std::transform(std::begin(shares), std::end(shares), imported.color, &toByte);
@@ -136,6 +132,7 @@ bool Handover::addNodes()
         std::uint32_t parent;
         std::size_t depth;
     };
+    const std::set<std::string_view> notShown = NamesOfCamerasAndLights(m_scene);
     std::vector<Waiting> waiting{{m_scene.mRootNode, ImportedNode::kNoParent, 1}};
     std::uint32_t number = 0;
     while (!waiting.empty()) {
@@ -148,8 +145,12 @@ bool Handover::addNodes()
         if (!addNode(*next.node, next.parent))
             return false;
         // The last one waiting comes first.
-        for (unsigned i = next.node->mNumChildren; i-- > 0;)
-            waiting.push_back({next.node->mChildren[i], number, next.depth + 1});
+        for (unsigned i = next.node->mNumChildren; i-- > 0;) {
+            const aiNode& child = *next.node->mChildren[i];
+            const bool isEmpty = child.mNumMeshes == 0 && child.mNumChildren == 0;
+            if (!isEmpty || notShown.count(child.mName.C_Str()) == 0)
+                waiting.push_back({&child, number, next.depth + 1});
+        }
         ++number;
     }
     return true;
@@ -158,11 +159,14 @@ bool Handover::addNodes()
 bool Handover::addNode(const aiNode& node, std::uint32_t parent)
 {
     ImportedNode imported;
-    imported.name = node.mName.C_Str();
+    const bool isTurned = parent == ImportedNode::kNoParent && m_format == "fbx";
+    imported.name = isTurned ? "" : node.mName.C_Str(); // The reader calls it so, not the file.
     imported.parent = parent;
+    const aiMatrix4x4 matrix =
+        isTurned ? TurnOfFbx(m_scene) * node.mTransformation : node.mTransformation;
     for (unsigned row = 0; row < 4; ++row)
         for (unsigned column = 0; column < 4; ++column)
-            imported.matrix[column * 4 + row] = double{node.mTransformation[row][column]};
+            imported.matrix[column * 4 + row] = double{matrix[row][column]};
     imported.meshes = node.mMeshes;
     imported.meshCount = node.mNumMeshes;
     return m_sink.addNode(m_sink.context, &imported);
@@ -170,9 +174,10 @@ bool Handover::addNode(const aiNode& node, std::uint32_t parent)
 
 } // namespace
 
-bool HandOver(const aiScene& scene, const ImportSink& sink, std::string& reason)
+bool HandOver(const aiScene& scene, std::string_view format, const ImportSink& sink,
+              std::string& reason)
 {
-    return Handover(scene, sink, reason).Run();
+    return Handover(scene, format, sink, reason).Run();
 }
 
 } // namespace OrvikMesh

@@ -278,13 +278,6 @@ constexpr char kX3d[] = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                         "<IndexedFaceSet coordIndex=\"0 1 2 -1\"><Coordinate point=\"0 0 0, 1 0 0, "
                         "0 1 0\"/></IndexedFaceSet></Shape></Transform></Scene></X3D>\n";
 
-constexpr char kXgl[] = "<WORLD><MESH ID=\"0\"><P ID=\"0\">0,0,0</P><P ID=\"1\">1,0,0</P><P "
-                        "ID=\"2\">0,1,0</P><MAT ID=\"0\"><DIFF>1,0,0</DIFF><AMB>0,0,0</AMB></MAT>\n"
-                        "<F><MATREF>0</MATREF><FV1><PREF>0</PREF></FV1><FV2><PREF>1</PREF></"
-                        "FV2><FV3><PREF>2</PREF></FV3></F></MESH>\n"
-                        "<OBJECT><TRANSFORM><FORWARD>0,0,1</FORWARD><UP>0,1,0</UP><POSITION>1,2,3</"
-                        "POSITION></TRANSFORM><MESHREF>0</MESHREF></OBJECT></WORLD>\n";
-
 std::string threeMf()
 {
     return zip({
@@ -318,7 +311,7 @@ std::vector<ImportSample> ImportSamples()
     return {
         {"3ds", threeDs()}, {"3mf", threeMf()}, {"lwo", lightWave()}, {"ac", kAc3d},
         {"amf", kAmf},      {"dae", kCollada},  {"dxf", kDxf},        {"fbx", kFbx},
-        {"nff", kNff},      {"x", kDirectX},    {"x3d", kX3d},        {"xgl", kXgl},
+        {"nff", kNff},      {"x", kDirectX},    {"x3d", kX3d},
     };
 }
 
