@@ -33,8 +33,11 @@ public:
 
     void AddBlock(const float* triangles, std::size_t count)
     {
-        m_welder.AddTriangles(reinterpret_cast<const std::byte*>(triangles), kTriangleBytes, count,
-                              m_mesh.triangles);
+        const auto* records = reinterpret_cast<const std::byte*>(triangles);
+        m_welder.AddTriangles(records, kTriangleBytes, count, m_mesh.triangles);
+        if (m_firstDropped == 0 && m_welder.DroppedCount() > 0)
+            m_firstDropped = m_added + FindNonFiniteTriangle(records, kTriangleBytes, count) + 1;
+        m_added += count;
     }
 
     void BeginSolid(std::string_view name)
@@ -46,14 +49,14 @@ public:
         m_mesh.objects.push_back(OrvikOs::Utf8ToWide(name.substr(0, kMaxNameBytes)));
     }
 
-    /// @return the number of triangles that were dropped.
-    std::size_t Finish()
+    void Finish(ReadMessages& messages)
     {
         endRange();
-        const std::size_t dropped = m_welder.DroppedCount();
+        if (m_firstDropped > 0)
+            messages.Warn(FillText(kNonFiniteDropped, {std::to_wstring(m_welder.DroppedCount()),
+                                                       std::to_wstring(m_firstDropped)}));
         m_mesh.triangles.ShrinkToFit();
         m_mesh.positions = m_welder.TakePositions();
-        return dropped;
     }
 
 private:
@@ -69,6 +72,8 @@ private:
     VertexWelder m_welder;
     std::uint32_t m_object = kNone;
     std::uint32_t m_rangeBegin = 0;
+    std::size_t m_added = 0;        ///< Triangles, with those that were dropped.
+    std::size_t m_firstDropped = 0; ///< Counted from 1; 0 while there is none.
 };
 
 void warnCounted(ReadMessages& messages, std::string_view text, const wchar_t* reason,
@@ -107,12 +112,10 @@ bool ReadAsciiStl(std::string_view text, const ReadOptions& options, MeshData& m
                                     static_cast<double>(text.size()));
     }
 
-    const std::size_t dropped = collector.Finish();
     warnCounted(messages, text, kStlJunk, scan.junkLines);
     warnCounted(messages, text, kStlBadFacet, scan.badFacets);
     warnCounted(messages, text, kStlPolygon, scan.polygons);
-    if (dropped > 0)
-        messages.Warn(FillText(kNonFiniteDropped, {std::to_wstring(dropped)}));
+    collector.Finish(messages);
     if (mesh.TriangleCount() == 0) {
         messages.Fail(kNoTriangle);
         return false;

@@ -73,12 +73,13 @@ std::size_t settleCount(std::string_view content, ReadMessages& messages)
             messages.Fail(kNoTriangle);
         return announced;
     }
-    if (available > 0 && !looksLikeRecords(content, available)) {
-        messages.Fail(kStlNotStl);
+    if (available == 0 && announced == 0) {
+        messages.Fail(kNoTriangle);
         return 0;
     }
-    if (available == 0) {
-        messages.Fail(announced == 0 ? kNoTriangle : kStlNotStl);
+    if (available == 0 || !looksLikeRecords(content, available)) {
+        messages.Fail(
+            FillText(kStlNotStl, {std::to_wstring(announced), std::to_wstring(content.size())}));
         return 0;
     }
     if (announced == 0) {
@@ -199,8 +200,12 @@ bool ReadBinaryStl(std::string_view content, const ReadOptions& options, MeshDat
     mesh.triangles = std::move(whole.triangles);
     mesh.triangles.ShrinkToFit();
     mesh.positions = whole.welder->TakePositions();
-    if (dropped > 0)
-        messages.Warn(FillText(kNonFiniteDropped, {std::to_wstring(dropped)}));
+    if (dropped > 0) {
+        const std::size_t first = FindNonFiniteTriangle(corners, kBinaryStlRecord, count);
+        messages.Warn(
+            FillText(kNonFiniteDropped, {std::to_wstring(dropped), std::to_wstring(first + 1)}),
+            ReadPlace::Byte(kBinaryStlHeader + first * kBinaryStlRecord));
+    }
     if (mesh.TriangleCount() == 0) {
         messages.Fail(kNoTriangle);
         return false;

@@ -134,25 +134,27 @@ void KeepUsedVertices(MeshData& mesh)
     moveVertices(mesh, newIndex, count);
 }
 
-std::size_t KeepFinitePoints(MeshData& mesh)
+LeftOutPoints KeepFinitePoints(MeshData& mesh)
 {
     if (AreFinite(mesh.positions))
-        return 0;
+        return {};
     MeshArray<std::uint32_t> newIndex;
     newIndex.Resize(mesh.VertexCount());
     std::uint32_t count = 0;
     for (std::size_t i = 0; i < newIndex.Size(); ++i)
         newIndex[i] = IsFinitePoint(mesh.positions.Data() + i * 3) ? count++ : kNone;
     moveVertices(mesh, newIndex, count);
-    return newIndex.Size() - count;
+    const auto* first = std::find(newIndex.begin(), newIndex.end(), kNone);
+    return {newIndex.Size() - count, static_cast<std::size_t>(first - newIndex.begin())};
 }
 
 bool FinishPoints(MeshData& mesh, ReadMessages& messages)
 {
     mesh.isPointCloud = true;
-    const std::size_t removed = KeepFinitePoints(mesh);
-    if (removed > 0)
-        messages.Warn(FillText(kNonFinitePoint, {std::to_wstring(removed)}));
+    const LeftOutPoints leftOut = KeepFinitePoints(mesh);
+    if (leftOut.count > 0)
+        messages.Warn(FillText(
+            kNonFinitePoint, {std::to_wstring(leftOut.count), std::to_wstring(leftOut.first + 1)}));
     if (mesh.VertexCount() == 0)
         messages.Fail(kNoPoint);
     else

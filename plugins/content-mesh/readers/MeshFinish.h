@@ -29,10 +29,15 @@ void NormalizeNormals(MeshData& mesh);
 /// Removes the vertices that no triangle uses; the others keep their order.
 void KeepUsedVertices(MeshData& mesh);
 
+/// Points that were left out.
+struct LeftOutPoints
+{
+    std::size_t count = 0;
+    std::size_t first = 0; ///< Its number, from 0.
+};
+
 /// Removes the points of a cloud whose coordinates are not finite; the others keep their order.
-///
-/// @return how many were removed.
-std::size_t KeepFinitePoints(MeshData& mesh);
+LeftOutPoints KeepFinitePoints(MeshData& mesh);
 
 /// Makes a mesh without triangles a point cloud and warns of points that are not finite, and of
 /// coordinates so far from zero that single precision moves the points visibly.

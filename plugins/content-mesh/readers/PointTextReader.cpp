@@ -158,7 +158,7 @@ bool PointTextReader::Run()
     const std::string_view lines = m_text.substr(SkipPointHeading(m_text, m_announced));
     m_columns = CountPointColumns(lines);
     if (m_columns == 0) {
-        m_messages.Fail(kNoPoint);
+        m_messages.Fail(kPointNoRow);
         return false;
     }
     readRows(lines);

@@ -14,7 +14,7 @@ inline constexpr wchar_t kTooLarge[] = L"the file holds more than can be numbere
 inline constexpr wchar_t kFault[] =
     L"the file could not be read to its end; it may have been changed meanwhile (%1)";
 inline constexpr wchar_t kNonFiniteDropped[] =
-    L"a coordinate is not a finite number; triangles left out: %1";
+    L"a coordinate of triangle %2 is not a finite number; triangles left out: %1";
 
 inline constexpr wchar_t kBadVertexValue[] = L"a value is missing or no number; such vertices: %1";
 inline constexpr wchar_t kUnreadableFace[] = L"a value is missing or no number; faces left out: %1";
@@ -28,7 +28,9 @@ inline constexpr wchar_t kFanned[] =
 
 inline constexpr wchar_t kStlTooShort[] =
     L"this is no STL file: %1 bytes are fewer than a header's";
-inline constexpr wchar_t kStlNotStl[] = L"this is no STL file";
+inline constexpr wchar_t kStlNotStl[] = L"this is no STL file: it is no text, and the %1 triangles "
+                                        L"that its header announces do not fit "
+                                        L"its %2 bytes";
 inline constexpr wchar_t kStlCountTooLarge[] =
     L"the header announces %1 triangles, the file ends after %2; these were read";
 inline constexpr wchar_t kStlCountZero[] =
@@ -44,7 +46,7 @@ inline constexpr wchar_t kStlNoEnd[] = L"the file ends before \"endsolid\"";
 inline constexpr wchar_t kRounded[] =
     L"coordinates of up to %1 are rounded to steps of %2, which shows";
 inline constexpr wchar_t kNonFinitePoint[] =
-    L"a coordinate is not a finite number; points left out: %1";
+    L"a coordinate of point %2 is not a finite number; points left out: %1";
 
 inline constexpr wchar_t kPlyNotPly[] = L"this is no PLY file: it does not begin with \"ply\"";
 inline constexpr wchar_t kPlyNoEnd[] = L"the header has no \"end_header\"";
@@ -68,7 +70,8 @@ inline constexpr wchar_t kPlyTrailing[] = L"bytes after the last element, left o
 
 inline constexpr wchar_t kOffNotOff[] =
     L"this is no OFF file: it begins neither with \"OFF\" nor with a count";
-inline constexpr wchar_t kOffNoCounts[] = L"the counts of vertices and faces are missing";
+inline constexpr wchar_t kOffNoCounts[] =
+    L"the counts of vertices and faces are missing or no numbers";
 inline constexpr wchar_t kOffDimension[] = L"vertices of %1 dimensions cannot be read";
 inline constexpr wchar_t kOffTooMany[] =
     L"the header announces %1 vertices and %2 faces, more than the file can hold";
@@ -77,6 +80,8 @@ inline constexpr wchar_t kOffCutVertices[] =
 inline constexpr wchar_t kOffCutFaces[] =
     L"the file ends in its faces, after %1 of %2; these were read";
 
+inline constexpr wchar_t kPointNoRow[] =
+    L"the file holds no point: no line is made of three numbers or more";
 inline constexpr wchar_t kPointNoText[] = L"this is no text: a byte is zero";
 inline constexpr wchar_t kPointForeign[] =
     L"this is no text of points: it begins with \"%1\", as files of another format do";

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <cstring>
 #include <stdexcept>
 
@@ -107,6 +108,18 @@ void VertexWelder::grow(std::size_t neededVertices)
     m_positions.Resize(limitOf(slots) * 3);
     WeldTable table = tableOf(m_slots, m_positions, m_vertexCount);
     RefillTable(table);
+}
+
+std::size_t FindNonFiniteTriangle(const std::byte* records, std::size_t stride, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        float corners[9];
+        std::memcpy(corners, records + i * stride, sizeof corners);
+        if (!std::all_of(std::begin(corners), std::end(corners),
+                         [](float value) { return std::isfinite(value); }))
+            return i;
+    }
+    return count;
 }
 
 void WeldPoints(const float* points, std::size_t count, MeshArray<std::uint32_t>& numberOf)

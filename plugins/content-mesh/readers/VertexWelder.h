@@ -53,6 +53,10 @@ private:
     std::size_t m_droppedCount = 0;
 };
 
+/// @param records  As VertexWelder::AddTriangles() takes them.
+/// @return the first triangle with a coordinate that is not a finite number; @p count without one.
+std::size_t FindNonFiniteTriangle(const std::byte* records, std::size_t stride, std::size_t count);
+
 /// Numbers points by the exact bits of their coordinates, in the order in which places are first
 /// met; -0 counts as 0. All must be finite.
 ///

@@ -417,7 +417,7 @@ TEST(ObjReader, FileWithoutFacesIsAPointCloudWithAWarning)
     EXPECT_THAT(result.Normal(0), ElementsAre(0, 0, 1));
     EXPECT_THAT(
         result.warnings,
-        ElementsAre(L"test: a coordinate is not a finite number; points left out: 1",
+        ElementsAre(L"test: a coordinate of point 3 is not a finite number; points left out: 1",
                     L"test: the file holds no faces; its points were read as a point cloud"));
 }
 

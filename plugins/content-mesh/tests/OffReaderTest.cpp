@@ -198,9 +198,9 @@ INSTANTIATE_TEST_SUITE_P(
                L"test: line 1: this is no OFF file: it begins neither with \"OFF\" nor with a "
                L"count"},
         BadOff{"NoCounts", off("# nothing\n"),
-               L"test: line 3: the counts of vertices and faces are missing"},
+               L"test: line 3: the counts of vertices and faces are missing or no numbers"},
         BadOff{"Points", "1.5 2 3\n",
-               L"test: line 1: the counts of vertices and faces are missing"},
+               L"test: line 1: the counts of vertices and faces are missing or no numbers"},
         BadOff{"ManyVertices", off("353535235358 6 0\n" + std::string(kSquare)),
                L"test: line 2: the header announces 353535235358 vertices and 6 faces, more than "
                L"the file can hold"},
@@ -210,7 +210,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadOff{"CutInVertices", off("4 1 0\n0 0 0 0 0 0 0 0 0 0 0\n1 0 0\n"),
                L"test: line 5: the file ends in its vertices, after 2 of 4; it has no faces"},
         BadOff{"BinaryWithoutCounts", "OFF BINARY\nabc",
-               L"test: line 2: the counts of vertices and faces are missing"},
+               L"test: line 2: the counts of vertices and faces are missing or no numbers"},
         BadOff{"NoPoint", off("0 0 0\n"), L"test: the file holds no point"},
         BadOff{"NoTriangle", off("4 1 0\n" + std::string(kSquare) + "2 0 1\n"),
                L"test: the file holds no triangle"}),

@@ -130,8 +130,9 @@ TEST(PcdReader, LeavesOutUnmeasuredPixelsWithoutAWord)
 
     EXPECT_THAT(ReadPcdBytes(image).warnings, IsEmpty());
     EXPECT_EQ(ReadPcdBytes(image).mesh.VertexCount(), 2u);
-    EXPECT_THAT(ReadPcdBytes(text(rows, "4")).warnings,
-                ElementsAre(L"test: a coordinate is not a finite number; points left out: 2"));
+    EXPECT_THAT(
+        ReadPcdBytes(text(rows, "4")).warnings,
+        ElementsAre(L"test: a coordinate of point 2 is not a finite number; points left out: 2"));
 }
 
 TEST(PcdReader, TellsOfPointsThatAreNotThere)
@@ -147,9 +148,10 @@ TEST(PcdReader, CountsLinesWithValuesThatAreNoNumbers)
     const ReadResult result = ReadPcdBytes(text("1 2 3\n1 2\n1 2 z\n4 5 6\n", "4"));
 
     EXPECT_EQ(result.mesh.VertexCount(), 2u);
-    EXPECT_THAT(result.warnings,
-                ElementsAre(L"test: line 13: a value is missing or no number; such vertices: 2",
-                            L"test: a coordinate is not a finite number; points left out: 2"));
+    EXPECT_THAT(
+        result.warnings,
+        ElementsAre(L"test: line 13: a value is missing or no number; such vertices: 2",
+                    L"test: a coordinate of point 2 is not a finite number; points left out: 2"));
 }
 
 namespace {

@@ -318,8 +318,9 @@ TEST(PlyReader, LeavesOutPointsThatAreNotFinite)
     const ReadResult result = ReadPlyBytes(text(vertexElement(3), "0 0 0\nnan 2 3\n4 5 6\n"));
 
     EXPECT_THAT(result.Vertex(1), ElementsAre(4, 5, 6));
-    EXPECT_THAT(result.warnings,
-                ElementsAre(L"test: a coordinate is not a finite number; points left out: 1"));
+    EXPECT_THAT(
+        result.warnings,
+        ElementsAre(L"test: a coordinate of point 2 is not a finite number; points left out: 1"));
 }
 
 TEST(PlyReader, TakesLinesOfAnyEnd)

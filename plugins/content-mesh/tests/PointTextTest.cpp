@@ -74,8 +74,9 @@ TEST(XyzReader, LeavesOutPointsThatAreNotFinite)
 
     EXPECT_EQ(result.mesh.VertexCount(), 2u);
     EXPECT_THAT(result.Vertex(1), ElementsAre(3, 4, 5));
-    EXPECT_THAT(result.warnings,
-                ElementsAre(L"test: a coordinate is not a finite number; points left out: 3"));
+    EXPECT_THAT(
+        result.warnings,
+        ElementsAre(L"test: a coordinate of point 2 is not a finite number; points left out: 3"));
 }
 
 TEST(XyzReader, TellsWhenCoordinatesOfMapsAreRounded)
@@ -90,9 +91,10 @@ TEST(XyzReader, TellsWhenCoordinatesOfMapsAreRounded)
 TEST(XyzReader, RefusesWhatHoldsNoPoint)
 {
     EXPECT_EQ(ReadXyzText("").error, L"test: the file is empty");
-    EXPECT_EQ(ReadXyzText("# nothing\n").error, L"test: the file holds no point");
+    EXPECT_EQ(ReadXyzText("# nothing\n").error,
+              L"test: the file holds no point: no line is made of three numbers or more");
     EXPECT_EQ(ReadXyzText("3\nwater\nO 0 0 0\nH 1 0 0\nH 0 1 0\n").error,
-              L"test: the file holds no point");
+              L"test: the file holds no point: no line is made of three numbers or more");
     EXPECT_EQ(
         ReadXyzText("COFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 2\n").error,
         L"test: this is no text of points: it begins with \"COFF\", as files of another format "

@@ -90,8 +90,10 @@ TEST(BinaryStl, ResultDoesNotDependOnTheNumberOfPieces)
     EXPECT_TRUE(std::equal(whole.triangles.begin(), whole.triangles.end(), pieces.triangles.begin(),
                            pieces.triangles.end()));
     EXPECT_THAT(messages.Warnings(),
-                ElementsAre(L"test: a coordinate is not a finite number; triangles left out: 1",
-                            L"test: a coordinate is not a finite number; triangles left out: 1"));
+                ElementsAre(L"test: byte 350084: a coordinate of triangle 7001 is not a finite "
+                            L"number; triangles left out: 1",
+                            L"test: byte 350084: a coordinate of triangle 7001 is not a finite "
+                            L"number; triangles left out: 1"));
 }
 
 TEST(BinaryStl, ReadsAFileWhoseHeaderBeginsWithSolid)
@@ -178,7 +180,8 @@ TEST(BinaryStl, BytesOfAnotherFormatAreAnError)
     const ReadResult result = ReadStlBytes(bytes);
 
     EXPECT_FALSE(result.ok);
-    EXPECT_EQ(result.error, L"test: this is no STL file");
+    EXPECT_EQ(result.error, L"test: this is no STL file: it is no text, and the 227120290 "
+                            L"triangles that its header announces do not fit its 5000 bytes");
 }
 
 TEST(BinaryStl, TrianglesWithInfinitiesAndNansAreLeftOutAndCounted)
@@ -194,8 +197,8 @@ TEST(BinaryStl, TrianglesWithInfinitiesAndNansAreLeftOutAndCounted)
     EXPECT_EQ(result.mesh.TriangleCount(), 2u);
     EXPECT_EQ(result.mesh.ranges[0].triangleCount, 2u);
     EXPECT_EQ(result.mesh.VertexCount(), 6u);
-    EXPECT_THAT(result.warnings,
-                ElementsAre(L"test: a coordinate is not a finite number; triangles left out: 2"));
+    EXPECT_THAT(result.warnings, ElementsAre(L"test: byte 134: a coordinate of triangle 2 is not a "
+                                             L"finite number; triangles left out: 2"));
 }
 
 TEST(BinaryStl, OnlyTrianglesThatAreNotFiniteAreAnError)
@@ -343,6 +346,8 @@ TEST(AsciiStl, CoordinatesThatAreNotFiniteAreLeftOutAndCounted)
     const ReadResult result = ReadStlBytes(text);
 
     EXPECT_EQ(result.mesh.TriangleCount(), 1u);
-    EXPECT_THAT(result.warnings,
-                ElementsAre(L"test: a coordinate is not a finite number; triangles left out: 1"));
+    EXPECT_THAT(
+        result.warnings,
+        ElementsAre(
+            L"test: a coordinate of triangle 1 is not a finite number; triangles left out: 1"));
 }
