@@ -3,6 +3,7 @@
 #include <OrvikCore/ACamera.h>
 #include <TambVizCore/GeoNode.h>
 #include <TambVizCore/Matrix.h>
+#include <TambVizCore/RenderingOptions.h>
 
 #include <cmath>
 #include <numbers>
@@ -104,6 +105,9 @@ void Fill(ViewOpenGl::View3dOpenGlSG& view, const Spheres& spheres)
     }
     if (spheres.inOneBody)
         view.GetSceneRoot().CreateChildGeoNode(1)->SetGeometry(build(all, spheres.withFaces));
+    if (spheres.isCut)
+        view.GetRenderingOptions()->SetClipPlanes(
+            {{{-1.0f, 0.0f, 0.0f}, view.GetGeometryCenter()[0]}});
 }
 
 void LookFrom(ViewOpenGl::View3dOpenGlSG& view, double angleRadians)

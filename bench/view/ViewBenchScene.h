@@ -16,6 +16,7 @@ struct Spheres
     int count = 1;
     std::uint32_t rings = 707; ///< Each of as many quadrangles, which are two triangles.
     bool inOneBody = false;    ///< Else each is a body with a geometry of its own.
+    bool isCut = false;        ///< A section plane passes through the middle.
     bool withFaces = false;    ///< Every tenth triangle begins a face.
 };
 

@@ -17,35 +17,49 @@ TambVizCore::RGBAColor opaque(TambVizCore::RGBAColor color)
 
 } // namespace
 
-void CapPainter::Draw(const FrameItem& item)
+void CapPainter::Begin()
 {
-    if (!item.cut || !item.hasOpacity || item.asBox || !item.node->GetGeometry()->IsClosed() ||
-        item.states->hasHiddenParts)
-        return;
-    const auto planes = m_painter.ClipPlanes();
-    for (std::size_t plane = 0; plane < planes.size(); ++plane)
-        if (m_cap.Place(planes, plane, item.box)) {
-            glEnable(GL_STENCIL_TEST);
-            countBehindPlane(item, plane);
-            drawCap(item);
-            glDisable(GL_STENCIL_TEST);
-        }
+    m_plane = 0;
+    m_next = 0;
 }
 
-void CapPainter::countBehindPlane(const FrameItem& item, std::size_t plane)
+bool CapPainter::Draw(const FrameItem& item, FrameBudget& budget)
 {
-    m_painter.UseOneClipPlane(plane);
+    if (!item.hasOpacity || item.asBox || !item.node->GetGeometry()->IsClosed() ||
+        item.states->hasHiddenParts)
+        return true;
+    const auto planes = m_painter.ClipPlanes();
+    for (; m_plane < planes.size(); ++m_plane) {
+        if (!m_cap.Place(planes, m_plane, item.box))
+            continue;
+        glEnable(GL_STENCIL_TEST);
+        const bool isCounted = countBehindPlane(item, budget);
+        if (isCounted)
+            drawCap(item);
+        glDisable(GL_STENCIL_TEST);
+        if (!isCounted)
+            return false;
+    }
+    m_plane = 0;
+    return true;
+}
+
+/// What was counted stays in the stencil from one slice to the next.
+bool CapPainter::countBehindPlane(const FrameItem& item, FrameBudget& budget)
+{
+    m_painter.UseOneClipPlane(m_plane);
     glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
     glDepthMask(GL_FALSE);
     glDisable(GL_DEPTH_TEST);
     glStencilFunc(GL_ALWAYS, 0, 0xFF);
     glStencilOpSeparate(GL_FRONT, GL_KEEP, GL_KEEP, GL_DECR_WRAP);
     glStencilOpSeparate(GL_BACK, GL_KEEP, GL_KEEP, GL_INCR_WRAP);
-    m_painter.DrawWhole(item, PaintStyle{});
+    const bool isDone = m_painter.DrawPieces(item, PaintStyle{}, m_next, budget);
     glEnable(GL_DEPTH_TEST);
     glDepthMask(GL_TRUE);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     m_painter.RestoreClipPlanes();
+    return isDone;
 }
 
 /// The cap is cut by the other planes already; the program knows of none.

@@ -23,18 +23,24 @@ public:
     CapPainter(const CapPainter&) = delete;
     CapPainter& operator=(const CapPainter&) = delete;
 
+    /// Begins a picture.
+    void Begin();
+
     /// Draws the caps of a body on all planes in use; nothing where it is not closed or not cut.
-    void Draw(const FrameItem& item);
+    /// @return false when the budget ended before; the next call goes on with the same body.
+    bool Draw(const FrameItem& item, FrameBudget& budget);
 
     /// Forgets everything in graphics memory.
     void Clear() { m_cap = SectionCap(); }
 
 private:
-    void countBehindPlane(const FrameItem& item, std::size_t plane);
+    bool countBehindPlane(const FrameItem& item, FrameBudget& budget);
     void drawCap(const FrameItem& item);
 
     Painter& m_painter;
     SectionCap m_cap;
+    std::size_t m_plane = 0; ///< Where the next slice goes on.
+    int m_next = 0;          ///< Triangle to be counted there.
 };
 
 } // namespace ViewOpenGl

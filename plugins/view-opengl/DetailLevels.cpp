@@ -144,7 +144,7 @@ std::uint32_t DetailBuilder::findCluster(std::uint32_t cell)
 
 void DetailBuilder::growTable()
 {
-    const std::size_t size = 4 * m_keys.size();
+    const std::size_t size = 2 * m_keys.size();
     const auto oldKeys = std::exchange(m_keys, std::vector<std::uint32_t>(size, kNoCell));
     const auto oldValues = std::exchange(m_values, std::vector<std::uint32_t>(size));
     const std::size_t mask = m_keys.size() - 1;
@@ -222,7 +222,7 @@ bool DetailBuilder::isKnownTriangle(const std::uint32_t* corners)
 void DetailBuilder::growTriangles()
 {
     const std::size_t count = m_level.primitives[0].sources.size();
-    m_triangles.assign(4 * m_triangles.size(), 0);
+    m_triangles.assign(2 * m_triangles.size(), 0);
     for (std::size_t i = 0; i < count; ++i)
         m_triangles[findTriangle(m_level.primitives[0].indices.data() + 3 * i)] =
             static_cast<std::uint32_t>(i + 1);

@@ -25,8 +25,19 @@ constexpr double kRate = 0.5;
 constexpr double kMostGrowth = 2.0;
 constexpr double kLeastError = 1.0;
 
-/// Fewer primitives are not worth a draw call of their own.
+/// Fewer primitives, in fewer calls, are not worth waiting for.
 constexpr int kLeastPiece = 16384;
+constexpr double kLeastDraws = 32.0;
+
+/// Of more primitives too many might be much dearer than those before.
+constexpr int kMostPiece = 65536;
+
+/// A piece is to take at most this share of what is left.
+constexpr double kPieceShare = 0.5;
+
+/// So much may a piece differ from what was foretold.
+constexpr double kLeastSlowness = 0.01;
+constexpr double kMostSlowness = 100.0;
 
 } // namespace
 
@@ -38,6 +49,17 @@ FrameWork& FrameWork::operator+=(const FrameWork& other)
     segments += other.segments;
     points += other.points;
     draws += other.draws;
+    return *this;
+}
+
+FrameWork& FrameWork::operator-=(const FrameWork& other)
+{
+    slices -= other.slices;
+    pixels -= other.pixels;
+    triangles -= other.triangles;
+    segments -= other.segments;
+    points -= other.points;
+    draws -= other.draws;
     return *this;
 }
 
@@ -88,23 +110,50 @@ void CostModel::Learn(const FrameWork& work, double milliseconds)
         m_weights[i] = std::max(0.0, m_weights[i] + step * counts[i]);
 }
 
-bool FrameBudget::IsSpent(const FrameWork& done) const
+void FrameBudget::catchUp()
 {
-    // Something is drawn in each slice, however short.
-    return m_model != nullptr && done.draws > 0.0 &&
-           (m_model->Milliseconds(done) >= m_milliseconds || m_slice.IsOver());
+    m_wait();
+    ++m_waits;
+    m_leftMs = m_slice.LeftMs();
 }
 
-int FrameBudget::Piece(PartKind kind, int primitives, const FrameWork& done) const
+void FrameBudget::Begin()
+{
+    if (m_model != nullptr)
+        catchUp();
+}
+
+bool FrameBudget::IsSpent(const FrameWork& done)
+{
+    // Something is drawn in each slice, however short.
+    if (m_model == nullptr || done.draws <= 0.0)
+        return false;
+    FrameWork fresh = done;
+    fresh -= m_seen;
+    if (fresh.triangles + fresh.segments + fresh.points < kLeastPiece && fresh.draws < kLeastDraws)
+        return m_slice.IsOver();
+    const double before = m_leftMs;
+    catchUp();
+    m_seen = done;
+    const double expected = m_model->Milliseconds(fresh);
+    m_slowness = expected > 0.0
+                     ? std::clamp((before - m_leftMs) / expected, kLeastSlowness, kMostSlowness)
+                     : 1.0;
+    const double next = m_model->Milliseconds(WorkOf(PartKind::Face, kLeastPiece));
+    return m_leftMs <= 0.0 || next * m_slowness > m_leftMs;
+}
+
+int FrameBudget::Piece(PartKind kind, int primitives) const
 {
     if (m_model == nullptr)
         return primitives;
-    const double left = m_milliseconds - m_model->Milliseconds(done);
-    const double fitting = m_model->PrimitivesIn(kind, std::max(left, 0.0));
+    const double fitting =
+        m_slowness > 0.0
+            ? m_model->PrimitivesIn(kind, kPieceShare * std::max(m_leftMs, 0.0)) / m_slowness
+            : 0.0;
+    const int piece = static_cast<int>(std::clamp<double>(fitting, kLeastPiece, kMostPiece));
     // What would be left over for a small piece is drawn along.
-    if (fitting + kLeastPiece >= primitives)
-        return primitives;
-    return std::max(kLeastPiece, static_cast<int>(fitting));
+    return piece + kLeastPiece / 2 >= primitives ? primitives : piece;
 }
 
 } // namespace ViewOpenGl

@@ -14,6 +14,7 @@ namespace ViewOpenGl {
 struct FrameWork
 {
     FrameWork& operator+=(const FrameWork& other);
+    FrameWork& operator-=(const FrameWork& other);
 
     double slices = 0.0; ///< Times that the renderer is waited for.
     double pixels = 0.0; ///< Of frames, not of what is drawn into them.
@@ -52,8 +53,11 @@ private:
     std::array<double, kCounts> m_weights; ///< Milliseconds for each unit of countsOf().
 };
 
-/// How much of a frame may be drawn before the caller gets control back: by the model, because a
-/// graphics processor works on after a call has returned, and by the clock.
+/// How much of a frame may be drawn before the caller gets control back.
+///
+/// Renderers work on after a call has returned, and triangles differ: those in front cost ten times
+/// as much as those behind. So what is large is drawn in pieces; after each the renderer is waited
+/// for, and what it took tells the size of the next.
 class FrameBudget
 {
 public:
@@ -61,20 +65,34 @@ public:
     FrameBudget() = default;
 
     /// @param model  Not owned; outlives the budget.
-    FrameBudget(const CostModel& model, const TimeSlice& slice)
-        : m_model(&model), m_slice(slice), m_milliseconds(slice.LeftMs())
+    /// @param wait   returns when the renderer has done what it was told.
+    FrameBudget(const CostModel& model, const TimeSlice& slice, void (*wait)())
+        : m_model(&model), m_slice(slice), m_wait(wait), m_leftMs(slice.LeftMs())
     {
     }
 
-    bool IsSpent(const FrameWork& done) const;
+    /// Waits for what was drawn so far, so that the next piece is measured alone.
+    void Begin();
+
+    /// @return whether nothing more should be drawn; false while nothing was.
+    bool IsSpent(const FrameWork& done);
 
     /// @return how many of so many primitives to draw in one go.
-    int Piece(TambVizCore::PartKind kind, int primitives, const FrameWork& done) const;
+    int Piece(TambVizCore::PartKind kind, int primitives) const;
+
+    /// @return how often the renderer was waited for.
+    int Waits() const { return m_waits; }
 
 private:
+    void catchUp();
+
     const CostModel* m_model = nullptr; ///< Not owned; null for no end.
     TimeSlice m_slice;
-    double m_milliseconds = 0.0;
+    void (*m_wait)() = nullptr;
+    double m_leftMs = 0.0;   ///< When the renderer was waited for last.
+    FrameWork m_seen;        ///< What it had done by then.
+    double m_slowness = 0.0; ///< What the last piece took over what was foretold; 0 for unknown.
+    int m_waits = 0;
 };
 
 } // namespace ViewOpenGl

@@ -104,6 +104,21 @@ private:
     GpuGeometry& m_gpu;
 };
 
+void uploadLevel(DetailLevel& level, GpuGeometry& gpu)
+{
+    glBindVertexArray(gpu.vertexArray.Get());
+    GpuLevel& made = gpu.levels.emplace_back();
+    made.cell = level.cell;
+    for (std::size_t slot = 0; slot < 3; ++slot) {
+        const std::vector<std::uint32_t>& indices = level.primitives[slot].indices;
+        made.primitives[slot].indices = MakeBuffer(GL_ELEMENT_ARRAY_BUFFER, indices.data(),
+                                                   indices.size() * sizeof(std::uint32_t));
+        made.primitives[slot].count = static_cast<GLsizei>(indices.size());
+        made.sources[slot] = std::move(level.primitives[slot].sources);
+    }
+    glBindVertexArray(0);
+}
+
 } // namespace
 
 bool UploadGeometry(const TambVizCore::Geometry& geometry, bool readsOwnMemory,
@@ -137,21 +152,14 @@ bool UploadGeometry(const TambVizCore::Geometry& geometry, bool readsOwnMemory,
     return isComplete;
 }
 
-void UploadLevels(std::vector<DetailLevel>& levels, GpuGeometry& gpu)
+bool UploadLevels(std::vector<DetailLevel>& levels, const TimeSlice& slice, GpuGeometry& gpu)
 {
-    glBindVertexArray(gpu.vertexArray.Get());
-    for (DetailLevel& level : levels) {
-        GpuLevel& made = gpu.levels.emplace_back();
-        made.cell = level.cell;
-        for (std::size_t slot = 0; slot < 3; ++slot) {
-            const std::vector<std::uint32_t>& indices = level.primitives[slot].indices;
-            made.primitives[slot].indices = MakeBuffer(GL_ELEMENT_ARRAY_BUFFER, indices.data(),
-                                                       indices.size() * sizeof(std::uint32_t));
-            made.primitives[slot].count = static_cast<GLsizei>(indices.size());
-            made.sources[slot] = std::move(level.primitives[slot].sources);
-        }
+    while (gpu.levels.size() < levels.size()) {
+        uploadLevel(levels[gpu.levels.size()], gpu);
+        if (slice.IsOver())
+            break;
     }
-    glBindVertexArray(0);
+    return gpu.levels.size() == levels.size();
 }
 
 std::vector<std::uint32_t> PartIndices(const TambVizCore::Geometry& geometry, PartKind kind)

@@ -22,8 +22,9 @@ namespace ViewOpenGl {
 bool UploadGeometry(const TambVizCore::Geometry& geometry, bool readsOwnMemory,
                     const TimeSlice& slice, GpuGeometry& gpu);
 
-/// Brings coarser versions into graphics memory. The context is current.
-void UploadLevels(std::vector<DetailLevel>& levels, GpuGeometry& gpu);
+/// Brings coarser versions into graphics memory, one after the other. The context is current.
+/// @return true when all are there; else it goes on in the next call.
+bool UploadLevels(std::vector<DetailLevel>& levels, const TimeSlice& slice, GpuGeometry& gpu);
 
 /// @return the part index of every primitive of a kind; all ones where it belongs to none.
 std::vector<std::uint32_t> PartIndices(const TambVizCore::Geometry& geometry,

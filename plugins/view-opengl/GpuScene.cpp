@@ -123,9 +123,9 @@ bool GpuScene::BuildLevels(const TimeSlice& slice)
         const auto source = gpu.source.lock();
         if (!gpu.wantsLevels || gpu.hasLevels || !gpu.isComplete || source == nullptr)
             continue;
-        if (!gpu.builder.Continue(*source, slice))
+        if (!gpu.builder.Continue(*source, slice) ||
+            !UploadLevels(gpu.builder.Levels(), slice, gpu))
             return false;
-        UploadLevels(gpu.builder.Levels(), gpu);
         gpu.builder = DetailBuilder();
         gpu.hasLevels = true;
         if (slice.IsOver())

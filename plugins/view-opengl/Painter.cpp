@@ -131,6 +131,21 @@ void Painter::DrawWhole(const FrameItem& item, const PaintStyle& style)
         Draw(item, style, {0, count});
 }
 
+bool Painter::DrawPieces(const FrameItem& item, const PaintStyle& style, int& next,
+                         FrameBudget& budget)
+{
+    const int count = Count(item, style.kind);
+    while (next < count) {
+        if (budget.IsSpent(m_work))
+            return false;
+        const int piece = budget.Piece(style.kind, count - next);
+        Draw(item, style, {next, piece});
+        next += piece;
+    }
+    next = 0;
+    return true;
+}
+
 void Painter::Draw(const FrameItem& item, const PaintStyle& style, const PrimitiveRun& run)
 {
     const GpuGeometry& gpu = *item.geometry;

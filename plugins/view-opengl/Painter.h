@@ -74,6 +74,11 @@ public:
     void Draw(const FrameItem& item, const PaintStyle& style, const PrimitiveRun& run);
     void DrawWhole(const FrameItem& item, const PaintStyle& style);
 
+    /// Draws what is left of a kind of primitives of a body.
+    /// @param next  Primitive to go on with; 0 at the end.
+    /// @return false when the budget ended before.
+    bool DrawPieces(const FrameItem& item, const PaintStyle& style, int& next, FrameBudget& budget);
+
     /// Makes ready for flat triangles in eye space, in one lit colour.
     /// @return false when there is no program.
     bool UseFlat(const FrameItem& item, const TambVizCore::RGBAColor& color);

@@ -101,7 +101,7 @@ void SceneRenderer::drawBackground()
     glEnable(GL_DEPTH_TEST);
 }
 
-bool SceneRenderer::drawFaces(const Items& items, Layer layer, const FrameBudget& budget)
+bool SceneRenderer::drawFaces(const Items& items, Layer layer, FrameBudget& budget)
 {
     const bool isOpaque = layer == Layer::Opaque;
     if (isOpaque) {
@@ -115,8 +115,9 @@ bool SceneRenderer::drawFaces(const Items& items, Layer layer, const FrameBudget
         const FrameItem& item = *items[m_next];
         if (item.leftOut || (isOpaque && !item.hasOpacity))
             continue;
-        isDone =
-            item.asBox ? drawAsBox(item, layer) : drawPieces(item, faceStyle(item, layer), budget);
+        isDone = item.asBox
+                     ? drawAsBox(item, layer)
+                     : m_painter.DrawPieces(item, faceStyle(item, layer), m_nextPrimitive, budget);
     }
     glDisable(GL_POLYGON_OFFSET_FILL);
     if (!isOpaque)
@@ -124,20 +125,17 @@ bool SceneRenderer::drawFaces(const Items& items, Layer layer, const FrameBudget
     return isDone;
 }
 
-bool SceneRenderer::drawCaps(const FrameBudget& budget)
+bool SceneRenderer::drawCaps(FrameBudget& budget)
 {
     for (; m_next < m_inOrder.size(); ++m_next) {
         const FrameItem& item = *m_inOrder[m_next];
-        if (!item.cut || item.leftOut)
-            continue;
-        if (budget.IsSpent(m_painter.Work()))
+        if (item.cut && !item.leftOut && !m_caps.Draw(item, budget))
             return false;
-        m_caps.Draw(item);
     }
     return true;
 }
 
-bool SceneRenderer::drawEdges(const Items& items, const FrameBudget& budget)
+bool SceneRenderer::drawEdges(const Items& items, FrameBudget& budget)
 {
     PaintStyle style;
     style.kind = PartKind::Edge;
@@ -152,13 +150,13 @@ bool SceneRenderer::drawEdges(const Items& items, const FrameBudget& budget)
         style.lineWidth = item.node->LineWidthPixels();
         if (item.node->GetCategory() == GeoNode::Category::Model)
             style.lineWidth *= m_options->GetLineWidth();
-        if (!drawPieces(item, style, budget))
+        if (!m_painter.DrawPieces(item, style, m_nextPrimitive, budget))
             return false;
     }
     return true;
 }
 
-bool SceneRenderer::drawVertices(const Items& items, const FrameBudget& budget)
+bool SceneRenderer::drawVertices(const Items& items, FrameBudget& budget)
 {
     PaintStyle style;
     style.kind = PartKind::Vertex;
@@ -171,13 +169,13 @@ bool SceneRenderer::drawVertices(const Items& items, const FrameBudget& budget)
             continue;
         style.color = item.isOwnColored ? item.color : m_options->GetDefaultVertexColor();
         style.useVertexColors = isCloud && !item.hasColor;
-        if (!drawPieces(item, style, budget))
+        if (!m_painter.DrawPieces(item, style, m_nextPrimitive, budget))
             return false;
     }
     return true;
 }
 
-bool SceneRenderer::drawTessellation(const FrameBudget& budget)
+bool SceneRenderer::drawTessellation(FrameBudget& budget)
 {
     PaintStyle style;
     style.color = m_options->GetDefaultTessEdgeColor();
@@ -188,27 +186,10 @@ bool SceneRenderer::drawTessellation(const FrameBudget& budget)
     for (; isDone && m_next < m_inOrder.size(); m_next += isDone ? 1 : 0) {
         const FrameItem& item = *m_inOrder[m_next];
         if (!item.leftOut && !item.asBox)
-            isDone = drawPieces(item, style, budget);
+            isDone = m_painter.DrawPieces(item, style, m_nextPrimitive, budget);
     }
     glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
     return isDone;
-}
-
-/// Draws what is left of a kind of primitives of a body.
-/// @return false when the budget ended before.
-bool SceneRenderer::drawPieces(const FrameItem& item, const PaintStyle& style,
-                               const FrameBudget& budget)
-{
-    const int count = m_painter.Count(item, style.kind);
-    while (m_nextPrimitive < count) {
-        if (budget.IsSpent(m_painter.Work()))
-            return false;
-        const int piece = budget.Piece(style.kind, count - m_nextPrimitive, m_painter.Work());
-        m_painter.Draw(item, style, {m_nextPrimitive, piece});
-        m_nextPrimitive += piece;
-    }
-    m_nextPrimitive = 0;
-    return true;
 }
 
 /// @return true.
@@ -241,12 +222,13 @@ void SceneRenderer::drawInTurn(const std::vector<FrameItem>& items)
     for (const FrameItem& item : items)
         m_objectsInTurn.push_back(&item);
     const bool drawsEdges = std::exchange(m_drawsEdges, m_options->GetShowEdges());
+    FrameBudget all;
     m_next = 0;
-    drawFaces(m_objectsInTurn, Layer::Opaque, FrameBudget());
+    drawFaces(m_objectsInTurn, Layer::Opaque, all);
     m_next = 0;
-    drawEdges(m_objectsInTurn, FrameBudget());
+    drawEdges(m_objectsInTurn, all);
     m_next = 0;
-    drawVertices(m_objectsInTurn, FrameBudget());
+    drawVertices(m_objectsInTurn, all);
     m_drawsEdges = drawsEdges;
 }
 
@@ -257,8 +239,9 @@ void SceneRenderer::drawTransparentInTurn(const std::vector<FrameItem>& items)
         if (item.hasTransparency)
             m_objectsInTurn.push_back(&item);
     std::sort(m_objectsInTurn.begin(), m_objectsInTurn.end(), IsBehind);
+    FrameBudget all;
     m_next = 0;
-    drawFaces(m_objectsInTurn, Layer::Transparent, FrameBudget());
+    drawFaces(m_objectsInTurn, Layer::Transparent, all);
 }
 
 } // namespace ViewOpenGl

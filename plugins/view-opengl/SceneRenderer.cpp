@@ -69,7 +69,7 @@ void SceneRenderer::Prepare(const RenderingOptions& options)
     Node nothing(1);
     const auto sample = makeSample();
     Begin(*sample, nothing, options, sampleProjection(), {}, {}, TimeSlice());
-    Continue(FrameBudget());
+    DrawAll();
     EndFrame();
     glFinish();
 }
@@ -100,6 +100,7 @@ void SceneRenderer::Begin(Node& root, Node& objects, const RenderingOptions& opt
     m_pass = Pass::Background;
     m_next = 0;
     m_nextPrimitive = 0;
+    m_caps.Begin();
 }
 
 /// Bodies in front hide what lies behind before its pixels are computed.
@@ -159,17 +160,18 @@ void SceneRenderer::DrawIds(Node& root, const RenderingOptions& options,
     glDisable(GL_BLEND);
     glDepthMask(GL_TRUE);
     m_painter.WriteIds(true);
+    FrameBudget all;
     for (const Pass pass : {Pass::Faces, Pass::Caps, Pass::Edges, Pass::Vertices}) {
         m_pass = pass;
         m_next = 0;
-        drawBodies(FrameBudget());
+        drawBodies(all);
         m_painter.Rest();
     }
     m_painter.WriteIds(false);
     m_pass = Pass::Done;
 }
 
-bool SceneRenderer::Continue(const FrameBudget& budget)
+bool SceneRenderer::Continue(FrameBudget& budget)
 {
     beginDrawing();
     while (m_pass != Pass::Done) {
@@ -184,11 +186,18 @@ bool SceneRenderer::Continue(const FrameBudget& budget)
     return true;
 }
 
-bool SceneRenderer::runPass(const FrameBudget& budget)
+void SceneRenderer::DrawAll()
+{
+    FrameBudget all;
+    Continue(all);
+}
+
+bool SceneRenderer::runPass(FrameBudget& budget)
 {
     switch (m_pass) {
     case Pass::Background:
         drawBackground();
+        budget.Begin();
         return true;
     case Pass::Objects:
         m_painter.UseClipPlanes(false);
@@ -206,7 +215,7 @@ bool SceneRenderer::runPass(const FrameBudget& budget)
     }
 }
 
-bool SceneRenderer::drawBodies(const FrameBudget& budget)
+bool SceneRenderer::drawBodies(FrameBudget& budget)
 {
     switch (m_pass) {
     case Pass::Faces:

@@ -84,7 +84,10 @@ public:
     void WantLevels();
 
     /// Draws on. @return true when the picture is complete.
-    bool Continue(const FrameBudget& budget);
+    bool Continue(FrameBudget& budget);
+
+    /// Draws all that is left.
+    void DrawAll();
 
     /// Draws what is where instead of a picture, as IIdPictureProvider tells it, with the same
     /// means: the second colour attachment gets the number of a node and a part index (all ones for
@@ -134,17 +137,16 @@ private:
 
     void beginDrawing();
     void sort();
-    bool runPass(const FrameBudget& budget);
-    bool drawBodies(const FrameBudget& budget);
+    bool runPass(FrameBudget& budget);
+    bool drawBodies(FrameBudget& budget);
     void drawBackground();
     void drawInTurn(const std::vector<FrameItem>& items);
     void drawTransparentInTurn(const std::vector<FrameItem>& items);
-    bool drawFaces(const Items& items, Layer layer, const FrameBudget& budget);
-    bool drawCaps(const FrameBudget& budget);
-    bool drawEdges(const Items& items, const FrameBudget& budget);
-    bool drawVertices(const Items& items, const FrameBudget& budget);
-    bool drawTessellation(const FrameBudget& budget);
-    bool drawPieces(const FrameItem& item, const PaintStyle& style, const FrameBudget& budget);
+    bool drawFaces(const Items& items, Layer layer, FrameBudget& budget);
+    bool drawCaps(FrameBudget& budget);
+    bool drawEdges(const Items& items, FrameBudget& budget);
+    bool drawVertices(const Items& items, FrameBudget& budget);
+    bool drawTessellation(FrameBudget& budget);
     bool drawAsBox(const FrameItem& item, Layer layer);
     TambVizCore::GeoNode& boxNode();
 

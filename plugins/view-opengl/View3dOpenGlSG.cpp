@@ -129,7 +129,7 @@ bool View3dOpenGlSG::drawImage(int width, int height, TambVizCore::Image& image)
     // A frame that is half drawn begins anew.
     m_isDrawing = false;
     beginPicture(width, height, Purpose::Picture, TimeSlice());
-    m_renderer.Continue(FrameBudget());
+    m_renderer.DrawAll();
     endPicture(width, height);
     drawOverlay(width, height);
     m_renderer.EndFrame();

@@ -26,6 +26,11 @@ constexpr int kUploadMs = 8;
 
 constexpr int kMostRefineMs = 50;
 
+void waitForRenderer()
+{
+    glFinish();
+}
+
 } // namespace
 
 void View3dOpenGlSG::SetFrameWindow(OrvikCore::IFrameWindow* window)
@@ -121,7 +126,7 @@ bool View3dOpenGlSG::drawFrameNow()
     }
     if (!m_isFull)
         m_renderer.FitBudget(m_cost, kMovingMs, workBeside());
-    m_renderer.Continue(FrameBudget());
+    m_renderer.DrawAll();
     FrameWork work = m_renderer.GetPainter().Work();
     endPicture(m_width, m_height);
     work += workBeside();
@@ -173,7 +178,9 @@ bool View3dOpenGlSG::refineFrame(const TimeSlice& slice)
         m_next.Bind();
         work.slices = 1.0;
     }
-    const bool isDone = m_renderer.Continue(FrameBudget(m_cost, slice));
+    FrameBudget budget(m_cost, slice, &waitForRenderer);
+    const bool isDone = m_renderer.Continue(budget);
+    work.slices += budget.Waits();
     work += m_renderer.GetPainter().Work();
     if (isDone)
         endPicture(m_width, m_height);

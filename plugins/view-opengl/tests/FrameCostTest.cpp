@@ -69,53 +69,123 @@ TEST(CostModel, NeverForetellsLessThanNothing)
     EXPECT_GE(model.Milliseconds(frameOf(10, 1)), 0.0);
 }
 
-TEST(FrameBudget, WithoutEndTakesAllInOnePiece)
+/// A renderer that works on after a call has returned, on a clock of its own.
+class FrameBudgetTest : public ::testing::Test
 {
-    const FrameBudget budget;
+protected:
+    void SetUp() override { s_clock = &m_clock; }
+
+    void TearDown() override { s_clock = nullptr; }
+
+    /// The renderer has got work for so many milliseconds.
+    static void order(double milliseconds)
+    {
+        s_backlogUs += static_cast<std::uint64_t>(1000.0 * milliseconds);
+    }
+
+    static void wait()
+    {
+        s_clock->SetStep(s_backlogUs);
+        s_clock->NowUs();
+        s_clock->SetStep(0);
+        s_backlogUs = 0;
+    }
+
+    TickingClock m_clock{0};
+    CostModel m_model;
+    FrameBudget m_budget{m_model, TimeSlice(20), &wait};
+
+private:
+    static inline std::uint64_t s_backlogUs = 0;
+    static inline TickingClock* s_clock = nullptr;
+};
+
+TEST_F(FrameBudgetTest, WithoutEndTakesAllInOnePiece)
+{
+    FrameBudget budget;
 
     EXPECT_FALSE(budget.IsSpent(frameOf(1e9, 1e6)));
-    EXPECT_EQ(budget.Piece(PartKind::Face, 1 << 30, frameOf(1e9, 1e6)), 1 << 30);
+    EXPECT_EQ(budget.Piece(PartKind::Face, 1 << 30), 1 << 30);
 }
 
-TEST(FrameBudget, IsSpentByWhatWasDrawn)
+TEST_F(FrameBudgetTest, IsSpentByWhatTheRendererIsStillDrawing)
 {
-    TickingClock clock(0);
-    const CostModel model;
-    const FrameBudget budget(model, TimeSlice(10));
+    order(21.0);
 
-    EXPECT_FALSE(budget.IsSpent(frameOf(1e4, 1)));
-    EXPECT_TRUE(budget.IsSpent(frameOf(1e7, 1)));
+    EXPECT_TRUE(m_budget.IsSpent(WorkOf(PartKind::Face, 20000)));
+    EXPECT_EQ(m_budget.Waits(), 1);
 }
 
-TEST(FrameBudget, IsSpentByTheClock)
+TEST_F(FrameBudgetTest, IsSpentWhenTheNextPieceWouldBeTooLong)
 {
-    TickingClock clock(20000);
-    const CostModel model;
-    const FrameBudget budget(model, TimeSlice(10));
+    order(12.0);
 
-    EXPECT_TRUE(budget.IsSpent(frameOf(1, 1)));
+    EXPECT_TRUE(m_budget.IsSpent(WorkOf(PartKind::Face, 16384)));
 }
 
-TEST(FrameBudget, AllowsSomethingInEachSlice)
+TEST_F(FrameBudgetTest, IsLeftWhenTheNextPieceFits)
 {
-    TickingClock clock(20000);
-    const CostModel model;
-    const FrameBudget budget(model, TimeSlice(1));
+    order(5.0);
 
-    EXPECT_FALSE(budget.IsSpent(FrameWork()));
+    EXPECT_FALSE(m_budget.IsSpent(WorkOf(PartKind::Face, 16384)));
+    EXPECT_EQ(m_budget.Waits(), 1);
 }
 
-TEST(FrameBudget, CutsLargeBodiesIntoPieces)
+TEST_F(FrameBudgetTest, WaitsForNoSmallPieces)
 {
-    TickingClock clock(0);
-    const CostModel model;
-    const FrameBudget budget(model, TimeSlice(10));
+    order(1.0);
 
-    const int piece = budget.Piece(PartKind::Face, 10000000, FrameWork());
+    EXPECT_FALSE(m_budget.IsSpent(WorkOf(PartKind::Face, 1000)));
+    EXPECT_EQ(m_budget.Waits(), 0);
+}
 
-    EXPECT_GT(piece, 1000);
-    EXPECT_LT(piece, 1000000);
-    EXPECT_EQ(budget.Piece(PartKind::Face, 100, FrameWork()), 100);
+TEST_F(FrameBudgetTest, WaitsForManySmallPieces)
+{
+    order(21.0);
+
+    EXPECT_TRUE(m_budget.IsSpent(frameOf(1000, 100)));
+}
+
+TEST_F(FrameBudgetTest, DoesNotTakeTheBackgroundForThePieceAfterIt)
+{
+    order(10.0);
+    m_budget.Begin();
+    order(1.0);
+
+    EXPECT_FALSE(m_budget.IsSpent(WorkOf(PartKind::Face, 16384)));
+}
+
+TEST_F(FrameBudgetTest, IsSpentByTheClock)
+{
+    m_clock.SetStep(30000);
+
+    EXPECT_TRUE(m_budget.IsSpent(WorkOf(PartKind::Face, 1)));
+}
+
+TEST_F(FrameBudgetTest, AllowsSomethingInEachSlice)
+{
+    m_clock.SetStep(30000);
+
+    EXPECT_FALSE(m_budget.IsSpent(FrameWork()));
+}
+
+TEST_F(FrameBudgetTest, BeginsWithASmallPiece)
+{
+    EXPECT_EQ(m_budget.Piece(PartKind::Face, 10000000), 16384);
+    EXPECT_EQ(m_budget.Piece(PartKind::Face, 100), 100);
+}
+
+TEST_F(FrameBudgetTest, TakesLargerPiecesWhereTheyAreCheap)
+{
+    order(0.1);
+    ASSERT_FALSE(m_budget.IsSpent(WorkOf(PartKind::Face, 16384)));
+
+    EXPECT_EQ(m_budget.Piece(PartKind::Face, 10000000), 65536);
+}
+
+TEST_F(FrameBudgetTest, DrawsAlongWhatIsNotWorthAPiece)
+{
+    EXPECT_EQ(m_budget.Piece(PartKind::Face, 20000), 20000);
 }
 
 } // namespace

@@ -191,7 +191,7 @@ protected:
         TambVizCore::SetIdentity(projection.view);
         projection.halfHeight = 1.0;
         m_renderer.Begin(m_root, m_objects, m_options, projection, {}, {}, TimeSlice());
-        m_renderer.Continue(FrameBudget());
+        m_renderer.DrawAll();
         m_renderer.EndFrame();
         EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
     }
