@@ -1,5 +1,7 @@
 #include "kernel/ExactMeasure.h"
 
+#include "kernel/FreeForms.h"
+
 #include <BRepAdaptor_Curve.hxx>
 #include <BRepAdaptor_Surface.hxx>
 #include <BRepBuilderAPI_Transform.hxx>
@@ -175,13 +177,38 @@ const char* wordOf(GeomAbs_CurveType type)
     }
 }
 
-/// The normal of a planar face, out of the body.
-bool measureNormal(const TopoDS_Face& face, const BRepAdaptor_Surface& surface,
-                   MeasureResult& result)
+/// Whether a surface or curve says nothing about its form by its type.
+bool isFreeform(GeomAbs_SurfaceType type)
 {
-    if (surface.GetType() != GeomAbs_Plane)
-        return false;
-    const gp_Pln plane = surface.Plane();
+    return type == GeomAbs_BSplineSurface || type == GeomAbs_BezierSurface ||
+           type == GeomAbs_SurfaceOfExtrusion || type == GeomAbs_SurfaceOfRevolution ||
+           type == GeomAbs_OffsetSurface || type == GeomAbs_OtherSurface;
+}
+
+bool isFreeform(GeomAbs_CurveType type)
+{
+    return type == GeomAbs_BSplineCurve || type == GeomAbs_BezierCurve ||
+           type == GeomAbs_OffsetCurve || type == GeomAbs_OtherCurve;
+}
+
+const char* wordOf(SimpleForm form)
+{
+    switch (form) {
+    case SimpleForm::Plane:
+        return "plane";
+    case SimpleForm::Cylinder:
+        return "cylinder";
+    case SimpleForm::Sphere:
+        return "sphere";
+    case SimpleForm::Circle:
+        return "circle";
+    }
+    return "";
+}
+
+/// The normal of a planar face, out of the body.
+bool measureNormal(const TopoDS_Face& face, const gp_Pln& plane, MeasureResult& result)
+{
     const gp_Ax3& frame = plane.Position();
     gp_XYZ normal = frame.XDirection().XYZ().Crossed(frame.YDirection().XYZ());
     // The adaptor has placed the plane; a mirroring place turns the product of its directions.
@@ -206,15 +233,39 @@ bool measureRoundness(const Roundness& round, EntityMeasure what, MeasureResult&
     return true;
 }
 
+/// What a freeform face or edge tells when it has a simple form.
+bool measureForm(const FoundForm& found, EntityMeasure what, MeasureResult& result)
+{
+    Roundness round;
+    if (found.form == SimpleForm::Plane)
+        return false;
+    if (found.form != SimpleForm::Sphere || what != EntityMeasure::Direction)
+        round = {found.axis, found.radius};
+    return measureRoundness(round, what, result);
+}
+
 bool measureFace(const TopoDS_Face& face, EntityMeasure what, MeasureResult& result)
 {
     const BRepAdaptor_Surface surface(face, /*R=*/Standard_False);
+    if (what == EntityMeasure::Curve)
+        return false;
+    const char* const word = wordOf(surface.GetType());
+    if (isFreeform(surface.GetType())) {
+        const std::optional<FoundForm> found = FindForm(BRepAdaptor_Surface(face));
+        if (found && what == EntityMeasure::Surface) {
+            result.word = wordOf(found->form);
+            return true;
+        }
+        if (found && what == EntityMeasure::Normal)
+            return found->form == SimpleForm::Plane && measureNormal(face, found->plane, result);
+        if (found)
+            return measureForm(*found, what, result);
+    }
     if (what == EntityMeasure::Normal)
-        return measureNormal(face, surface, result);
+        return surface.GetType() == GeomAbs_Plane && measureNormal(face, surface.Plane(), result);
     if (what == EntityMeasure::Surface)
-        result.word = wordOf(surface.GetType());
-    return what == EntityMeasure::Surface ||
-           (what != EntityMeasure::Curve && measureRoundness(roundnessOf(surface), what, result));
+        result.word = word;
+    return what == EntityMeasure::Surface || measureRoundness(roundnessOf(surface), what, result);
 }
 
 bool measureEdge(const TopoDS_Edge& edge, EntityMeasure what, MeasureResult& result)
@@ -222,6 +273,15 @@ bool measureEdge(const TopoDS_Edge& edge, EntityMeasure what, MeasureResult& res
     if (BRep_Tool::Degenerated(edge))
         return false;
     const BRepAdaptor_Curve curve(edge);
+    if (isFreeform(curve.GetType())) {
+        const std::optional<FoundForm> found = FindForm(curve);
+        if (found && what == EntityMeasure::Curve) {
+            result.word = wordOf(found->form);
+            return true;
+        }
+        if (found)
+            return measureForm(*found, what, result);
+    }
     if (what == EntityMeasure::Curve) {
         result.word = wordOf(curve.GetType());
         return true;

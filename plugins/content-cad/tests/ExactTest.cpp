@@ -13,6 +13,8 @@
 #include <TopLoc_Location.hxx>
 #include <gp_Ax2.hxx>
 #include <gp_Circ.hxx>
+#include <gp_Elips.hxx>
+#include <gp_Lin.hxx>
 #include <gp_Trsf.hxx>
 #include <gtest/gtest.h>
 
@@ -131,6 +133,93 @@ TEST(MeasureExact, MeasuresEdgesAndVertices)
     EXPECT_FALSE(circle->MeasureExact(MakePartId(PartKind::Face, 0), EntityMeasure::Area, result));
 }
 
+TEST(MeasureExact, FindsTheRadiusOfABoreThatIsWrittenAsAFreeformSurface)
+{
+    const gp_Ax2 frame(gp_Pnt(1, 2, 3), gp_Dir(1, 1, 2));
+    const auto shape =
+        shapeOf(BRepBuilderAPI_NurbsConvert(BRepPrimAPI_MakeCylinder(frame, 5.0, 20.0, 2.0).Solid())
+                    .Shape());
+    const std::uint64_t face = faceOn(*shape, "cylinder");
+    ASSERT_NE(face, 0u);
+    MeasureResult result;
+
+    ASSERT_TRUE(shape->MeasureExact(face, EntityMeasure::Radius, result));
+    EXPECT_NEAR(result.value, 5.0, 1e-9);
+    EXPECT_TRUE(result.exact);
+    ASSERT_TRUE(shape->MeasureExact(face, EntityMeasure::Direction, result));
+    EXPECT_NEAR(std::abs(result.vector[2]), 2.0 / std::sqrt(6.0), 1e-9);
+    ASSERT_TRUE(shape->MeasureExact(face, EntityMeasure::Origin, result));
+    const gp_Lin axis(frame.Axis());
+    EXPECT_NEAR(axis.Distance(gp_Pnt(result.vector[0], result.vector[1], result.vector[2])), 0.0,
+                1e-9);
+    EXPECT_FALSE(shape->MeasureExact(face, EntityMeasure::Normal, result));
+}
+
+TEST(MeasureExact, TurnsTheNormalOfAFreeformPlaneOutOfTheBody)
+{
+    const auto box = shapeOf(
+        BRepBuilderAPI_NurbsConvert(BRepPrimAPI_MakeBox(gp_Pnt(0, 0, 0), gp_Pnt(2, 4, 6)).Solid())
+            .Shape());
+
+    for (std::uint32_t i = 0; i < 6; ++i) {
+        MeasureResult normal;
+        MeasureResult center;
+        const std::uint64_t face = MakePartId(PartKind::Face, i);
+        ASSERT_TRUE(box->MeasureExact(face, EntityMeasure::Normal, normal));
+        ASSERT_TRUE(box->MeasureExact(face, EntityMeasure::Center, center));
+        EXPECT_GT(normal.vector[0] * (center.vector[0] - 1) +
+                      normal.vector[1] * (center.vector[1] - 2) +
+                      normal.vector[2] * (center.vector[2] - 3),
+                  0.9);
+    }
+}
+
+TEST(MeasureExact, FindsACircleAndASphereThatAreWrittenAsFreeform)
+{
+    const auto sphere = shapeOf(
+        BRepBuilderAPI_NurbsConvert(BRepPrimAPI_MakeSphere(gp_Pnt(1, 2, 3), 10.0).Solid()).Shape());
+    const auto arc = shapeOf(
+        BRepBuilderAPI_NurbsConvert(
+            BRepBuilderAPI_MakeEdge(gp_Circ(gp_Ax2(gp_Pnt(1, 1, 1), gp::DX()), 5.0), 0.5, 1.5)
+                .Edge())
+            .Shape());
+    const std::uint64_t edge = MakePartId(PartKind::Edge, 0);
+    MeasureResult result;
+
+    const std::uint64_t face = faceOn(*sphere, "sphere");
+    ASSERT_TRUE(sphere->MeasureExact(face, EntityMeasure::Radius, result));
+    EXPECT_NEAR(result.value, 10.0, 1e-8);
+    ASSERT_TRUE(sphere->MeasureExact(face, EntityMeasure::Origin, result));
+    EXPECT_NEAR(result.vector[1], 2.0, 1e-8);
+    EXPECT_FALSE(sphere->MeasureExact(face, EntityMeasure::Direction, result));
+    ASSERT_TRUE(arc->MeasureExact(edge, EntityMeasure::Curve, result));
+    EXPECT_EQ(result.word, "circle");
+    ASSERT_TRUE(arc->MeasureExact(edge, EntityMeasure::Radius, result));
+    EXPECT_NEAR(result.value, 5.0, 1e-8);
+    ASSERT_TRUE(arc->MeasureExact(edge, EntityMeasure::Direction, result));
+    EXPECT_NEAR(std::abs(result.vector[0]), 1.0, 1e-9);
+}
+
+TEST(MeasureExact, CallsWhatIsOnlyNearlyRoundFreeform)
+{
+    const TopoDS_Shape torus =
+        BRepBuilderAPI_NurbsConvert(BRepPrimAPI_MakeTorus(10.0, 3.0).Solid()).Shape();
+    const auto ring = shapeOf(torus);
+    const auto ellipse = shapeOf(
+        BRepBuilderAPI_NurbsConvert(
+            BRepBuilderAPI_MakeEdge(gp_Elips(gp_Ax2(gp_Pnt(1, 1, 1), gp::DX()), 5.0, 4.999)).Edge())
+            .Shape());
+    MeasureResult result;
+
+    ASSERT_TRUE(ring->MeasureExact(MakePartId(PartKind::Face, 0), EntityMeasure::Surface, result));
+    EXPECT_EQ(result.word, "freeform");
+    EXPECT_FALSE(ring->MeasureExact(MakePartId(PartKind::Face, 0), EntityMeasure::Radius, result));
+    ASSERT_TRUE(ellipse->MeasureExact(MakePartId(PartKind::Edge, 0), EntityMeasure::Curve, result));
+    EXPECT_EQ(result.word, "freeform");
+    EXPECT_FALSE(
+        ellipse->MeasureExact(MakePartId(PartKind::Edge, 0), EntityMeasure::Radius, result));
+}
+
 TEST(MeasureDistanceExact, MeasuresBetweenPlacedShapes)
 {
     const auto sphere = shapeOf(BRepPrimAPI_MakeSphere(10.0).Solid());
@@ -207,8 +296,6 @@ TEST(Refine, MovesHitsOntoAFreeformSurface)
     const TopoDS_Shape nurbs =
         BRepBuilderAPI_NurbsConvert(BRepPrimAPI_MakeCylinder(5.0, 20.0).Solid()).Shape();
     const auto shape = shapeOf(nurbs);
-    ASSERT_NE(faceOn(*shape, "freeform"), 0u);
-
     expectHitsAtRadius(*shape, MakePartId(PartKind::Face, 0), 5.0, 1e-7);
 }
 
