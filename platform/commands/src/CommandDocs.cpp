@@ -53,9 +53,10 @@ std::string resultText(const Command& command)
     return text.ends_with('.') ? text : text + ".";
 }
 
+/// The name's first word, with the ":" or "." that ends it: "view:", "WEND.".
 std::string familyOf(const std::string& name)
 {
-    return name.substr(0, name.find(':'));
+    return name.substr(0, name.find_first_of(":.") + 1);
 }
 
 std::string parameterTable(const Command& command)
@@ -174,8 +175,8 @@ std::string CommandTable::MarkdownReference() const
     for (const std::shared_ptr<const Command>& command : sorted()) {
         if (familyOf(command->name) != family) {
             family = familyOf(command->name);
-            const std::string title = familyTitle(family);
-            text += "\n## " + family + ":" + (title.empty() ? "" : " " + title) + "\n";
+            const std::string title = familyTitle(family.substr(0, family.size() - 1));
+            text += "\n## " + family + (title.empty() ? "" : " " + title) + "\n";
         }
         text += "\n" + commandSection(*command);
     }

@@ -25,11 +25,36 @@ bool isWord(std::string_view text)
            std::all_of(text.begin(), text.end(), isNameCharacter);
 }
 
+bool isSmall(char character)
+{
+    return character >= 'a' && character <= 'z';
+}
+
+bool isCapital(char character)
+{
+    return character >= 'A' && character <= 'Z';
+}
+
+/// "GROUP.getOtherName": the form of names that messages of the core name.
+bool isDottedName(std::string_view name)
+{
+    const std::size_t dot = name.find('.');
+    if (dot == std::string_view::npos || dot == 0) {
+        return false;
+    }
+    const std::string_view group = name.substr(0, dot);
+    const std::string_view own = name.substr(dot + 1);
+    return std::all_of(group.begin(), group.end(), isCapital) && !own.empty() &&
+           isSmall(own.front()) && std::all_of(own.begin(), own.end(), [](char character) {
+               return isSmall(character) || isCapital(character);
+           });
+}
+
 bool isCommandName(std::string_view name)
 {
     const std::size_t colon = name.find(':');
     if (colon == std::string_view::npos) {
-        return false;
+        return isDottedName(name);
     }
     std::string_view own = name.substr(colon + 1);
     if (own.ends_with('?') || own.ends_with('!')) {
@@ -62,7 +87,8 @@ void checkNaming(const Command& command)
 {
     if (!isCommandName(command.name)) {
         refuse(command, "needs a name of the form \"family:name\" in small letters, digits and "
-                        "\"-\", with \"?\" or \"!\" at most at the end");
+                        "\"-\", with \"?\" or \"!\" at most at the end, or of the form "
+                        "\"GROUP.name\" in letters");
     }
     const bool changes = command.effect == CommandEffect::Changes;
     if (command.name.ends_with('?') && command.result != ValueType::Bool) {

@@ -102,7 +102,7 @@ std::vector<std::string> CommandTable::Apropos(std::string_view text) const
     }
     for (const std::shared_ptr<const Command>& command : sorted()) {
         const std::string texts = ToLowerAscii(command->summary + "\n" + command->help);
-        if (command->name.find(wanted) != std::string::npos) {
+        if (ToLowerAscii(command->name).find(wanted) != std::string::npos) {
             byName.push_back(command->name);
         } else if (texts.find(wanted) != std::string::npos) {
             byText.push_back(command->name);

@@ -159,6 +159,16 @@ TEST(CommandDocs, ReferenceDescribesEachCommandUnderItsFamily)
                                    "```\n(view:mark! '(1 2 3))\n```\n");
 }
 
+TEST(CommandDocs, ADottedNameStandsUnderItsGroup)
+{
+    CommandTable table;
+    table.Register(MakeCommand("WEND.getMode"));
+    table.DescribeFamily("WEND", "Modes");
+
+    EXPECT_NE(table.MarkdownReference().find("\n## WEND. Modes\n\n### WEND.getMode\n"),
+              std::string::npos);
+}
+
 TEST(CommandDocs, ReferenceDoesNotDependOnTheOrderOfRegistration)
 {
     CommandTable first;

@@ -40,7 +40,8 @@ Parameter makeParameter(const std::string& name, Presence presence = Presence::R
 
 TEST(CommandRules, ProperNamesAreTaken)
 {
-    for (const char* name : {"view:iso", "view:set-camera!", "doc:empty?", "a1:b-2"}) {
+    for (const char* name :
+         {"view:iso", "view:set-camera!", "doc:empty?", "a1:b-2", "WEND.getMode"}) {
         EXPECT_EQ(refusal(MakeCommand(name)), "no exception") << name;
     }
 }
@@ -48,12 +49,16 @@ TEST(CommandRules, ProperNamesAreTaken)
 TEST(CommandRules, ImproperNamesAreRefused)
 {
     for (const char* name :
-         {"", "iso", ":iso", "view:", "View:iso", "view:Iso", "view:is o", "view:iso!?", "view:?",
-          "view:i?so", "view:1st", "-view:iso", "view!:iso", "view:a:b"}) {
+         {"",         "iso",          ":iso",       "view:",         "View:iso",
+          "view:Iso", "view:is o",    "view:iso!?", "view:?",        "view:i?so",
+          "view:1st", "-view:iso",    "view!:iso",  "view:a:b",      "WEND.",
+          ".getMode", "Wend.getMode", "WEND.Mode",  "WEND.get-mode", "WEND.get.mode",
+          "WEND.get!"}) {
         EXPECT_EQ(refusal(MakeCommand(name)),
                   "The command \"" + std::string(name) +
                       "\" needs a name of the form \"family:name\" in small letters, digits and "
-                      "\"-\", with \"?\" or \"!\" at most at the end.");
+                      "\"-\", with \"?\" or \"!\" at most at the end, or of the form "
+                      "\"GROUP.name\" in letters.");
     }
 }
 

@@ -78,6 +78,13 @@ TEST_F(SmallTable, AproposSearchesSummariesWhateverTheirCase)
     EXPECT_THAT(m_table.Apropos("mODEL"), ElementsAre("doc:load"));
 }
 
+TEST_F(SmallTable, AproposSearchesNamesWhateverTheirCase)
+{
+    m_table.Register(MakeCommand("WEND.getForcedMode"));
+
+    EXPECT_THAT(m_table.Apropos("forcedmode"), ElementsAre("WEND.getForcedMode"));
+}
+
 TEST_F(SmallTable, AproposOfTheEmptyTextFindsNothing)
 {
     EXPECT_THAT(m_table.Apropos(""), IsEmpty());

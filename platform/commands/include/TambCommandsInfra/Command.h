@@ -108,7 +108,9 @@ using CommandHandler = std::function<Value(const Arguments& arguments)>;
 /// A command of the script language, the same for every engine. All texts are UTF-8.
 struct Command
 {
-    std::string name; ///< "family:verb-noun"; predicates end in "?", mutators in "!".
+    /// "family:verb-noun"; predicates end in "?", mutators in "!". "GROUP.verbNoun" where a message
+    /// of the core names the command so.
+    std::string name;
     std::vector<Parameter> parameters;     ///< In the order of the call.
     ValueType result = ValueType::Nothing; ///< What the command gives.
     std::string resultHelp; ///< What that means; empty exactly when it gives nothing.
