@@ -79,6 +79,7 @@ class Input2OpStrategyStickySelect;
 class JobDispatcher;
 class JobTicket;
 class KeyEventArgs;
+class LoadModes;
 class MenuItem;
 class MouseButtonEventArgs;
 class MouseClickEventArgs;
