@@ -20,6 +20,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterHighlightCommand(table);
     RegisterInputCommands(table);
     RegisterJournalCommands(table);
+    RegisterLoadModeCommands(table);
     RegisterMeasureCommands(table);
     RegisterMouseCommands(table);
     RegisterPictureCommands(table);

@@ -24,6 +24,7 @@ void RegisterExplodeCommand(TambCommandsInfra::CommandTable& table);
 void RegisterHighlightCommand(TambCommandsInfra::CommandTable& table);
 void RegisterInputCommands(TambCommandsInfra::CommandTable& table);
 void RegisterJournalCommands(TambCommandsInfra::CommandTable& table);
+void RegisterLoadModeCommands(TambCommandsInfra::CommandTable& table);
 void RegisterMeasureCommands(TambCommandsInfra::CommandTable& table);
 void RegisterMouseCommands(TambCommandsInfra::CommandTable& table);
 void RegisterPictureCommands(TambCommandsInfra::CommandTable& table);
