@@ -7,6 +7,7 @@
 #include "readers/MeshFormats.h"
 
 #include "OrvikCore/IApplication.h"
+#include "OrvikCore/LoadModes.h"
 #include "OrvikCore/SessionMgr.h"
 
 #include <TambCommandsInfra/CancelToken.h>
@@ -22,6 +23,8 @@
 
 namespace OrvikMesh {
 
+using OrvikCore::LoadMode;
+using OrvikCore::LoadModes;
 using OrvikModel::Model;
 using OrvikModel::ModelNode;
 using OrvikModel::ModelShape;
@@ -143,7 +146,7 @@ MeshLoader::~MeshLoader() = default;
 
 bool MeshLoader::canLoad(const std::wstring& /*extension*/) const
 {
-    return true;
+    return LoadModes::Present() != LoadMode::ProductStructure;
 }
 
 std::shared_ptr<Model> MeshLoader::readModel(const std::wstring& fileName)

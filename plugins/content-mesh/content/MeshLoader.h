@@ -24,6 +24,9 @@ inline constexpr char kMeshTypeName[] = "Mesh";
 /// With a host that is not in batch mode, faces, edges, vertices and the spatial index of all
 /// bodies are made before the content is added, so that the window's first hover finds them.
 ///
+/// Nothing can be loaded while only the product structure is wanted (OrvikCore::LoadModes): most of
+/// these formats have none, and that of the others comes with the shapes.
+///
 /// @thread  As AContentLoader.
 class MeshLoader final : public OrvikCore::AContentLoader
 {

@@ -5,6 +5,7 @@
 #include "Models.h"
 
 #include "OrvikCore/Document.h"
+#include "OrvikCore/LoadModes.h"
 
 #include <TambCommandsInfra/CancelToken.h>
 #include <TambCommandsInfra/Progress.h>
@@ -55,6 +56,22 @@ TEST_F(MeshLoaderTest, ImporterIsOneAndReadsTheSame)
     EXPECT_EQ(importer.TypeName(), "OrvikMesh::MeshImporter");
     EXPECT_TRUE(importer.IsImporter());
     EXPECT_TRUE(importer.CanLoad(L"STL"));
+}
+
+TEST_F(MeshLoaderTest, RefusesFilesWhileOnlyTheProductStructureIsWanted)
+{
+    OrvikCore::LoadModes::SetForceProductStructure(true);
+
+    EXPECT_FALSE(m_loader.CanLoad(L"STL"));
+    EXPECT_FALSE(m_loader.CanLoad(L"GLB"));
+    EXPECT_FALSE(MeshLoader(MeshLoader::Mode::Import).CanLoad(L"STL"));
+}
+
+TEST_F(MeshLoaderTest, LoadsMeshesInTheGraphicalModeToo)
+{
+    OrvikCore::LoadModes::SetForceGraphical(true);
+
+    EXPECT_TRUE(m_loader.CanLoad(L"STL"));
 }
 
 TEST_F(MeshLoaderTest, AddsAContentForTheFile)
