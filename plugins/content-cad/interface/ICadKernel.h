@@ -1,6 +1,8 @@
 #ifndef ORVIKCAD_INTERFACE_ICADKERNEL_H
 #define ORVIKCAD_INTERFACE_ICADKERNEL_H
 
+#include <OrvikCore/LoadModes.h>
+
 #include <string>
 
 namespace OrvikModel {
@@ -25,6 +27,13 @@ struct CadTessellation
     double maxAngleDegrees = 0.0; ///< Between neighbouring chords; 0 for 0.35 radians.
 };
 
+/// What is to be made of a file.
+struct CadOptions
+{
+    CadTessellation tessellation;
+    OrvikCore::LoadMode mode = OrvikCore::LoadMode::Everything;
+};
+
 /// Reads and writes CAD files: the side of the kernel that the plugin sees. It lives in a library
 /// of its own, which is loaded on first use and stays; this interface names nothing of the kernel.
 ///
@@ -38,10 +47,13 @@ public:
 
     /// Reads a file into an empty model and numbers its nodes. Lengths become millimetres.
     ///
+    /// In the graphical mode the model has triangles alone; it cannot be written. In that of the
+    /// product structure nothing of it is drawn, and there are no annotations and views; only of
+    /// STEP files this saves time.
+    ///
     /// @return false when nothing was read; @p messages then has an error, and @p model is empty.
-    virtual bool Read(const std::wstring& fileName, CadFormat format,
-                      const CadTessellation& tessellation, OrvikModel::Model& model,
-                      CadMessages& messages) = 0;
+    virtual bool Read(const std::wstring& fileName, CadFormat format, const CadOptions& options,
+                      OrvikModel::Model& model, CadMessages& messages) = 0;
 
     /// Tells whether a model came from this kernel, so that it can be written.
     virtual bool CanWrite(const OrvikModel::Model& model) const = 0;

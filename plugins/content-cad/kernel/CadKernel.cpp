@@ -1,6 +1,7 @@
 #include "kernel/CadKernel.h"
 
 #include "interface/CadTexts.h"
+#include "kernel/DrawnShape.h"
 #include "kernel/FileReading.h"
 #include "kernel/FileWriter.h"
 #include "kernel/KernelMessages.h"
@@ -27,6 +28,8 @@
 #include <new>
 
 namespace OrvikCad {
+
+using OrvikCore::LoadMode;
 
 namespace {
 
@@ -68,11 +71,12 @@ void tryStep(const wchar_t* doing, KernelBudget& budget, CadMessages& messages,
         messages.Warn(FillText(kKernelFailure, {doing, failure}));
 }
 
-bool readInto(const CadFile& file, CadFormat format, CadDocument& document, CadMessages& messages)
+bool readInto(const CadFile& file, CadFormat format, LoadMode mode, CadDocument& document,
+              CadMessages& messages)
 {
     switch (format) {
     case CadFormat::Step:
-        return ReadStep(file, document, messages);
+        return ReadStep(file, mode, document, messages);
     case CadFormat::Iges:
         return ReadIges(file, document, messages);
     case CadFormat::Brep:
@@ -81,42 +85,63 @@ bool readInto(const CadFile& file, CadFormat format, CadDocument& document, CadM
     return false;
 }
 
+bool buildStructure(const CadFile& file, ReadContext& context, KernelBudget& budget)
+{
+    if (!runStep(kWhileBuilding, budget, context.messages, [&] {
+            ModelBuilder(context, file.Stem(), MaxModelNodes(file.text.size())).Build();
+            return true;
+        }))
+        return false;
+    if (context.shapes.Entries().empty())
+        context.messages.Fail(kNoShape);
+    return !context.messages.HasError();
+}
+
+/// Adds all that the structure does not hold.
+void buildContent(const CadFile& file, const CadTessellation& tessellation, ReadContext& context,
+                  KernelBudget& budget)
+{
+    CadMessages& messages = context.messages;
+    tryStep(kWhileReadingPmi, budget, messages, [&] { AddPmi(context); });
+    BeginReadingPhase(kTessellating, file);
+    if (tessellation.sag > 0.0 || tessellation.maxAngleDegrees > 0.0)
+        budget.AllowAnyMemory();
+    Tessellate(context.shapes, tessellation, budget, context.model, messages);
+    tryStep(kWhileReadingViews, budget, messages, [&] { AddSavedViews(context); });
+    context.model.NumberNodes();
+    tryStep(kWhileValidating, budget, messages, [&] { CheckValidation(context); });
+}
+
 bool build(const CadFile& file, const std::shared_ptr<CadDocument>& document,
-           const CadTessellation& tessellation, KernelBudget& budget, OrvikModel::Model& model,
+           const CadOptions& options, KernelBudget& budget, OrvikModel::Model& model,
            CadMessages& messages)
 {
     ShapeCatalog shapes;
     NodeIndex nodes;
     ReadContext context{*document, model, shapes, nodes, messages};
-    if (!runStep(kWhileBuilding, budget, messages, [&] {
-            ModelBuilder(context, file.Stem(), MaxModelNodes(file.text.size())).Build();
-            return true;
-        }))
+    if (!buildStructure(file, context, budget))
         return false;
-    if (shapes.Entries().empty()) {
-        messages.Fail(kNoShape);
-        return false;
+    if (options.mode == LoadMode::ProductStructure) {
+        KeepOnlyStructure(model);
+        model.NumberNodes();
+        return true;
     }
-    tryStep(kWhileReadingPmi, budget, messages, [&] { AddPmi(context); });
-    BeginReadingPhase(kTessellating, file);
-    if (tessellation.sag > 0.0 || tessellation.maxAngleDegrees > 0.0)
-        budget.AllowAnyMemory();
-    Tessellate(shapes, tessellation, budget, model, messages);
-    tryStep(kWhileReadingViews, budget, messages, [&] { AddSavedViews(context); });
-    model.NumberNodes();
-    tryStep(kWhileValidating, budget, messages, [&] { CheckValidation(context); });
-    model.source = document;
+    buildContent(file, options.tessellation, context, budget);
+    if (options.mode == LoadMode::Graphical)
+        KeepOnlyDrawings(model);
+    else
+        model.source = document;
     return true;
 }
 
-bool readFile(const CadFile& file, CadFormat format, const CadTessellation& tessellation,
+bool readFile(const CadFile& file, CadFormat format, const CadOptions& options,
               const KernelLimits& limits, OrvikModel::Model& model, CadMessages& messages)
 {
     KernelBudget budget(limits, file.text.size());
     const auto document = std::make_shared<CadDocument>();
     return runStep(kWhileReading, budget, messages,
-                   [&] { return readInto(file, format, *document, messages); }) &&
-           build(file, document, tessellation, budget, model, messages);
+                   [&] { return readInto(file, format, options.mode, *document, messages); }) &&
+           build(file, document, options, budget, model, messages);
 }
 
 /// Settings of the kernel that hold for the process; the readers' controllers must be there first.
@@ -136,9 +161,8 @@ CadKernel::CadKernel(const KernelLimits& limits) : m_limits(limits)
     configureKernel();
 }
 
-bool CadKernel::Read(const std::wstring& fileName, CadFormat format,
-                     const CadTessellation& tessellation, OrvikModel::Model& model,
-                     CadMessages& messages)
+bool CadKernel::Read(const std::wstring& fileName, CadFormat format, const CadOptions& options,
+                     OrvikModel::Model& model, CadMessages& messages)
 {
     const ReadingScope scope;
     OrvikOs::MemoryMappedFile mapped;
@@ -153,8 +177,7 @@ bool CadKernel::Read(const std::wstring& fileName, CadFormat format,
     model.path = fileName;
     bool isRead = false;
     try {
-        isRead =
-            readFile({fileName, mapped.Text()}, format, tessellation, m_limits, model, messages);
+        isRead = readFile({fileName, mapped.Text()}, format, options, m_limits, model, messages);
     } catch (const TambCommandsInfra::JobCancelled&) {
         messages.Fail(kCancelled);
     } catch (const std::bad_alloc&) {

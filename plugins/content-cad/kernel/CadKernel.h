@@ -14,7 +14,7 @@ class CadKernel final : public ICadKernel
 public:
     explicit CadKernel(const KernelLimits& limits = {});
 
-    bool Read(const std::wstring& fileName, CadFormat format, const CadTessellation& tessellation,
+    bool Read(const std::wstring& fileName, CadFormat format, const CadOptions& options,
               OrvikModel::Model& model, CadMessages& messages) override;
     bool CanWrite(const OrvikModel::Model& model) const override;
     bool Write(const std::wstring& fileName, CadFormat format, const OrvikModel::Model& model,

@@ -2,6 +2,7 @@
 #define ORVIKCAD_KERNEL_FILEREADING_H
 
 #include "interface/CadMessages.h"
+#include "interface/ICadKernel.h"
 #include "kernel/CadDocument.h"
 
 #include <string>
@@ -22,7 +23,9 @@ struct CadFile
 // Each reads a file into an empty document, in millimetres, under RunGuarded of the caller, and
 // reports its phases. False with an error in @p messages when nothing was read.
 
-bool ReadStep(const CadFile& file, CadDocument& document, CadMessages& messages);
+/// Of the product structure alone, shapes are empty.
+bool ReadStep(const CadFile& file, OrvikCore::LoadMode mode, CadDocument& document,
+              CadMessages& messages);
 bool ReadIges(const CadFile& file, CadDocument& document, CadMessages& messages);
 bool ReadBrep(const CadFile& file, CadDocument& document, CadMessages& messages);
 

@@ -10,6 +10,7 @@
 #include "kernel/SavedViewPlaces.h"
 #include "kernel/StepParser.h"
 #include "kernel/StepScan.h"
+#include "kernel/StepStructure.h"
 
 #include <OrvikOs/Utf8.h>
 
@@ -132,14 +133,16 @@ bool parse(const CadFile& file, const StepScan& scan, STEPCAFControl_Reader& rea
 
 } // namespace
 
-bool ReadStep(const CadFile& file, CadDocument& document, CadMessages& messages)
+bool ReadStep(const CadFile& file, OrvikCore::LoadMode mode, CadDocument& document,
+              CadMessages& messages)
 {
+    const bool hasShapes = mode != OrvikCore::LoadMode::ProductStructure;
     const StepScan scan = ScanStep(file.text);
     if (!isReadable(scan, messages))
         return false;
     STEPCAFControl_Reader reader;
-    reader.SetGDTMode(Standard_True);
-    reader.SetViewMode(Standard_True);
+    reader.SetGDTMode(hasShapes);
+    reader.SetViewMode(hasShapes);
     reader.SetSHUOMode(Standard_True);
     if (!parse(file, scan, reader, messages))
         return false;
@@ -148,6 +151,8 @@ bool ReadStep(const CadFile& file, CadDocument& document, CadMessages& messages)
         messages.Warn(kStepTruncated);
     WarnOfBadEntities(session, messages);
     RefuseFilesElsewhere(session, messages);
+    if (!hasShapes)
+        BindPlaceholders(session);
 
     BeginReadingPhase(kTransferring, file);
     const Handle(KernelProgress) progress = new KernelProgress(KernelProgress::Reports::Yes);
@@ -157,8 +162,10 @@ bool ReadStep(const CadFile& file, CadDocument& document, CadMessages& messages)
     PollJob();
     WarnOfFailedTransfers(session, messages);
     WarnOfMissingFiles(reader, messages);
-    CompletePmi(session, file.text, document);
-    PlaceSavedViews(session, document);
+    if (hasShapes) {
+        CompletePmi(session, file.text, document);
+        PlaceSavedViews(session, document);
+    }
     if (!isTransferred)
         messages.Fail(
             FillText(kNothingTransferred, {std::to_wstring(session->Model()->NbEntities())}));

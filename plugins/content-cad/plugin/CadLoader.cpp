@@ -5,6 +5,7 @@
 
 #include "OrvikCore/IApplication.h"
 #include "OrvikCore/IContentRenderer.h"
+#include "OrvikCore/LoadModes.h"
 #include "OrvikCore/SessionMgr.h"
 
 #include <OrvikModel/ModelContent.h>
@@ -14,6 +15,8 @@
 
 namespace OrvikCad {
 
+using OrvikCore::LoadMode;
+using OrvikCore::LoadModes;
 using OrvikModel::Model;
 using OrvikModel::ModelNode;
 
@@ -82,7 +85,8 @@ CadLoader::~CadLoader() = default;
 
 bool CadLoader::canLoad(const std::wstring& /*extension*/) const
 {
-    return true;
+    // The groups of IGES files come only with their shapes, BREP files have no names.
+    return m_format == CadFormat::Step || LoadModes::Present() != LoadMode::ProductStructure;
 }
 
 std::shared_ptr<Model> CadLoader::readModel(const std::wstring& fileName)
@@ -93,7 +97,8 @@ std::shared_ptr<Model> CadLoader::readModel(const std::wstring& fileName)
     auto model = std::make_shared<Model>();
     bool isRead = false;
     if (kernel)
-        isRead = kernel->Read(fileName, m_format, SharedTessellation::Get(), *model, messages);
+        isRead = kernel->Read(fileName, m_format, {SharedTessellation::Get(), LoadModes::Present()},
+                              *model, messages);
     else
         messages.Fail(reason);
     for (const std::wstring& warning : messages.Warnings())

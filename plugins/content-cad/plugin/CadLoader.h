@@ -28,6 +28,9 @@ OrvikCore::AContentLoader::Extensions ExtensionsOf(CadFormat format);
 /// With a host that is not in batch mode the spatial indexes of all bodies are made before the
 /// content is added, so that the window's first hover finds them.
 ///
+/// What is made of a file follows OrvikCore::LoadModes. Of the product structure alone only STEP
+/// files are loaded.
+///
 /// @thread  As AContentLoader.
 class CadLoader final : public OrvikCore::AContentLoader
 {

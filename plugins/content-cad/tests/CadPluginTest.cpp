@@ -5,11 +5,13 @@
 #include "OrvikCore/APluginFactory.h"
 #include "OrvikCore/ATreeRendererFactory.h"
 #include "OrvikCore/Document.h"
+#include "OrvikCore/LoadModes.h"
 #include "OrvikCore/PluginManager.h"
 #include "OrvikCore/SessionMgr.h"
 
 #include <OrvikOs/Utf8.h>
 
+#include <OrvikModel/ModelContent.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -70,6 +72,53 @@ TEST(CadPlugin, LoadsTheKernelOnFirstUse)
     EXPECT_EQ(error, L"");
     EXPECT_EQ(document.GetContentList().size(), 1u);
     EXPECT_TRUE(isLoaded("OrvikCadKernel"));
+}
+
+TEST(CadPlugin, OnlyStepFilesAreLoadedOfTheProductStructureAlone)
+{
+    loadPlugin();
+    OrvikCore::LoadModes::SetForceProductStructure(true);
+
+    const SessionMgr& manager = SessionMgr::Instance();
+    for (const wchar_t* file : {L"a.step", L"a.STP", L"a.p21"}) {
+        EXPECT_NE(manager.GetContentLoader(file), nullptr);
+        EXPECT_NE(manager.GetContentImporter(file), nullptr);
+    }
+    for (const wchar_t* file : {L"a.iges", L"a.igs", L"a.brep", L"a.brp"}) {
+        EXPECT_EQ(manager.GetContentLoader(file), nullptr);
+        EXPECT_EQ(manager.GetContentImporter(file), nullptr);
+    }
+}
+
+TEST(CadPlugin, TheMessageForAModeThatALoaderDoesNotServeNamesTheSettings)
+{
+    loadPlugin();
+    OrvikCore::LoadModes::SetForceProductStructure(true);
+    OrvikCore::Document document(nullptr);
+    std::wstring error;
+
+    EXPECT_FALSE(document.LoadContent(OrvikOs::Utf8ToWide(ORVIK_TEST_DATA "/colors.iges"), &error,
+                                      true, nullptr));
+
+    EXPECT_NE(error.find(L"check the 'Force Graphical Mode' and 'Force ProductStructure Mode' "
+                         L"settings"),
+              std::wstring::npos);
+}
+
+TEST(CadPlugin, TheModeThatIsSetReachesTheKernel)
+{
+    loadPlugin();
+    OrvikCore::LoadModes::SetForceProductStructure(true);
+    OrvikCore::Document document(nullptr);
+    std::wstring error;
+
+    ASSERT_TRUE(document.LoadContent(OrvikOs::Utf8ToWide(ORVIK_TEST_DATA "/hole_plate.step"),
+                                     &error, true, nullptr));
+
+    const auto& content =
+        dynamic_cast<const OrvikModel::ModelContent&>(*document.GetContentList().at(0));
+    EXPECT_FALSE(content.GetModel()->nodes.empty());
+    EXPECT_TRUE(content.GetModel()->box.IsEmpty());
 }
 
 TEST(KernelLibrary, NamesTheLibraryThatIsMissing)

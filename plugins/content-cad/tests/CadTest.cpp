@@ -49,8 +49,7 @@ bool ReadResult::WarnsOf(std::wstring_view text) const
     });
 }
 
-ReadResult ReadCad(const std::wstring& file, const CadTessellation& tessellation,
-                   const KernelLimits& limits)
+ReadResult ReadCad(const std::wstring& file, const CadOptions& options, const KernelLimits& limits)
 {
     const std::wstring path = file.find(L'/') == std::wstring::npos
                                   ? OrvikOs::Utf8ToWide(ORVIK_TEST_DATA) + L"/" + file
@@ -64,7 +63,7 @@ ReadResult ReadCad(const std::wstring& file, const CadTessellation& tessellation
             job.emplace(token, token.NextJobNumber());
         CadMessages messages(path);
         result.isRead =
-            CadKernel(limits).Read(path, formatOf(path), tessellation, result.model, messages);
+            CadKernel(limits).Read(path, formatOf(path), options, result.model, messages);
         result.error = messages.Error();
         result.warnings = messages.Warnings();
     });

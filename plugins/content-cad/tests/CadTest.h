@@ -28,7 +28,7 @@ struct ReadResult
 /// Reads one of the models that were written for tests, by its name, or any file by its whole path.
 /// The ending decides about the format. Runs on a thread with a guarded stack, as the worker is, as
 /// a job that can be cancelled unless one runs already.
-ReadResult ReadCad(const std::wstring& file, const CadTessellation& tessellation = {},
+ReadResult ReadCad(const std::wstring& file, const CadOptions& options = {},
                    const KernelLimits& limits = {});
 
 /// Writes a text to a file of a temporary folder and reads it.

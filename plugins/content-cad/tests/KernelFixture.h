@@ -20,7 +20,7 @@ protected:
     {
         OrvikModel::Model model;
         CadMessages messages(path);
-        EXPECT_TRUE(kernel.Read(path, format, CadTessellation(), model, messages))
+        EXPECT_TRUE(kernel.Read(path, format, {}, model, messages))
             << OrvikOs::WideToUtf8(messages.Error());
         warnings = messages.Warnings();
         return model;

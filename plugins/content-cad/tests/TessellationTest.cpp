@@ -135,7 +135,7 @@ TEST(Tessellation, FollowsTheSizeOfTheModel)
     CadTessellation tenfold;
     tenfold.sag = byDefault.model.box.Radius() * 2.0 * 0.01;
     tenfold.maxAngleDegrees = 60.0;
-    const ReadResult coarse = ReadCad(L"hole_plate.step", tenfold);
+    const ReadResult coarse = ReadCad(L"hole_plate.step", {tenfold});
 
     ASSERT_TRUE(small.isRead && byDefault.isRead && coarse.isRead);
     EXPECT_LT(coarse.model.nodes[0]->shape->Present()->TriangleCount(),
@@ -148,7 +148,7 @@ TEST(Tessellation, KeepsChordsWithinTheSag)
     wanted.sag = 0.01;
     wanted.maxAngleDegrees = 90.0;
 
-    const ReadResult read = ReadCad(L"hole_plate.step", wanted);
+    const ReadResult read = ReadCad(L"hole_plate.step", {wanted});
 
     ASSERT_TRUE(read.isRead);
     const Geometry& geometry = *read.model.nodes[0]->shape->Present();
