@@ -264,7 +264,8 @@ void HostRuntime::startJournal(const StartOptions& options)
 
 void HostRuntime::BeginForm(const std::wstring& form)
 {
-    EndGesture();
+    if (m_journal)
+        m_journal->BeginForm();
     m_history.SetRunning(form);
 }
 

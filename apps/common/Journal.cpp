@@ -3,37 +3,23 @@
 #include "PelluxApplication.h"
 #include "PickProbe.h"
 
-#include <OrvikCore/ACamera.h>
 #include <OrvikCore/ASession.h>
-#include <OrvikCore/AView3DControllerAdapter.h>
 #include <OrvikCore/Controller.h>
 #include <OrvikCore/Dbg.h>
-#include <OrvikCore/Document.h>
-#include <OrvikCore/ICameraProvider.h>
 #include <OrvikCore/JobDispatcher.h>
 #include <OrvikCore/SessionMgr.h>
-#include <OrvikCore/ViewOpRayPick.h>
 #include <OrvikOs/Thread.h>
 #include <TambCommandsInfra/CommandTable.h>
-#include <TambVizCore/IView3D.h>
-#include <TambVizCore/Utils.h>
 
 #include <exception>
-#include <memory>
 #include <utility>
 
 namespace Pellux {
 namespace {
 
-using OrvikCore::ACamera;
-using OrvikCore::ViewOpRayPick;
-using OrvikCore::ViewOpType;
 using TambCommandsInfra::Command;
 using TambCommandsInfra::CommandEffect;
 using TambCommandsInfra::CommandTable;
-using TambVizCore::EntityId;
-using TambVizCore::Ray;
-using TambVizCore::Utils;
 using Lock = OrvikOs::CriticalSection::Guard;
 
 constexpr char kBoxCommand[] = "sel:box";
@@ -50,32 +36,6 @@ bool onlyAsks(const std::string& name)
         return true;
     const auto command = CommandTable::Instance().Find(name);
     return command != nullptr && command->effect == CommandEffect::Reads;
-}
-
-ACamera* cameraOf(const OrvikCore::ASession& session)
-{
-    auto* const provider = dynamic_cast<OrvikCore::ICameraProvider*>(session.View3D());
-    return provider == nullptr ? nullptr : provider->GetCamera();
-}
-
-/// Begins rays as picks with the mouse do.
-class PickRays final : public OrvikCore::AView3DControllerAdapter
-{
-public:
-    explicit PickRays(TambVizCore::IView3D* view) { SetView3D(view); }
-
-    using AView3DControllerAdapter::moveRayRootOutsideModel;
-};
-
-std::wstring pickForm(const Ray& ray)
-{
-    double numbers[7];
-    for (int i = 0; i < 3; ++i) {
-        numbers[i] = ray.Origin()[i];
-        numbers[i + 3] = ray.Direction()[i];
-    }
-    numbers[6] = ray.Radius();
-    return L"(app:pick-entity" + ExactNumbers(numbers, 7) + L")";
 }
 
 /// One form for everything that a command held.
@@ -106,7 +66,7 @@ Journal::~Journal()
 {
     if (m_session == nullptr)
         return;
-    EndGesture();
+    BeginForm();
     TambCommandsInfra::SetCommandJournal(nullptr);
     OrvikCore::JobDispatcher::Instance().UnRegisterJobStatusObserver(this);
     if (OrvikCore::Controller* const controller = m_session->GetController())
@@ -126,6 +86,7 @@ void Journal::Begin(const std::wstring& folder, const JournalStart& start,
     append(JournalHead(start, L"pellux " + ProgramVersion(), timeText(now)));
     m_session = &session;
     noteKnown();
+    m_knownHighlight = highlight();
     TambCommandsInfra::SetCommandJournal(this);
     OrvikCore::JobDispatcher::Instance().RegisterJobStatusObserver(this);
     if (OrvikCore::Controller* const controller = session.GetController())
@@ -166,6 +127,14 @@ Journal::Happened Journal::takeHappened()
     return std::exchange(m_happened, Happened());
 }
 
+void Journal::BeginForm()
+{
+    if (m_session == nullptr)
+        return;
+    EndGesture();
+    writeHighlight();
+}
+
 void Journal::Record(const std::wstring& command, const SplitForms& split)
 {
     const Happened happened = takeHappened();
@@ -181,6 +150,9 @@ void Journal::Record(const std::wstring& command, const SplitForms& split)
     if (isWhole && isWorthIt)
         writeCommand(forms, happened);
     noteKnown();
+    // What the mouse highlighted before the command is not known to a replay yet.
+    if (!m_mouseHasActed && !happened.hasSelectedByBox)
+        m_knownHighlight = highlight();
 }
 
 /// What a rectangle in the view has selected is written as the entities, which a replay at another
@@ -193,101 +165,6 @@ void Journal::writeCommand(const std::vector<PlacedForm>& forms, const Happened&
         write(oneForm(forms), happened.picks, happened.hasFailed);
     if (happened.hasSelectedByBox)
         writeSelection();
-}
-
-void Journal::ControllerNotify(OrvikCore::IViewOp* op)
-{
-    if (op == nullptr || m_session == nullptr)
-        return;
-    switch (op->Type()) {
-    case ViewOpType::Rotate:
-    case ViewOpType::Pan:
-    case ViewOpType::Zoom:
-    case ViewOpType::Drag:
-        m_gestureIsOpen = true;
-        break;
-    case ViewOpType::RayPick:
-        EndGesture();
-        notePick(*static_cast<ViewOpRayPick*>(op));
-        break;
-    case ViewOpType::MouseMove:
-    case ViewOpType::TargetCamera:
-        EndGesture();
-        break;
-    default:
-        break;
-    }
-}
-
-void Journal::notePick(const ViewOpRayPick& op)
-{
-    if (ViewOpRayPick::IsReset(&op)) {
-        write(L"(sel:clear)", {}, /*hasFailed=*/false);
-        noteKnown();
-        return;
-    }
-    ACamera* const camera = cameraOf(*m_session);
-    if (camera == nullptr)
-        return;
-    Ray ray = camera->Make3DRay(op.MouseX(), op.MouseY(), op.ApertureRadius());
-    PickRays(m_session->View3D()).moveRayRootOutsideModel(ray);
-    const auto job = std::make_shared<PickProbeJob>(m_session->Document(), ray);
-    if (!OrvikCore::JobDispatcher::Instance().ExecuteParked(job))
-        return;
-    const PickNote& note = job->Note();
-    const std::wstring pick =
-        op.PickBody() && note.isFound ? L"(entity:body " + pickForm(ray) + L")" : pickForm(ray);
-    // A click beside the model forgets what was picked, also one that was to add.
-    const bool adds = op.IsMultiple() && note.isFound;
-    write((adds ? L"(sel:add " : L"(sel:set ") + pick + L")", {note},
-          /*hasFailed=*/false);
-    noteKnown();
-}
-
-void Journal::EndGesture()
-{
-    if (!std::exchange(m_gestureIsOpen, false) || m_session == nullptr)
-        return;
-    writeCamera();
-    writeChangedSelection();
-    noteKnown();
-}
-
-void Journal::writeCamera()
-{
-    const std::optional<Triple> now = camera();
-    if (now && now != m_knownCamera)
-        write(CameraForm(now->data(), now->data() + 3, now->data() + 6), {}, /*hasFailed=*/false);
-}
-
-void Journal::writeChangedSelection()
-{
-    if (m_session->GetPickedEntities() != m_knownSelection)
-        writeSelection();
-}
-
-void Journal::writeSelection()
-{
-    std::wstring form = L"(sel:set";
-    std::vector<PickNote> notes;
-    for (const EntityId& entity : m_session->GetPickedEntities()) {
-        PickNote note;
-        note.entity = entity;
-        note.isFound = LocateEntity(m_session->Document(), note);
-        form += L" (entity:by-id \"" + EntityWords(entity) + L"\")";
-        notes.push_back(note);
-    }
-    write(form + L")", notes, /*hasFailed=*/false);
-}
-
-std::optional<Journal::Triple> Journal::camera() const
-{
-    ACamera* const camera = cameraOf(*m_session);
-    if (camera == nullptr)
-        return std::nullopt;
-    Triple triple;
-    camera->GetCamera(triple.data(), triple.data() + 3, triple.data() + 6);
-    return triple;
 }
 
 void Journal::noteKnown()

@@ -9,6 +9,7 @@
 #include <OrvikCore/IJobStatusObserver.h>
 #include <OrvikOs/CriticalSection.h>
 #include <TambCommandsInfra/ICommandJournal.h>
+#include <TambVizCore/RenderId.h>
 
 #include <array>
 #include <functional>
@@ -26,8 +27,9 @@ namespace Pellux {
 /// Writes what a run did to the model and the view into a file that a replay repeats.
 ///
 /// What is written: each form that a person typed, a script held or a hotkey ran, unless it only
-/// asked; where the camera stands after the mouse moved it; what the mouse picked and selected.
-/// What a pick found stands in the line behind its form. A line is with the system before the next
+/// asked; where the camera stands after the mouse moved it; what the mouse picked and selected, and
+/// what is highlighted at the end and when a form begins. What a pick found stands in the line
+/// behind its form. A line is with the system before the next
 /// command starts. When the file cannot be written the journal says so once and is silent from
 /// then on.
 ///
@@ -54,6 +56,10 @@ public:
     /// @param folder  Where journals are kept.
     /// @param session Not owned, outlives the journal.
     void Begin(const std::wstring& folder, const JournalStart& start, OrvikCore::ASession& session);
+
+    /// Writes what the mouse has left behind: the end of its gesture and what is highlighted. Call
+    /// before a form runs.
+    void BeginForm();
 
     /// Writes a command that has ended, unless it only asked.
     void Record(const std::wstring& command, const SplitForms& split);
@@ -86,9 +92,11 @@ private:
 
     Happened takeHappened();
     std::optional<Triple> camera() const;
+    std::vector<TambVizCore::RenderId> highlight() const;
     void noteKnown();
     void notePick(const OrvikCore::ViewOpRayPick& op);
     void writeCamera();
+    void writeHighlight();
     void writeCommand(const std::vector<PlacedForm>& forms, const Happened& happened);
     void writeChangedSelection();
     void writeSelection();
@@ -103,6 +111,9 @@ private:
     bool m_gestureIsOpen = false;
     std::optional<Triple> m_knownCamera; ///< As the journal has it.
     std::vector<TambVizCore::EntityId> m_knownSelection;
+    /// What a replay would highlight.
+    std::vector<TambVizCore::RenderId> m_knownHighlight;
+    bool m_mouseHasActed = false; ///< Since what is highlighted was written.
     OrvikOs::CriticalSection m_lock;
     Happened m_happened; ///< Written on the worker, under the lock.
 };

@@ -35,6 +35,10 @@ PelluxSession::~PelluxSession()
 
 void PelluxSession::SetPickedEntities(const std::vector<EntityId>& picked)
 {
+    if (picked.empty()) {
+        UnSelect();
+        return;
+    }
     m_picks.inOrder = picked;
     m_picks.present = {picked.begin(), picked.end()};
 }
@@ -60,6 +64,7 @@ void PelluxSession::Select(const EntityId& id)
 void PelluxSession::UnSelect() const
 {
     ASession::UnSelect();
+    ASession::UnHighlight();
     m_picks = {};
 }
 

@@ -29,6 +29,7 @@ public:
     PelluxSession(const PelluxSession&) = delete;
     PelluxSession& operator=(const PelluxSession&) = delete;
 
+    /// No entities: what was selected or highlighted is given up, too.
     void SetPickedEntities(const std::vector<TambVizCore::EntityId>& picked) override;
     std::vector<TambVizCore::EntityId> GetPickedEntities() const override;
 
@@ -39,7 +40,7 @@ public:
     void Highlight(const TambVizCore::EntityId& id) override;
     /// A pick beside others: the entity joins those picked.
     void Select(const TambVizCore::EntityId& id) override;
-    /// Also forgets what was picked.
+    /// Also forgets what was picked, and highlights it no more.
     void UnSelect() const override;
 
     void BeginProgress(const std::wstring& what) override;

@@ -17,7 +17,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterEntityCommands(table);
     RegisterEntityMeasureCommands(table);
     RegisterExplodeCommand(table);
-    RegisterHighlightCommand(table);
+    RegisterHighlightCommands(table);
     RegisterInputCommands(table);
     RegisterJournalCommands(table);
     RegisterLoadModeCommands(table);

@@ -21,7 +21,7 @@ void RegisterDrawingCommands(TambCommandsInfra::CommandTable& table);
 void RegisterEntityCommands(TambCommandsInfra::CommandTable& table);
 void RegisterEntityMeasureCommands(TambCommandsInfra::CommandTable& table);
 void RegisterExplodeCommand(TambCommandsInfra::CommandTable& table);
-void RegisterHighlightCommand(TambCommandsInfra::CommandTable& table);
+void RegisterHighlightCommands(TambCommandsInfra::CommandTable& table);
 void RegisterInputCommands(TambCommandsInfra::CommandTable& table);
 void RegisterJournalCommands(TambCommandsInfra::CommandTable& table);
 void RegisterLoadModeCommands(TambCommandsInfra::CommandTable& table);

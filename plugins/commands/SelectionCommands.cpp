@@ -63,7 +63,7 @@ Command clearCommand()
 {
     Command command;
     command.name = "sel:clear";
-    command.summary = "Selects nothing.";
+    command.summary = "Selects nothing, and highlights nothing.";
     command.example = "(sel:clear)";
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments&) {
@@ -106,14 +106,12 @@ void Select(const std::vector<EntityId>& entities, Previous previous)
     if (previous == Previous::Keep)
         selected = CallGate::Call([&session] { return session.GetPickedEntities(); });
     std::unordered_set<EntityId> present(selected.begin(), selected.end());
-    Entities drawn;
-    for (const EntityId& entity : entities) {
-        if (!present.insert(entity).second)
-            continue;
-        selected.push_back(entity);
-        if (isDrawn(entity))
-            drawn.push_back(entity);
-    }
+    for (const EntityId& entity : entities)
+        if (present.insert(entity).second)
+            selected.push_back(entity);
+    // What a plain click has picked is highlighted only: it is selected now.
+    Entities drawn = entities;
+    std::erase_if(drawn, [](const EntityId& entity) { return !isDrawn(entity); });
     CallGate::Call([&] {
         if (previous == Previous::Replace)
             session.UnSelect();

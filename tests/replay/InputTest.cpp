@@ -61,6 +61,28 @@ TEST_F(Input, ActsOnAMeshAsOnASolid)
                                                         "(sel:get)\n"));
 }
 
+TEST_F(Input, WhatIsPickedNoMoreIsNotHighlightedEither)
+{
+    m_process.Write("box.stl", BoxStl(10, 20, 30));
+    std::string script;
+    for (const char* const end :
+         {"(input:click 3 3)", "(input:click 3 3 \"Ctrl-left\")", "(input:key \"Escape\")",
+          "(sel:clear)", "(sel:set)", "(sel:highlight)", "(input:drag 3 3 9 9 \"Shift-left\")"})
+        script += "(input:click 430 400)\n(app:print \"picked \" (length (sel:highlighted)))\n" +
+                  std::string(end) +
+                  "\n(app:print \"then \" (length (sel:highlighted)) (length (sel:get)))\n";
+
+    const Outcome outcome = run("box.stl", script);
+
+    std::size_t picked = 0;
+    for (std::size_t at = 0; (at = outcome.output.find("\npicked 1\n", at)) != std::string::npos;
+         ++at) {
+        ++picked;
+        EXPECT_EQ(outcome.output.substr(outcome.output.find("\nthen ", at), 9), "\nthen 00\n");
+    }
+    EXPECT_EQ(picked, 7u) << outcome.output << outcome.errors;
+}
+
 TEST_F(Input, PickInTheViewFindsSomethingBeforeAnyOtherPick)
 {
     m_process.Write("box.stl", BoxStl(10, 20, 30));

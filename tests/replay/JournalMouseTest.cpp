@@ -41,7 +41,7 @@ TEST_F(JournalOfTheMouse, HoldsTheCameraAtTheEndOfEachGesture)
     EXPECT_EQ(text.find("(view:set-camera! '("), 0u) << text;
     const std::size_t second = text.find("\n(view:set-camera! '(");
     EXPECT_NE(second, std::string::npos) << text;
-    EXPECT_NE(text.find("\n(sel:set (app:pick-entity "), std::string::npos) << text;
+    EXPECT_NE(text.find("\n(sel:highlight (app:pick-entity "), std::string::npos) << text;
     EXPECT_TRUE(text.ends_with("\n;= pick nothing\n")) << text;
     EXPECT_EQ(text.find("input:"), std::string::npos) << text;
     expectSame("1");
@@ -80,7 +80,7 @@ TEST_F(JournalOfTheMouse, HoldsPicksSelectionsAndTheirEnd)
         recordInput({"(input:click 200 150)", "(input:click 205 120 \"Ctrl-left\")",
                      "(input:mouse \"move\" 200 150 \"Shift\")", "(input:key \"Escape\")"});
 
-    EXPECT_EQ(text.find("(sel:set (app:pick-entity "), 0u) << text;
+    EXPECT_EQ(text.find("(sel:highlight (app:pick-entity "), 0u) << text;
     EXPECT_NE(text.find("\n;= pick face "), std::string::npos) << text;
     EXPECT_NE(text.find("\n(sel:add (app:pick-entity "), std::string::npos) << text;
     EXPECT_TRUE(text.ends_with("\n(sel:clear)\n")) << text;

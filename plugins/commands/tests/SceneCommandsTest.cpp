@@ -38,6 +38,7 @@ protected:
     SceneCommands()
     {
         m_view.m_adapter.m_strategy = &m_strategy;
+        m_view.GetSelectionHolder()->SetSceneRoot(&m_view.m_root);
         m_assembly = m_view.m_root.CreateChildNode(1);
         m_assembly->SetEntity(EntityId(1, 1, EntityType::Assembly));
         m_first = addBody(*m_assembly, 2);
@@ -211,6 +212,44 @@ TEST_F(SceneCommands, PickGivesWhatIsUnderThePixelOrFalse)
     const Value found = run("view:pick", {Value(1), Value(1)});
     ASSERT_EQ(found.GetKind(), Value::Kind::Object);
     EXPECT_EQ(OrvikCommands::ToEntityId(found), faceId(4));
+}
+
+TEST_F(SceneCommands, HighlightPicksWithoutSelecting)
+{
+    run("sel:set", {ToValue(bodyId(4))});
+    run("sel:highlight", {List{ToValue(bodyId(2)), false}, ToValue(faceId(3)), ToValue(bodyId(2))});
+
+    EXPECT_TRUE(m_first->IsHighlighted());
+    EXPECT_TRUE(m_second->PartStates()[0].Has(PartState::kHighlighted));
+    EXPECT_FALSE(m_first->IsSelected());
+    EXPECT_EQ(run("sel:get"), Value(List{ToValue(bodyId(2)), ToValue(faceId(3))}));
+    run("sel:highlight");
+    EXPECT_FALSE(m_first->IsHighlighted());
+    EXPECT_FALSE(m_second->PartStates()[0].Has(PartState::kHighlighted));
+    EXPECT_EQ(run("sel:get"), Value(List{}));
+}
+
+TEST_F(SceneCommands, HoverHighlightsAndPicksNothing)
+{
+    run("sel:set", {ToValue(bodyId(4))});
+    run("sel:hover", {ToValue(bodyId(2))});
+    run("sel:hover", {ToValue(bodyId(3))});
+
+    EXPECT_FALSE(m_first->IsHighlighted());
+    EXPECT_TRUE(m_second->IsHighlighted());
+    EXPECT_EQ(run("sel:get"), Value(List{ToValue(bodyId(4))}));
+    run("sel:hover");
+    EXPECT_FALSE(m_second->IsHighlighted());
+    EXPECT_EQ(run("sel:get"), Value(List{ToValue(bodyId(4))}));
+}
+
+TEST_F(SceneCommands, HighlightRefusesWhatIsNoEntity)
+{
+    EXPECT_EQ(errorOf("sel:highlight", {Value(L"face")}),
+              "sel:highlight: parameter \"entities\": expected entities, lists of entities, or "
+              "#f, got the string \"face\".");
+    m_session.m_fakeView = nullptr;
+    EXPECT_EQ(errorOf("sel:hover"), "There is no view.");
 }
 
 TEST_F(SceneCommands, ViewWithoutWhatIsNeededIsTold)
