@@ -28,6 +28,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterSelectionCommands(table);
     RegisterSelectionFindCommands(table);
     RegisterPreferenceCommands(table);
+    RegisterSavedViewCommands(table);
     RegisterSettingsCommands(table);
     RegisterTessellationCommands(table);
     RegisterViewCommands(table);

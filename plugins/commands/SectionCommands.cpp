@@ -152,6 +152,30 @@ Command sectionOffCommand()
     return command;
 }
 
+Command sectionCapsCommand()
+{
+    Command command;
+    command.name = "view:section-caps";
+    Parameter on;
+    on.name = "on";
+    on.type = ValueType::Bool;
+    on.help = "whether to close them; left out, nothing changes";
+    on.presence = Presence::Optional;
+    command.parameters = {on};
+    command.result = ValueType::Bool;
+    command.resultHelp = "whether cuts are closed now";
+    command.summary = "Chooses whether solids that a section cuts are closed.";
+    command.help = "Without caps one looks into them.";
+    command.example = "(view:section-caps #f)";
+    command.effect = CommandEffect::Changes;
+    command.handler = [](const Arguments& arguments) {
+        if (arguments.IsGiven("on"))
+            ChangeView([&] { CurrentOptions().SetShowCaps(arguments["on"].AsBool()); });
+        return Value(CallGate::Call([] { return CurrentOptions().GetShowCaps(); }));
+    };
+    return command;
+}
+
 } // namespace
 
 void RegisterSectionCommands(CommandTable& table)
@@ -159,6 +183,7 @@ void RegisterSectionCommands(CommandTable& table)
     table.Register(sectionCommand());
     table.Register(sectionsCommand());
     table.Register(sectionOffCommand());
+    table.Register(sectionCapsCommand());
 }
 
 } // namespace OrvikCommands

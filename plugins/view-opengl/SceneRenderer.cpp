@@ -221,7 +221,7 @@ bool SceneRenderer::drawBodies(FrameBudget& budget)
     case Pass::Faces:
         return !m_options->GetShowFaces() || drawFaces(m_inOrder, Layer::Opaque, budget);
     case Pass::Caps:
-        return !m_options->GetShowFaces() || drawCaps(budget);
+        return !m_options->GetShowFaces() || !m_options->GetShowCaps() || drawCaps(budget);
     case Pass::Edges:
         return drawEdges(m_inOrder, budget);
     case Pass::Vertices:

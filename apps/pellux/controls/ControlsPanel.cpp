@@ -5,13 +5,18 @@
 #include "runtime/CommandRunner.h"
 #include "runtime/Guarded.h"
 
+#include <TambVizCore/AView3DAdapter.h>
+#include <TambVizCore/IView3D.h>
+#include <TambVizCore/RenderingOptions.h>
+
+#include <QCheckBox>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace Pellux {
 
 ControlsPanel::ControlsPanel(CommandRunner& runner, TambVizCore::IView3D& view, QWidget* parent)
-    : QWidget(parent), m_explode(nullptr)
+    : QWidget(parent), m_view(view), m_explode(nullptr)
 {
     auto* const content = new QWidget;
     auto* const column = new QVBoxLayout(content);
@@ -20,6 +25,20 @@ ControlsPanel::ControlsPanel(CommandRunner& runner, TambVizCore::IView3D& view, 
         section = new SectionControl(number++, runner, view, content);
         column->addWidget(section);
     }
+    m_caps = new QCheckBox(tr("Close what is cut"), content);
+    m_caps->setObjectName(QStringLiteral("section-caps"));
+    m_caps->setChecked(true);
+    m_caps->setAccessibleName(m_caps->text());
+    m_caps->setToolTip(tr("Draws a lid where a section cuts a solid"));
+    column->addWidget(m_caps);
+    connect(m_caps, &QCheckBox::clicked, this, [this, &runner](bool isOn) {
+        Guarded([&] {
+            const QString form = QStringLiteral("(view:section-caps %1)");
+            runner.Run(form.arg(isOn ? QStringLiteral("#t") : QStringLiteral("#f")),
+                       QStringLiteral("controls"));
+            follow();
+        });
+    });
     m_explode = new ExplodeControl(runner, content);
     column->addWidget(m_explode);
     column->addStretch(1);
@@ -40,6 +59,10 @@ void ControlsPanel::follow()
 {
     for (SectionControl* const section : m_sections)
         section->Follow();
+    TambVizCore::AView3DAdapter* const adapter = m_view.GetView3DAdapter();
+    const TambVizCore::RenderingOptions* const options =
+        adapter == nullptr ? nullptr : adapter->GetRenderingOptions();
+    m_caps->setChecked(options == nullptr || options->GetShowCaps());
     m_explode->Follow();
 }
 

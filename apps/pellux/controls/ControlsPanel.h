@@ -4,6 +4,10 @@
 #include <QWidget>
 #include <array>
 
+QT_BEGIN_NAMESPACE
+class QCheckBox;
+QT_END_NAMESPACE
+
 namespace TambVizCore {
 class IView3D;
 }
@@ -30,7 +34,9 @@ public:
 private:
     void follow();
 
+    TambVizCore::IView3D& m_view;
     std::array<SectionControl*, 3> m_sections{}; ///< Owned as children.
+    QCheckBox* m_caps = nullptr;                 ///< Owned as a child.
     ExplodeControl* m_explode;                   ///< Owned as a child.
 };
 

@@ -5,6 +5,8 @@
 #include "tree/EntityForms.h"
 #include "tree/RowsView.h"
 
+#include <TambVizCore/EntityType.h>
+
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -97,7 +99,7 @@ void TreePanel::makeResults()
     connect(m_resultView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { Guarded([this] { chooseResults(); }); });
     connect(m_resultView, &QListView::doubleClicked, this, [this](const QModelIndex& index) {
-        Guarded([this, &index] { zoomTo(m_search.Results().At(index).entity); });
+        Guarded([this, &index] { activate(m_search.Results().At(index).entity); });
     });
 }
 
@@ -128,7 +130,7 @@ void TreePanel::connectView()
         Guarded([this, &index] {
             EntityId entity;
             if (m_model.FindEntity(m_model.RowAt(index), entity))
-                zoomTo(entity);
+                activate(entity);
         });
     });
     connect(m_view, &QTreeView::customContextMenuRequested, this, [this](const QPoint& position) {
@@ -154,15 +156,18 @@ void TreePanel::setVisible(const QModelIndex& index, bool visible)
         m_runner.Run(EntitiesForm(visible ? "view:show" : "view:hide", entities), kSource);
 }
 
-/// The first click of a double click may be selecting still.
-void TreePanel::zoomTo(const EntityId& entity)
+/// Goes where a saved view was saved, else to the entity. The first click of a double click may be
+/// selecting still.
+void TreePanel::activate(const EntityId& entity)
 {
     if (!m_runner.IsRunning()) {
-        m_runner.Run(EntitiesForm("view:zoom-to", {entity}), kSource);
+        const bool isSaved = entity.Type() == TambVizCore::EntityType::View ||
+                             entity.Type() == TambVizCore::EntityType::Capture;
+        m_runner.Run(EntitiesForm(isSaved ? "view:saved-view" : "view:zoom-to", {entity}), kSource);
         return;
     }
     QTimer::singleShot(kLookAgainMs, this,
-                       [this, entity] { Guarded([this, &entity] { zoomTo(entity); }); });
+                       [this, entity] { Guarded([this, &entity] { activate(entity); }); });
 }
 
 void TreePanel::askForMenu(const QPoint& position)

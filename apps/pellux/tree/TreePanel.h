@@ -58,7 +58,7 @@ private:
     void layOut();
     void connectView();
     void setVisible(const QModelIndex& index, bool visible);
-    void zoomTo(const TambVizCore::EntityId& entity);
+    void activate(const TambVizCore::EntityId& entity);
     void askForMenu(const QPoint& position);
     void showSearch();
     void chooseResults();

@@ -131,4 +131,9 @@ void RenderingOptions::SetClipPlanes(const std::vector<ClipPlane>& planes)
     assignSeen(m_clipPlanes, kept);
 }
 
+void RenderingOptions::SetShowCaps(bool show)
+{
+    assign(m_showCaps, show);
+}
+
 } // namespace TambVizCore

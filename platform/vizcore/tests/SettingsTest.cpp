@@ -199,6 +199,8 @@ INSTANTIATE_TEST_SUITE_P(
                              [](const Options& o) { return o.GetAntialiasLevel() == 4; }},
                       Setter{"LineWidth", [](Options& o) { o.SetLineWidth(2.0f); },
                              [](const Options& o) { return o.GetLineWidth() == 2.0f; }},
+                      Setter{"ShowCaps", [](Options& o) { o.SetShowCaps(false); },
+                             [](const Options& o) { return !o.GetShowCaps(); }},
                       Setter{"ClipPlanes", [](Options& o) { o.SetClipPlanes({ClipPlane{}}); },
                              [](const Options& o) { return o.GetClipPlanes().size() == 1; }}),
     [](const auto& setter) { return setter.param.name; });

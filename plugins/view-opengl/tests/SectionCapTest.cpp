@@ -68,6 +68,19 @@ TEST_F(SectionCaps, CutSolidIsClosedInItsOwnColour)
     EXPECT_EQ(At(0.7, 0.7), Shows::Blue);
 }
 
+TEST_F(SectionCaps, AreLeftOutOnRequest)
+{
+    addBox();
+    // Within the box, below the plane.
+    Add(MakeRectangles({{.left = -0.2f, .bottom = -0.2f, .right = 0.2f, .top = 0.2f, .z = -0.2f}}),
+        kGreen);
+    Options().SetClipPlanes({below(0.0f)});
+    EXPECT_EQ(DrawnAt(0.0, 0.0), Shows::Red);
+
+    Options().SetShowCaps(false);
+    EXPECT_EQ(DrawnAt(0.0, 0.0), Shows::Green);
+}
+
 TEST_F(SectionCaps, CapLiesOnThePlane)
 {
     addBox();

@@ -69,6 +69,20 @@ protected:
     }
 };
 
+TEST_F(ControlsWindow, OpenAndCloseWhatIsCut)
+{
+    openCube();
+    auto& caps = *Window().findChild<QCheckBox*>(QStringLiteral("section-caps"));
+    EXPECT_TRUE(caps.isChecked());
+
+    caps.click();
+
+    EXPECT_EQ(echoed, QStringList{QStringLiteral("(view:section-caps #f)")});
+    EXPECT_FALSE(caps.isChecked());
+    EXPECT_TRUE(Do("(view:section-caps #t)"));
+    EXPECT_TRUE(caps.isChecked());
+}
+
 TEST_F(ControlsWindow, SwitchASectionOnInTheMiddleAndOff)
 {
     openCube();

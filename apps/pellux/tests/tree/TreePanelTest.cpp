@@ -26,6 +26,25 @@ protected:
     }
 };
 
+class SavedViewRows : public TreePanelWindow
+{
+protected:
+    /// The first row of a text, from the top; an invalid one when there is none.
+    QModelIndex rowNamed(const QString& text, const QModelIndex& below = {})
+    {
+        if (Model().canFetchMore(below))
+            Model().fetchMore(below);
+        for (int i = 0; i < Model().rowCount(below); ++i) {
+            const QModelIndex row = Model().index(i, 0, below);
+            if (row.data().toString() == text)
+                return row;
+            if (const QModelIndex found = rowNamed(text, row); found.isValid())
+                return found;
+        }
+        return {};
+    }
+};
+
 TEST_F(TreePanelWindow, SelectsByScriptWhatIsClicked)
 {
     OpenCube();
@@ -153,6 +172,31 @@ TEST_F(TreePanelWindow, FitsWhatIsDoubleClicked)
     EXPECT_TRUE(Until([this] {
         return echoed.contains(calls("view:zoom-to", QString::fromLatin1(kBody)));
     })) << qPrintable(echoed.join(u'\n'));
+}
+
+TEST_F(SavedViewRows, AreShownByADoubleClick)
+{
+    Open();
+    Load(QLatin1String(ORVIK_TEST_FOLDER "/data/views.step"));
+    ASSERT_TRUE(Do("(view:animate #f)"));
+    const QModelIndex saved = rowNamed(QStringLiteral("Iso view"));
+    ASSERT_TRUE(saved.isValid());
+    View().scrollTo(saved);
+    const QPoint place = View().visualRect(saved).center();
+
+    QTest::mouseClick(View().viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseDClick(View().viewport(), Qt::LeftButton, Qt::NoModifier, place);
+
+    EXPECT_TRUE(Until([this] {
+        return echoed.last().startsWith(QStringLiteral("(view:saved-view "));
+    })) << qPrintable(echoed.join(u'\n'));
+    ASSERT_TRUE(Do("(define there (view:camera))"));
+    ASSERT_TRUE(Do("(view:front)"));
+    ASSERT_TRUE(Do("(app:print (equal? there (view:camera)))"));
+    EXPECT_EQ(printed.last(), QStringLiteral("#f"));
+    ASSERT_TRUE(Do("(view:saved-view (car (view:saved-views)))"));
+    ASSERT_TRUE(Do("(app:print (equal? there (view:camera)))"));
+    EXPECT_EQ(printed.last(), QStringLiteral("#t"));
 }
 
 TEST_F(TreePanelWindow, AsksForTheMenuOfARow)

@@ -73,6 +73,10 @@ public:
     /// At most 6 planes are kept, the first ones.
     void SetClipPlanes(const std::vector<ClipPlane>& planes);
 
+    /// Whether solids that section planes cut are closed in their colour; true at start.
+    bool GetShowCaps() const { return m_showCaps; }
+    void SetShowCaps(bool show);
+
     /// Starts at 0 and grows by one with every change of a value.
     std::uint64_t Revision() const { return m_revision; }
 
@@ -97,6 +101,7 @@ private:
     int m_antialiasLevel = 0;
     float m_lineWidth = 1.0f;
     std::vector<ClipPlane> m_clipPlanes;
+    bool m_showCaps = true;
     std::uint64_t m_revision = 0;
 };
 
