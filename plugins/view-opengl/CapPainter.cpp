@@ -17,6 +17,12 @@ TambVizCore::RGBAColor opaque(TambVizCore::RGBAColor color)
 
 } // namespace
 
+/// A cap that faces away lies behind the body that it closes; at its border it would shine through.
+bool CapPainter::isSeen(const float* plane) const
+{
+    return m_painter.GetProjection().orthographic ? plane[2] < 0.0f : plane[3] < 0.0f;
+}
+
 void CapPainter::Begin()
 {
     m_plane = 0;
@@ -30,7 +36,7 @@ bool CapPainter::Draw(const FrameItem& item, FrameBudget& budget)
         return true;
     const auto planes = m_painter.ClipPlanes();
     for (; m_plane < planes.size(); ++m_plane) {
-        if (!m_cap.Place(planes, m_plane, item.box))
+        if (!isSeen(planes[m_plane]) || !m_cap.Place(planes, m_plane, item.box))
             continue;
         glEnable(GL_STENCIL_TEST);
         const bool isCounted = countBehindPlane(item, budget);

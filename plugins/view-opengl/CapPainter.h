@@ -34,6 +34,7 @@ public:
     void Clear() { m_cap = SectionCap(); }
 
 private:
+    bool isSeen(const float* plane) const;
     bool countBehindPlane(const FrameItem& item, FrameBudget& budget);
     void drawCap(const FrameItem& item);
 

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <set>
 #include <vector>
 
 namespace ViewOpenGl {
@@ -38,7 +39,6 @@ std::array<double, 16> stretched(const std::array<double, 3>& scale,
 class SectionCaps : public ViewTest
 {
 protected:
-    /// A closed box around the origin, red.
     /// Writes where a point of the world is in the picture, x and y from -1 to 1.
     void placeInPicture(double x, double y, double z, double* place)
     {
@@ -49,6 +49,16 @@ protected:
         }
     }
 
+    /// @return the red shares of all colours in the picture.
+    std::set<int> redsOfPicture() const
+    {
+        std::set<int> reds;
+        for (std::size_t at = 0; at < m_image.rgba.size(); at += 4)
+            reds.insert(m_image.rgba[at]);
+        return reds;
+    }
+
+    /// A closed box around the origin.
     GeoNode& addBox(const TambVizCore::RGBAColor& color = kRed)
     {
         return Add(MakeBox(0.5f), color);
@@ -169,6 +179,42 @@ TEST_F(SectionCaps, CapKeepsItsColourBesideOthersOnThePlane)
         }
 
     EXPECT_EQ(strange, 0);
+}
+
+TEST_F(SectionCaps, CapThatFacesAwayLeavesNoSpecklesAtTheBorderOfTheCut)
+{
+    float eye[3] = {10.0f, -10.0f, 10.0f}, target[3] = {0, 0, 0}, up[3] = {0, 0, 1};
+    m_view->GetCamera()->SetCamera(eye, target, up);
+    addBox().SetTransform(stretched({1.5, 1.2, 0.3}, {0.0, 0.0, 0.0}).data());
+    Draw(512, 512);
+    const std::set<int> shades = redsOfPicture();
+    std::set<int> strange;
+    for (float offset = -0.3f; offset < 0.3f; offset += 0.07f) {
+        Options().SetClipPlanes({{{0.6f, -1.0f, 0.4f}, offset}});
+        Draw(512, 512);
+        for (const int red : redsOfPicture())
+            if (!shades.contains(red))
+                strange.insert(red);
+    }
+
+    EXPECT_EQ(strange, std::set<int>());
+}
+
+TEST_F(SectionCaps, CapThatFacesAwayInTheMiddleOfAPerspectiveIsDrawnWhereTheEyeSeesIt)
+{
+    // The normal of the cap points away from the view direction, and still the eye lies before it.
+    UsePerspective();
+    double place[16];
+    TambVizCore::SetIdentity(place);
+    place[12] = -0.5;
+    addBox().SetTransform(place);
+    Add(MakeRectangles({{.left = -0.9f, .bottom = -0.9f, .right = 0.9f, .top = 0.9f, .z = -2.0f}}),
+        kBlue);
+    Options().SetClipPlanes({{{-1.0f, 0.0f, 0.02f}, -0.4f}});
+    Draw(256, 256);
+
+    EXPECT_GT(ColorAt(-0.4, 0.0).r, 60);
+    EXPECT_LT(ColorAt(-0.4, 0.0).b, 20);
 }
 
 TEST_F(SectionCaps, MirroredBodyIsClosedToo)
