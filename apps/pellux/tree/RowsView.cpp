@@ -1,10 +1,17 @@
 #include "tree/RowsView.h"
 
+#include <QHeaderView>
 #include <QMouseEvent>
 #include <QStyle>
 #include <QStyleOptionViewItem>
 
 namespace Pellux {
+namespace {
+
+/// Of a level, pixels: assemblies are deep.
+constexpr int kIndentation = 14;
+
+} // namespace
 
 RowsView::RowsView(QWidget* parent) : QTreeView(parent)
 {
@@ -15,6 +22,11 @@ RowsView::RowsView(QWidget* parent) : QTreeView(parent)
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setContextMenuPolicy(Qt::CustomContextMenu);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    // Names deep in an assembly are read by scrolling sideways.
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    setIndentation(kIndentation);
 }
 
 RowsView::~RowsView() = default;

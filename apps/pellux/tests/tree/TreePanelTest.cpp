@@ -56,6 +56,19 @@ TEST_F(TreePanelWindow, SelectsByScriptWhatIsClicked)
     EXPECT_EQ(SelectedTexts(), QStringList{Body().data().toString()});
 }
 
+TEST_F(TreePanelWindow, ScrollsSidewaysInsteadOfCuttingNames)
+{
+    OpenCube();
+    View().expandAll();
+    View().setFixedWidth(90);
+    Settle();
+
+    EXPECT_GE(View().columnWidth(0),
+              View().visualRect(Body()).left() +
+                  View().fontMetrics().horizontalAdvance(Body().data().toString()));
+    EXPECT_GT(View().horizontalScrollBar()->maximum(), 0);
+}
+
 TEST_F(TreePanelWindow, SelectsAWholeFileByScript)
 {
     OpenCube();
