@@ -237,7 +237,9 @@ bool measureRoundness(const Roundness& round, EntityMeasure what, MeasureResult&
 bool measureForm(const FoundForm& found, EntityMeasure what, MeasureResult& result)
 {
     Roundness round;
-    if (found.form == SimpleForm::Plane)
+    if (found.form == SimpleForm::Plane ||
+        (what != EntityMeasure::Direction && what != EntityMeasure::Origin &&
+         what != EntityMeasure::Radius))
         return false;
     if (found.form != SimpleForm::Sphere || what != EntityMeasure::Direction)
         round = {found.axis, found.radius};

@@ -198,6 +198,8 @@ TEST(MeasureExact, FindsACircleAndASphereThatAreWrittenAsFreeform)
     EXPECT_NEAR(result.value, 5.0, 1e-8);
     ASSERT_TRUE(arc->MeasureExact(edge, EntityMeasure::Direction, result));
     EXPECT_NEAR(std::abs(result.vector[0]), 1.0, 1e-9);
+    EXPECT_FALSE(arc->MeasureExact(edge, EntityMeasure::Surface, result));
+    EXPECT_FALSE(arc->MeasureExact(edge, EntityMeasure::Normal, result));
 }
 
 TEST(MeasureExact, CallsWhatIsOnlyNearlyRoundFreeform)
