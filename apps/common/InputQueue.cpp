@@ -9,6 +9,7 @@
 #include <OrvikCore/Controller.h>
 #include <OrvikCore/IApplication.h>
 #include <OrvikCore/ICameraProvider.h>
+#include <OrvikCore/IInputProvider.h>
 #include <OrvikCore/JobDispatcher.h>
 #include <OrvikCore/MessageType.h>
 #include <OrvikCore/RayPickJob.h>
@@ -194,6 +195,13 @@ bool InputQueue::playMenu(const MenuChoice& choice)
     }
     session.PrintMessage(reason, MessageType::Error);
     return false;
+}
+
+InputQueue* CurrentInputQueue()
+{
+    auto* const provider =
+        dynamic_cast<OrvikCore::IInputProvider*>(SessionMgr::Instance().GetApplication());
+    return provider == nullptr ? nullptr : dynamic_cast<InputQueue*>(provider->GetInputQueue());
 }
 
 } // namespace Pellux

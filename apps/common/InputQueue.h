@@ -53,6 +53,9 @@ public:
     /// Forgets what waits.
     void Clear();
 
+    /// Tells whether Play() is under way.
+    bool IsPlaying() const { return m_isPlaying; }
+
     /// Hands every event to the controller of the current session; only while no job runs. The
     /// press of a hotkey runs its script, its release nothing; neither reaches the controller.
     /// What those scripts post is played after what waits already.
@@ -84,6 +87,9 @@ private:
     std::deque<Event> m_events;
     bool m_isPlaying = false;
 };
+
+/// @return the queue of the application; null where there is none. Not owned.
+InputQueue* CurrentInputQueue();
 
 } // namespace Pellux
 

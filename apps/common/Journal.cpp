@@ -100,6 +100,7 @@ void Journal::NoteCommand(const Command& command,
         const std::vector<PickNote> picks = ProbeCommand(*m_session, command, arguments);
         const Lock lock(m_lock);
         m_happened.hasChanged |= command.effect == CommandEffect::Changes && !isInput(command.name);
+        m_happened.hasAskedForInput |= isInput(command.name);
         m_happened.hasSelectedByBox |= command.name == kBoxCommand;
         m_happened.picks.insert(m_happened.picks.end(), picks.begin(), picks.end());
     } catch (const std::exception& error) {
@@ -161,8 +162,16 @@ void Journal::writeCommand(const std::vector<PlacedForm>& forms, const Happened&
 {
     const bool isBoxAlone = happened.hasSelectedByBox && !happened.hasFailed && forms.size() == 1 &&
                             IsPlainCall(forms.front().text, kBoxCommand);
+    std::vector<std::wstring> marks;
+    for (const PickNote& pick : happened.picks)
+        marks.push_back(PickLine(pick));
+    if (happened.hasFailed)
+        marks.push_back(FailureLine());
+    // A form that failed has its events forgotten.
+    else if (happened.hasAskedForInput)
+        marks.push_back(InputLine());
     if (!isBoxAlone)
-        write(oneForm(forms), happened.picks, happened.hasFailed);
+        write(oneForm(forms), marks, happened.hasFailed);
     if (happened.hasSelectedByBox)
         writeSelection();
 }
@@ -173,14 +182,21 @@ void Journal::noteKnown()
     m_knownSelection = m_session->GetPickedEntities();
 }
 
-void Journal::write(const std::wstring& form, const std::vector<PickNote>& picks, bool hasFailed)
+void Journal::write(const std::wstring& form, const std::vector<PickNote>& picks)
+{
+    std::vector<std::wstring> marks;
+    for (const PickNote& pick : picks)
+        marks.push_back(PickLine(pick));
+    write(form, marks, /*hasFailed=*/false);
+}
+
+void Journal::write(const std::wstring& form, const std::vector<std::wstring>& marks,
+                    bool hasFailed)
 {
     m_history.Add(form, hasFailed);
     std::wstring lines = form + L"\n";
-    for (const PickNote& pick : picks)
-        lines += PickLine(pick) + L"\n";
-    if (hasFailed)
-        lines += FailureLine() + L"\n";
+    for (const std::wstring& mark : marks)
+        lines += mark + L"\n";
     append(lines);
 }
 

@@ -84,6 +84,7 @@ private:
     {
         bool hasChanged = false;
         bool hasFailed = false;
+        bool hasAskedForInput = false; ///< What that does is written when it is played.
         bool hasSelectedByBox = false; ///< What that finds depends on the size of the view.
         std::vector<PickNote> picks;
     };
@@ -100,7 +101,8 @@ private:
     void writeCommand(const std::vector<PlacedForm>& forms, const Happened& happened);
     void writeChangedSelection();
     void writeSelection();
-    void write(const std::wstring& form, const std::vector<PickNote>& picks, bool hasFailed);
+    void write(const std::wstring& form, const std::vector<PickNote>& picks);
+    void write(const std::wstring& form, const std::vector<std::wstring>& marks, bool hasFailed);
     void append(const std::wstring& lines);
 
     Warn m_warn;

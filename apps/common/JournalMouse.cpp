@@ -80,7 +80,7 @@ void Journal::ControllerNotify(OrvikCore::IViewOp* op)
 void Journal::notePick(const ViewOpRayPick& op)
 {
     if (ViewOpRayPick::IsReset(&op)) {
-        write(L"(sel:clear)", {}, /*hasFailed=*/false);
+        write(L"(sel:clear)", std::vector<PickNote>());
         m_knownHighlight.clear();
         noteKnown();
         return;
@@ -98,7 +98,7 @@ void Journal::notePick(const ViewOpRayPick& op)
         op.PickBody() && note.isFound ? L"(entity:body " + pickForm(ray) + L")" : pickForm(ray);
     // A click beside the model forgets what was picked, also one that was to add.
     const bool adds = op.IsMultiple() && note.isFound;
-    write((adds ? L"(sel:add " : L"(sel:highlight ") + pick + L")", {note}, /*hasFailed=*/false);
+    write((adds ? L"(sel:add " : L"(sel:highlight ") + pick + L")", std::vector<PickNote>{note});
     if (!adds)
         m_knownHighlight = note.isFound ? highlight() : std::vector<RenderId>();
     noteKnown();
@@ -117,7 +117,7 @@ void Journal::writeCamera()
 {
     const std::optional<Triple> now = camera();
     if (now && now != m_knownCamera)
-        write(CameraForm(now->data(), now->data() + 3, now->data() + 6), {}, /*hasFailed=*/false);
+        write(CameraForm(now->data(), now->data() + 3, now->data() + 6), std::vector<PickNote>());
 }
 
 void Journal::writeChangedSelection()
@@ -137,7 +137,7 @@ void Journal::writeSelection()
         form += L" (entity:by-id \"" + EntityWords(entity) + L"\")";
         notes.push_back(note);
     }
-    write(form + L")", notes, /*hasFailed=*/false);
+    write(form + L")", notes);
     m_knownHighlight.clear();
 }
 
@@ -158,7 +158,7 @@ void Journal::writeHighlight()
         form += L" (entity:by-id \"" + EntityWords(note.entity) + L"\")";
         notes.push_back(note);
     }
-    write(form + L")", notes, /*hasFailed=*/false);
+    write(form + L")", notes);
 }
 
 std::vector<RenderId> Journal::highlight() const

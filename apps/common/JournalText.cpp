@@ -1,5 +1,6 @@
 #include "JournalText.h"
 
+#include "JournalCut.h"
 #include "JournalWords.h"
 
 #include <TambVizCore/Utils.h>
@@ -125,8 +126,9 @@ std::vector<std::wstring> linesOf(const std::wstring& text)
 /// Takes the line behind a form.
 bool readMark(const std::wstring& line, JournalEntry& entry)
 {
-    if (line == FailureLine()) {
-        entry.hasFailed = true;
+    if (line == FailureLine() || line == InputLine()) {
+        entry.hasFailed |= line == FailureLine();
+        entry.hasInputBelow |= line == InputLine();
         return true;
     }
     const std::optional<PickNote> note = ParsePickLine(line);
@@ -244,23 +246,41 @@ std::optional<PickNote> ParsePickLine(const std::wstring& line)
     return words.IsAtEnd() ? std::optional(note) : std::nullopt;
 }
 
+std::wstring InputLine()
+{
+    return std::wstring(kMark) + L"input below";
+}
+
 bool ParseJournalHead(const std::wstring& text, JournalStart& start, std::wstring& errorText)
 {
-    return readHead(linesOf(text), start, errorText);
+    std::vector<std::wstring> lines = linesOf(text);
+    CutOffMark(lines);
+    return readHead(lines, start, errorText);
 }
 
 bool ParseJournal(const std::wstring& text, const SplitForms& split, JournalContents& contents,
                   std::wstring& errorText)
 {
-    const std::vector<std::wstring> lines = linesOf(text);
+    std::vector<std::wstring> lines = linesOf(text);
     contents = JournalContents();
+    const std::wstring cutMark = CutOffMark(lines);
     if (!readHead(lines, contents.start, errorText))
         return false;
+    if (!cutMark.empty()) {
+        contents.cutLine = static_cast<int>(lines.size());
+        contents.cutReason = L"what stands behind a command";
+    }
     std::vector<PlacedForm> forms;
-    if (!split(text, forms, errorText))
-        return false;
+    if (!split(text, forms, errorText)) {
+        if (!IsCutShort(forms))
+            return false;
+        contents.cutLine = forms.back().line;
+        contents.cutReason = L"a command";
+        forms.pop_back();
+        lines.resize(static_cast<std::size_t>(contents.cutLine) - 1);
+    }
     for (std::size_t i = 0; i < forms.size(); ++i) {
-        JournalEntry entry{forms[i].text, forms[i].line, forms[i].column, false, {}};
+        JournalEntry entry{forms[i].text, forms[i].line, forms[i].column, false, false, {}};
         const auto first = static_cast<std::size_t>(
             forms[i].line + std::count(forms[i].text.begin(), forms[i].text.end(), L'\n'));
         const std::size_t last =
@@ -272,6 +292,11 @@ bool ParseJournal(const std::wstring& text, const SplitForms& split, JournalCont
             }
         }
         contents.entries.push_back(std::move(entry));
+    }
+    if (!cutMark.empty() && !contents.entries.empty()) {
+        // It may have been going to say so.
+        contents.entries.back().hasFailed |= FailureLine().starts_with(cutMark);
+        contents.entries.back().hasInputBelow |= InputLine().starts_with(cutMark);
     }
     return true;
 }

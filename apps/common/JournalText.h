@@ -38,6 +38,8 @@ struct JournalEntry
     int line = 1;   ///< From 1.
     int column = 1; ///< From 1.
     bool hasFailed = false;
+    /// What the events that it asked for have done stands in the forms below.
+    bool hasInputBelow = false;
     std::vector<PickNote> picks; ///< In the order in which the form made them.
 };
 
@@ -58,6 +60,10 @@ struct JournalContents
 {
     JournalStart start;
     std::vector<JournalEntry> entries;
+    /// The line where what was left out at the end begins, because a run ended while it was
+    /// written; 0 for a whole journal.
+    int cutLine = 0;
+    std::wstring cutReason; ///< What is not whole there.
 };
 
 /// Names an entity as scripts show it: "face 3 of mesh 1", "body 7".
@@ -79,6 +85,9 @@ std::wstring PickLine(const PickNote& note);
 /// The line that follows a form which failed.
 std::wstring FailureLine();
 
+/// The line that follows a form whose events have written their own forms below.
+std::wstring InputLine();
+
 /// Reads what PickLine() wrote.
 /// @return nothing for a line that is not of its form.
 std::optional<PickNote> ParsePickLine(const std::wstring& line);
@@ -88,8 +97,10 @@ std::optional<PickNote> ParsePickLine(const std::wstring& line);
 /// @param errorText  Receives "line <n>: <reason>" on false.
 bool ParseJournalHead(const std::wstring& text, JournalStart& start, std::wstring& errorText);
 
-/// Reads a journal.
+/// Reads a journal. What stands behind the last form or line that is whole is left out, as long as
+/// nothing but its rest comes after: a run may have ended in the middle of it.
 ///
+/// @param split      For a text that is cut short its last form is the rest of the text.
 /// @param errorText  Receives "line <n>: <reason>" on false.
 bool ParseJournal(const std::wstring& text, const SplitForms& split, JournalContents& contents,
                   std::wstring& errorText);

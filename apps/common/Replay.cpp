@@ -1,6 +1,8 @@
 #include "Replay.h"
 
+#include "InputQueue.h"
 #include "PickProbe.h"
+#include "ScriptRunner.h"
 
 #include <OrvikCore/AScriptEngine.h>
 #include <OrvikCore/ASession.h>
@@ -87,12 +89,13 @@ bool ReplayOutcome::IsGood() const
 }
 
 Replay::Replay(OrvikCore::Shell& shell, OrvikCore::ASession& session, BeforeForm beforeForm,
-               AfterPick afterPick)
+               AfterPick afterPick, GoOn goOn)
     : m_shell(shell),
       m_session(session),
       m_former(TambCommandsInfra::GetCommandJournal()),
       m_beforeForm(std::move(beforeForm)),
-      m_afterPick(std::move(afterPick))
+      m_afterPick(std::move(afterPick)),
+      m_goOn(std::move(goOn))
 {
     TambCommandsInfra::SetCommandJournal(this);
 }
@@ -112,6 +115,11 @@ ReplayOutcome Replay::Run(const std::wstring& text, const std::wstring& file)
         return outcome;
     }
     outcome.formCount = contents.entries.size();
+    outcome.cutLine = contents.cutLine;
+    if (contents.cutLine != 0)
+        outcome.cutText = file + L":" + std::to_wstring(contents.cutLine) +
+                          L": the journal is cut short: " + contents.cutReason +
+                          L" is not whole and was left out";
     if (!enterFolder(contents.start.folder)) {
         outcome.errorText = file + L": the folder cannot be entered : " + contents.start.folder;
         return outcome;
@@ -123,8 +131,12 @@ ReplayOutcome Replay::Run(const std::wstring& text, const std::wstring& file)
             outcome.stoppedLine = entry.line;
             return outcome;
         }
-        ++outcome.formsRun;
         compare(entry, outcome);
+        if (!playInput(entry)) {
+            outcome.stoppedLine = entry.line;
+            return outcome;
+        }
+        ++outcome.formsRun;
     }
     return outcome;
 }
@@ -146,7 +158,32 @@ bool Replay::runEntry(const JournalEntry& entry, const std::wstring& file)
     }
     m_shell.GetScriptEngine()->SetNextSource(file, entry.line, entry.column);
     std::wstring output;
-    return m_shell.RunScript(entry.form, output) || entry.hasFailed;
+    const bool good = m_shell.RunScript(entry.form, output);
+    if (InputQueue* const input = good ? nullptr : CurrentInputQueue())
+        input->Clear();
+    return good || entry.hasFailed;
+}
+
+bool Replay::playInput(const JournalEntry& entry)
+{
+    InputQueue* const input = CurrentInputQueue();
+    if (input == nullptr)
+        return true;
+    if (entry.hasInputBelow || entry.hasFailed) {
+        input->Clear();
+        return true;
+    }
+    return playAll(*input);
+}
+
+bool Replay::playAll(InputQueue& input)
+{
+    return input.Play({[this] { return !m_goOn || m_goOn(); },
+                       [&](const std::wstring& script, const std::wstring& source) {
+                           ScriptRunner runner(m_shell, m_beforeForm,
+                                               [&] { return playAll(input); });
+                           return runner.RunText(script, source);
+                       }});
 }
 
 void Replay::compare(const JournalEntry& entry, ReplayOutcome& outcome)

@@ -18,6 +18,8 @@ class Shell;
 
 namespace Pellux {
 
+class InputQueue;
+
 /// How what a pick finds now compares with what the journal says.
 enum class PickResult
 {
@@ -59,15 +61,21 @@ struct ReplayOutcome
     std::vector<ReplayedPick> picks;
     int stoppedLine = 0;    ///< Of the form that failed; 0 when none did.
     std::wstring errorText; ///< Of a journal that cannot be used: "<file>:<line>: <reason>".
+    int cutLine = 0;        ///< Where a journal is cut short; 0 for a whole one.
+    /// Of a journal that is cut short: "<file>:<line>: the journal is cut short: ...".
+    std::wstring cutText;
 
     /// How many picks ended so.
     std::size_t Count(PickResult result) const;
 
-    /// Whether every form ran and every pick is the same.
+    /// Whether every form ran and every pick is the same; also of a journal that is cut short.
     bool IsGood() const;
 };
 
 /// Runs a journal form by form and compares what its picks find.
+///
+/// What events have done stands in the journal, so those of a form that says so are forgotten; the
+/// events of other forms, which somebody has written into it, are played as in a script.
 ///
 /// Forms that failed when the journal was written may fail again; any other failure ends the
 /// replay. The journal of the run goes on meanwhile. @thread Main thread, except NoteCommand.
@@ -78,10 +86,13 @@ public:
     using BeforeForm = std::function<bool(const std::wstring& form)>;
     /// Called with each pick when it was compared.
     using AfterPick = std::function<void(const ReplayedPick& pick)>;
+    /// Asked before each event; false stops the replay there.
+    using GoOn = std::function<bool()>;
 
     /// @param shell, session  Not owned; outlive the replay. The shell has an engine.
+    /// @param goOn            May be empty.
     Replay(OrvikCore::Shell& shell, OrvikCore::ASession& session, BeforeForm beforeForm,
-           AfterPick afterPick);
+           AfterPick afterPick, GoOn goOn = {});
     ~Replay() override;
 
     Replay(const Replay&) = delete;
@@ -99,6 +110,8 @@ public:
 private:
     bool enterFolder(const std::wstring& folder);
     bool runEntry(const JournalEntry& entry, const std::wstring& file);
+    bool playInput(const JournalEntry& entry);
+    bool playAll(InputQueue& input);
     void compare(const JournalEntry& entry, ReplayOutcome& outcome);
 
     OrvikCore::Shell& m_shell;
@@ -106,6 +119,7 @@ private:
     TambCommandsInfra::ICommandJournal* const m_former; ///< Not owned; back in place afterwards.
     BeforeForm m_beforeForm;
     AfterPick m_afterPick;
+    GoOn m_goOn;
     OrvikOs::CriticalSection m_lock;
     std::vector<PickNote> m_found; ///< Of the form that runs; written on the worker.
 };

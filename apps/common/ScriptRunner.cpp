@@ -1,5 +1,7 @@
 #include "ScriptRunner.h"
 
+#include "InputQueue.h"
+
 #include <OrvikCore/AScriptEngine.h>
 #include <OrvikCore/Shell.h>
 #include <TambVizCore/Utils.h>
@@ -10,6 +12,19 @@
 namespace Pellux {
 
 using OrvikCore::ScriptForm;
+
+namespace {
+
+/// A form that fails has nothing played of what it has asked for. While events are played the ones
+/// behind them stay: the playing decides.
+void forgetInput()
+{
+    InputQueue* const input = CurrentInputQueue();
+    if (input != nullptr && !input->IsPlaying())
+        input->Clear();
+}
+
+} // namespace
 
 ScriptRunner::ScriptRunner(OrvikCore::Shell& shell, BeforeForm beforeForm, AfterForm afterForm)
     : m_shell(shell), m_beforeForm(std::move(beforeForm)), m_afterForm(std::move(afterForm))
@@ -30,8 +45,10 @@ bool ScriptRunner::RunText(const std::wstring& text, const std::wstring& source)
             return false;
         engine->SetNextSource(source, form.line, form.column);
         std::wstring output;
-        if (!m_shell.RunScript(form.text, output))
+        if (!m_shell.RunScript(form.text, output)) {
+            forgetInput();
             return false;
+        }
         if (m_afterForm && !m_afterForm())
             return false;
     }

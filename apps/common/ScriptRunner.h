@@ -26,7 +26,7 @@ public:
     /// @param afterForm   May be empty.
     ScriptRunner(OrvikCore::Shell& shell, BeforeForm beforeForm, AfterForm afterForm = {});
 
-    /// Runs the forms of a text until one fails.
+    /// Runs the forms of a text until one fails; the events that one has asked for are forgotten.
     ///
     /// @param source  Named in error messages with the line and column of the form.
     /// @return true when every form ran without an error.

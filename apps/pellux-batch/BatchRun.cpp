@@ -82,7 +82,9 @@ ExitCode BatchRun::Run()
     showTime("stopped");
     if (isInterrupted())
         return ExitCode::Interrupted;
-    return code == ExitCode::Good && applicationCode != 0 ? ExitCode::Failed : code;
+    if (code == ExitCode::Good && applicationCode != 0)
+        return ExitCode::Failed;
+    return code == ExitCode::Good && m_isCutShort ? ExitCode::CutShort : code;
 }
 
 ExitCode BatchRun::start()
@@ -174,10 +176,14 @@ bool BatchRun::runForms(const std::wstring& text, const std::wstring& source)
 bool BatchRun::replay()
 {
     std::wstring reason;
+    std::wstring cut;
     const bool good = m_replay.Run(
         m_options, m_host.GetShell(), [this](const std::wstring& form) { return beforeForm(form); },
-        [this] { m_host.DrainOutput(); }, reason);
+        [this] { return !isInterrupted(); }, [this] { m_host.DrainOutput(); }, reason, cut);
     m_host.DrainOutput();
+    m_isCutShort = !cut.empty();
+    if (m_isCutShort)
+        show(cut, MessageType::Warning);
     if (!reason.empty())
         show(reason, MessageType::Error);
     return good && !isInterrupted();

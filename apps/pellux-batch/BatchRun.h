@@ -22,6 +22,7 @@ enum class ExitCode : int
     Failed = 1,      ///< A script failed or a file could not be read.
     Usage = 2,       ///< A mistake in the command line or in a configuration file.
     CannotStart = 3, ///< No engine or no view.
+    CutShort = 4,    ///< A journal is cut short, and what it has of it went as it should.
     Interrupted = 130,
 };
 
@@ -57,6 +58,7 @@ private:
     ReplayRun m_replay;
     Pellux::HostRuntime m_host;
     std::unique_ptr<Pellux::InterruptHandling> m_interrupts;
+    bool m_isCutShort = false; ///< The journal that was replayed.
     unsigned long long m_startedMs;
 };
 

@@ -97,7 +97,9 @@ ParseResult ParseOptions(int argc, const char* const* argv, Options& options)
     CLI::App app("Loads 3D models, runs scripts and writes pictures, without a window.",
                  "pellux-batch");
     app.footer("Exit status: 0 good, 1 a script failed or a file could not be read, 2 a mistake in "
-               "the command line,\n3 the program cannot start, 130 interrupted.");
+               "the command line,\n3 the program cannot start, 4 a journal that is cut short was "
+               "replayed up "
+               "to there, 130 interrupted.");
     CommandLine line(app);
     RawOptions raw;
     declare(app, raw, options);

@@ -78,7 +78,9 @@ std::string DescribeReplayJson(const ReplayOutcome& outcome, const std::wstring&
         "{\"journal\": " + JsonQuoted(file) + ", \"forms\": " + std::to_string(outcome.formCount) +
         ", \"formsRun\": " + std::to_string(outcome.formsRun) + ", \"stoppedAtLine\": " +
         (outcome.stoppedLine == 0 ? "null" : std::to_string(outcome.stoppedLine)) +
-        ", \"error\": " + (outcome.errorText.empty() ? "null" : JsonQuoted(outcome.errorText));
+        ", \"error\": " + (outcome.errorText.empty() ? "null" : JsonQuoted(outcome.errorText)) +
+        ", \"cutAtLine\": " + (outcome.cutLine == 0 ? "null" : std::to_string(outcome.cutLine)) +
+        ", \"cut\": " + (outcome.cutText.empty() ? "null" : JsonQuoted(outcome.cutText));
     for (std::size_t i = 0; i < Pellux::kPickResults; ++i) {
         const auto result = static_cast<PickResult>(i);
         text += std::string(", \"") + Pellux::PickResultName(result) +

@@ -40,15 +40,19 @@ bool ReplayRun::Prepare(Options& options, std::wstring& errorText)
 }
 
 bool ReplayRun::Run(const Options& options, OrvikCore::Shell& shell, const BeforeForm& beforeForm,
-                    const Drain& drain, std::wstring& errorText) const
+                    const std::function<bool()>& goOn, const Drain& drain, std::wstring& errorText,
+                    std::wstring& cutText) const
 {
-    Pellux::Replay replay(shell, OrvikCore::SessionMgr::Instance().CurrentSession(), beforeForm,
-                          [&options, &drain](const Pellux::ReplayedPick& pick) {
-                              drain();
-                              std::cout << DescribePick(pick, options.replay) << std::endl;
-                          });
+    Pellux::Replay replay(
+        shell, OrvikCore::SessionMgr::Instance().CurrentSession(), beforeForm,
+        [&options, &drain](const Pellux::ReplayedPick& pick) {
+            drain();
+            std::cout << DescribePick(pick, options.replay) << std::endl;
+        },
+        goOn);
     const Pellux::ReplayOutcome outcome = replay.Run(m_text, options.replay);
     errorText = outcome.errorText;
+    cutText = outcome.cutText;
     drain();
     std::cout << DescribeReplay(outcome) << std::flush;
     if (!options.replayReport.empty()) {

@@ -31,10 +31,13 @@ public:
 
     /// Runs the journal; prints a line for each pick and one at the end, and writes the report.
     ///
+    /// @param goOn       Asked before each event of mouse and keys; false stops there.
     /// @param errorText  Receives why the journal or the report is no good.
+    /// @param cutText    Receives where the journal is cut short; empty for a whole one.
     /// @return true when every form ran and every pick is the same.
     bool Run(const Options& options, OrvikCore::Shell& shell, const BeforeForm& beforeForm,
-             const Drain& drain, std::wstring& errorText) const;
+             const std::function<bool()>& goOn, const Drain& drain, std::wstring& errorText,
+             std::wstring& cutText) const;
 
 private:
     std::wstring m_text;

@@ -74,6 +74,43 @@ TEST_F(JournalOfTheMouse, HoldsWhatAShortcutRan)
     expectEnd(replay(), 0, "0 picks: 0 same, 0 moved, 0 other, 0 gone\n");
 }
 
+TEST_F(JournalOfTheMouse, ReplaysEventsOfAFormThatDoesOtherThingsOnce)
+{
+    m_process.Write("keys.toml", "[hotkeys]\n\"Ctrl-z\" = \"(view:undo)\"\n");
+    runForms({"(view:iso)", "(view:zoom-all)", "(define all (sel:by-kind 'mesh))",
+              "(view:display-axes #f)", "(view:hide all)", "(view:show all)",
+              "(begin (input:click 200 150) (input:key \"Ctrl-z\") (view:display-edges #t))",
+              "(app:pick-entity 5 5 100 0 0 -1 0)", "(view:undo)",
+              "(app:pick-entity 5 5 100 0 0 -1 0)"},
+             {"--config", "keys.toml", "--size", "400x300"});
+    const std::string text = ReadBytes(journals().at(0));
+    m_process.Write("run.journal.scm", text);
+
+    EXPECT_NE(text.find("(view:display-edges #t))\n;= input below\n(sel:highlight "),
+              std::string::npos)
+        << text;
+    const Outcome outcome = replay({"--config", "keys.toml"});
+    expectEnd(outcome, 0, "3 picks: 3 same, 0 moved, 0 other, 0 gone\n");
+    EXPECT_EQ(outcome.output.find("(define ent "), std::string::npos) << outcome.output;
+    expectEnd(replay({"--size", "1000x500"}), 0, "3 picks: 3 same, 0 moved, 0 other, 0 gone\n");
+}
+
+TEST_F(JournalOfTheMouse, PlaysEventsThatSomebodyHasWrittenIntoIt)
+{
+    m_process.Write("run.journal.scm",
+                    ";; Pellux journal 1\n;= start size 400 300 up y\n(doc:load \"box.stl\")\n"
+                    "(view:iso)\n(view:zoom-all)\n(input:click 200 150)\n"
+                    "(if (null? (sel:get)) (error \"not played\"))\n"
+                    "(begin (input:key \"Escape\") (input:menu \"Hide node\" (car (sel:get))))\n"
+                    "(error \"must not run\")\n");
+
+    const Outcome outcome = replay();
+
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_EQ(outcome.errors, "The menu of this row has no item \"Hide node\".\n");
+    EXPECT_EQ(outcome.output.find("> (error"), std::string::npos) << outcome.output;
+}
+
 TEST_F(JournalOfTheMouse, HoldsPicksSelectionsAndTheirEnd)
 {
     const std::string text =

@@ -47,7 +47,8 @@ TEST_F(Journal, TellsWhatHasMovedWhatIsAnotherAndWhatIsGone)
     const std::string report = ReadBytes(m_process.Folder() / "report.json");
     EXPECT_TRUE(
         report.starts_with("{\"journal\": \"run.journal.scm\", \"forms\": 4, \"formsRun\": "
-                           "4, \"stoppedAtLine\": null, \"error\": null, \"same\": 0, "
+                           "4, \"stoppedAtLine\": null, \"error\": null, "
+                           "\"cutAtLine\": null, \"cut\": null, \"same\": 0, "
                            "\"moved\": 1, \"other\": 1, \"gone\": 1, \"picks\": [{\"line\": "
                            "6, \"form\": \"(define top (app:pick-face 5 5 100 0 0 -1 0))\", "
                            "\"result\": \"moved\", \"expected\": {\"entity\": \"face "))
@@ -136,11 +137,11 @@ TEST_F(Journal, ThatIsBrokenIsRefusedWithFileAndLine)
                      "ELF\0\1\2",
                      7),
          "line 1: this is no journal"},
-        {head + "(view:iso)\n(view:top\n", "line 4, column 1: the parentheses do not match"},
+        {head + "(view:iso)\n(view:top\n(view:iso)\n",
+         "line 4, column 1: the parentheses do not match"},
         {head + "(view:iso))\n", "line 3"},
-        {head + std::string(3'000'000, '('), "line 3, column 1"},
         {head + "(view:iso)\n;= pick rubbish\n", "line 4: this line is not understood"},
-        {head + std::string("(view:iso)\n\xff\xfe\0\1(", 16), "line 4"}};
+        {head + std::string("(view:iso)\n\xff\xfe\0\1)", 16), "line 4"}};
     for (const auto& [text, message] : cases) {
         m_process.Write("run.journal.scm", text);
 
@@ -151,6 +152,59 @@ TEST_F(Journal, ThatIsBrokenIsRefusedWithFileAndLine)
             << message << "\n"
             << outcome.errors.substr(0, 500);
     }
+}
+
+TEST_F(Journal, ThatIsCutShortIsReplayedUpToThereAndSaysSo)
+{
+    const std::string text = record({"(view:iso)", kTop, "(define name \"\xd0\x9f\xd0\xbb\")"});
+    const std::size_t define = text.find("(define name");
+    const std::size_t mark = text.find(";= pick");
+    const std::vector<std::pair<std::size_t, std::string>> cuts = {
+        {define + 5, "9: the journal is cut short: a command is not whole and was left out\n"},
+        {define + 17, "9: the journal is cut short: a command is not whole and was left out\n"},
+        {define - 3, "8: the journal is cut short: what stands behind a command is not whole and "
+                     "was left out\n"},
+        {mark + 1, "8: the journal is cut short: what stands behind a command is not whole and was "
+                   "left out\n"},
+        {mark - 3, "7: the journal is cut short: a command is not whole and was left out\n"}};
+    ASSERT_EQ(text[define + 16], '\xd0') << "the next cut is in the middle of a character";
+    for (const auto& [size, message] : cuts) {
+        m_process.Write("run.journal.scm", text.substr(0, size));
+
+        const Outcome outcome = replay({"--report", "json:report.json"});
+
+        EXPECT_EQ(outcome.exitCode, 4) << size;
+        EXPECT_EQ(outcome.errors, "warning: run.journal.scm:" + message);
+        const std::string report = ReadBytes(m_process.Folder() / "report.json");
+        EXPECT_NE(report.find("\"error\": null, \"cutAtLine\": " + message.substr(0, 1) +
+                              ", \"cut\": \"run.journal.scm:" + message.substr(0, 20)),
+                  std::string::npos)
+            << report;
+    }
+}
+
+TEST_F(Journal, ThatIsCutShortFailsWhereAPickIsNotTheSame)
+{
+    const std::string text = record({kTop, "(view:iso)"});
+    m_process.Write("run.journal.scm", text.substr(0, text.size() - 3));
+    m_process.Write("box.stl", BoxStl(10, 20, 31));
+
+    const Outcome outcome = replay();
+
+    expectEnd(outcome, 1, "1 picks: 0 same, 1 moved, 0 other, 0 gone\n");
+    EXPECT_NE(outcome.errors.find("warning: run.journal.scm:"), std::string::npos);
+}
+
+TEST_F(Journal, OfNothingButParenthesesIsCutShort)
+{
+    m_process.Write("run.journal.scm", ";; Pellux journal 1\n;= start size 64 48 up y\n" +
+                                           std::string(3'000'000, '('));
+
+    const Outcome outcome = replay();
+
+    EXPECT_EQ(outcome.exitCode, 4);
+    EXPECT_EQ(outcome.errors, "warning: run.journal.scm:3: the journal is cut short: a command is "
+                              "not whole and was left out\n");
 }
 
 TEST_F(Journal, ThatIsMissingIsAnError)

@@ -29,6 +29,7 @@ bool splitLines(const std::wstring& text, std::vector<PlacedForm>& forms, std::w
         const std::wstring form = text.substr(at, end - at);
         if (form == L"broken") {
             errorText = L"line " + std::to_wstring(line) + L": broken";
+            forms.push_back({text.substr(at), line, 1});
             return false;
         }
         if (form.starts_with(L"("))

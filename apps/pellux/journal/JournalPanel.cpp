@@ -296,6 +296,8 @@ void JournalPanel::tell(const ReplayOutcome& outcome)
                     .arg(QString::fromLatin1(PickResultName(result)))
                     .arg(i + 1 < kPickResults ? QStringLiteral(",") : QString());
     }
+    if (!outcome.cutText.empty())
+        text += u'\n' + ToQt(outcome.cutText);
     if (outcome.stoppedLine != 0)
         text += u'\n' + tr("The command in line %1 failed.").arg(outcome.stoppedLine);
     if (!outcome.errorText.empty())
