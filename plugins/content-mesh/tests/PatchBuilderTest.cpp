@@ -2,6 +2,8 @@
 
 #include "Models.h"
 
+#include <OrvikOs/ParallelFor.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -24,6 +26,39 @@ std::size_t countOf(const Geometry& geometry, PartKind kind)
 std::shared_ptr<const Geometry> patchesOf(const std::vector<Triangle>& triangles)
 {
     return BuildPatches(*PlainGeometry(triangles));
+}
+
+/// A floor of 40,000 squares with steps of whole numbers: thousands of faces, edges and vertices.
+std::vector<Triangle> steppedFloor()
+{
+    constexpr int kSize = 200;
+    const auto point = [](int x, int y) {
+        return Point{static_cast<float>(x), static_cast<float>(y),
+                     (x * x + y * 3) % 7 < 2 ? 1.0f : 0.0f};
+    };
+    std::vector<Triangle> triangles;
+    for (int y = 0; y < kSize; ++y)
+        for (int x = 0; x < kSize; ++x) {
+            triangles.push_back({point(x, y), point(x + 1, y), point(x + 1, y + 1)});
+            triangles.push_back({point(x, y), point(x + 1, y + 1), point(x, y + 1)});
+        }
+    return triangles;
+}
+
+/// A number made of all parts and of the triangles and segments that they number.
+std::uint64_t digestOf(const Geometry& geometry)
+{
+    std::uint64_t digest = 14695981039346656037u;
+    const auto add = [&](std::uint64_t value) { digest = (digest ^ value) * 1099511628211u; };
+    for (const GeometryPart& part : geometry.Parts())
+        for (const std::uint64_t value : {static_cast<std::uint64_t>(part.kind), part.id,
+                                          std::uint64_t{part.first}, std::uint64_t{part.count}})
+            add(value);
+    for (const std::uint32_t vertex : geometry.Triangles().Span())
+        add(vertex);
+    for (const std::uint32_t vertex : geometry.Segments().Span())
+        add(vertex);
+    return digest;
 }
 
 Triangle turned(const Triangle& triangle)
@@ -107,6 +142,23 @@ TEST(PatchBuilder, FacesAreNumberedByTheirFirstTriangle)
                      cube->Positions()[corner * 3 + 2]}),
               second);
     EXPECT_EQ(countOf(*cube, PartKind::Face), 6u);
+}
+
+TEST(PatchBuilder, NumbersAreTheSameInEveryProcessOnAnyNumberOfThreads)
+{
+    const auto plain = PlainGeometry(steppedFloor());
+    const auto onMany = BuildPatches(*plain);
+    std::shared_ptr<const Geometry> onOne;
+    // What runs inside a piece of a loop stays on its thread.
+    OrvikOs::ParallelFor(2, 1, [&](std::size_t begin, std::size_t) {
+        if (begin == 0)
+            onOne = BuildPatches(*plain);
+    });
+
+    EXPECT_GT(countOf(*onMany, PartKind::Face), 1000u);
+    // Scripts and journals keep such numbers: a change breaks them.
+    EXPECT_EQ(digestOf(*onMany), 14245369244806447375u);
+    EXPECT_EQ(digestOf(*onOne), digestOf(*onMany));
 }
 
 TEST(PatchBuilder, SharesTheVertexArraysOfThePlainShape)
