@@ -2,9 +2,10 @@
 #define ORVIKRAY_CANDIDATE_H
 
 #include "Line.h"
-#include "Vector3.h"
 
 #include <TambVizCore/Geometry.h>
+
+#include <OrvikRay/Vector3.h>
 
 #include <cstdint>
 

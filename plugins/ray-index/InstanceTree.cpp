@@ -1,8 +1,8 @@
 #include "BoxTree.h"
 #include "Line.h"
-#include "Vector3.h"
 
 #include <OrvikRay/InstanceTree.h>
+#include <OrvikRay/Vector3.h>
 
 #include <algorithm>
 #include <cmath>

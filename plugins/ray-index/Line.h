@@ -2,9 +2,10 @@
 #define ORVIKRAY_LINE_H
 
 #include "BoxTree.h"
-#include "Vector3.h"
 
 #include <TambVizCore/IGeometryIndex.h>
+
+#include <OrvikRay/Vector3.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,7 @@
 #include "content/MeshLoader.h"
 
 #include "content/MeshBodies.h"
+#include "content/ProgressPhase.h"
 #include "content/ShapeOfArrays.h"
 #include "gltf/GltfReader.h"
 #include "import/ImportReader.h"
@@ -38,16 +39,6 @@ namespace {
 constexpr wchar_t kPhase[] = L"Reading ";
 constexpr const wchar_t* kGltfExtensions[] = {L"GLTF", L"GLB"};
 constexpr wchar_t kNoReader[] = L"no reader for this kind of file";
-
-/// Ends the progress that it began, however the reading ends.
-class ProgressPhase
-{
-public:
-    explicit ProgressPhase(const std::wstring& name) { Progress::Instance().BeginPhase(name); }
-    ~ProgressPhase() { Progress::Instance().End(); }
-    ProgressPhase(const ProgressPhase&) = delete;
-    ProgressPhase& operator=(const ProgressPhase&) = delete;
-};
 
 bool isGltf(const std::wstring& extension)
 {

@@ -1,5 +1,6 @@
 #include "content/MeshSaver.h"
 
+#include "content/ProgressPhase.h"
 #include "writers/MeshWriter.h"
 
 #include "OrvikCore/AContent.h"
@@ -62,16 +63,6 @@ MeshToWrite meshOf(const std::vector<PlacedShape>& shapes)
         mesh.bodies.push_back(bodyOf(shape));
     return mesh;
 }
-
-/// Ends the progress that it began, however the writing ends.
-class ProgressPhase
-{
-public:
-    explicit ProgressPhase(const std::wstring& name) { Progress::Instance().BeginPhase(name); }
-    ~ProgressPhase() { Progress::Instance().End(); }
-    ProgressPhase(const ProgressPhase&) = delete;
-    ProgressPhase& operator=(const ProgressPhase&) = delete;
-};
 
 } // namespace
 

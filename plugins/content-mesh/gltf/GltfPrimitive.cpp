@@ -1,8 +1,7 @@
 #include "gltf/GltfPrimitive.h"
 
-#include "gltf/GltfAccessor.h"
+#include "gltf/GltfPrimitiveSource.h"
 #include "gltf/GltfTexts.h"
-#include "gltf/GltfTopology.h"
 #include "gltf/VertexUse.h"
 #include "readers/MeshFinish.h"
 
@@ -29,9 +28,6 @@ public:
     bool Run(const GltfMaterial& material);
 
 private:
-    bool findMode();
-    bool findPositions();
-    bool findIndices();
     bool takeBudget();
     void settleBudget();
     bool readCorners();
@@ -39,90 +35,34 @@ private:
     void readPositions();
     void dropNonFinite();
     void pickVertices(const MeshArray<std::uint32_t>& kept);
-    bool findAttribute(const char* name, GltfAccessor& accessor);
     void readAttribute(const GltfAccessor& accessor, MeshArray<float>& numbers);
     void readNormals();
     void readColors(const GltfMaterial& material);
     void sayNothingIsLeft();
 
-    std::size_t vertexCount() const { return m_positions.values.count; }
+    std::size_t vertexCount() const { return m_source.VertexCount(); }
 
     GltfFile& m_file;
     const JsonValue& m_primitive;
     ShapeArrays& m_shape;
     PrimitiveNotes& m_notes;
-    GltfMode m_mode = GltfMode::Triangles;
-    GltfAccessor m_positions;
-    std::optional<GltfAccessor> m_indices;
+    PrimitiveSource m_source;
     MeshArray<std::uint32_t> m_corners;
     bool m_usesAll = false;          ///< Every vertex of the accessor is used.
     MeshArray<std::uint32_t> m_used; ///< Else the numbers of those that are.
     std::uint64_t m_taken = 0;       ///< Of the file's budget.
 };
 
-bool PrimitiveReader::findMode()
-{
-    const auto mode = WholeMember(m_primitive, "mode", 4);
-    if (!mode || *mode > 6) {
-        m_notes.reason = FillText(kGltfBadMode, {mode ? std::to_wstring(*mode) : L"?"});
-        return false;
-    }
-    m_mode = static_cast<GltfMode>(*mode);
-    return true;
-}
-
-bool PrimitiveReader::findPositions()
-{
-    const JsonValue* attributes = FindMember(m_primitive, "attributes");
-    const auto index =
-        attributes ? WholeMember(*attributes, "POSITION") : std::optional<std::uint64_t>();
-    const JsonValue* element = index ? m_file.Element(GltfList::Accessors, *index) : nullptr;
-    if (!index) {
-        m_notes.reason = kGltfNoPositions;
-        return false;
-    }
-    const JsonValue* extensions = FindMember(m_primitive, "extensions");
-    if (extensions && FindMember(*extensions, "KHR_draco_mesh_compression") && element &&
-        !FindMember(*element, "bufferView")) {
-        m_notes.reason = FillText(kGltfCompressed, {L"KHR_draco_mesh_compression"});
-        return false;
-    }
-    if (!FindAccessor(m_file, *index, m_positions, m_notes.reason))
-        return false;
-    if (m_positions.components != 3) {
-        m_notes.reason = FillText(
-            kGltfBadComponents,
-            {std::to_wstring(*index), std::to_wstring(m_positions.components), L"POSITION", L"3"});
-        return false;
-    }
-    return true;
-}
-
-bool PrimitiveReader::findIndices()
-{
-    if (!FindMember(m_primitive, "indices"))
-        return true;
-    const auto index = WholeMember(m_primitive, "indices");
-    GltfAccessor accessor;
-    if (!index) {
-        m_notes.reason = FillText(kGltfNoSuch, {L"accessor", L"?"});
-        return false;
-    }
-    if (!FindAccessor(m_file, *index, accessor, m_notes.reason))
-        return false;
-    m_indices = accessor;
-    return true;
-}
-
 /// Asks for the memory of the arrays before any is had.
 bool PrimitiveReader::takeBudget()
 {
-    const std::uint64_t indices = m_indices ? m_indices->values.count : vertexCount();
-    const std::uint64_t corners = indices * GrowthOf(m_mode);
+    const std::uint64_t indices = m_source.indices ? m_source.indices->values.count : vertexCount();
+    const std::uint64_t corners = indices * GrowthOf(m_source.mode);
     const std::uint64_t cornerBytes =
-        sizeof(std::uint32_t) * (GrowthOf(m_mode) == 1 ? corners : corners + indices);
+        sizeof(std::uint32_t) * (GrowthOf(m_source.mode) == 1 ? corners : corners + indices);
     // A sparse accessor is read as a whole, and one without bytes is limited by nothing else.
-    const bool countsWhole = m_positions.sparseIndices.count > 0 || !m_positions.values.first;
+    const bool countsWhole =
+        m_source.positions.sparseIndices.count > 0 || !m_source.positions.values.first;
     const std::uint64_t vertices =
         countsWhole ? vertexCount() : std::min<std::uint64_t>(vertexCount(), corners * 16);
     m_taken = cornerBytes + vertices * kVertexBytes;
@@ -146,16 +86,17 @@ void PrimitiveReader::settleBudget()
 bool PrimitiveReader::readCorners()
 {
     MeshArray<std::uint32_t> run;
-    if (m_indices) {
-        if (!ReadWholeNumbers(m_file, *m_indices, run, m_notes.reason))
+    if (m_source.indices) {
+        if (!ReadWholeNumbers(m_file, *m_source.indices, run, m_notes.reason))
             return false;
     } else {
         run.Resize(vertexCount());
         std::iota(run.begin(), run.end(), 0u);
     }
-    if (GrowthOf(m_mode) == 1 && run.Size() % ArityOf(m_mode) != 0)
-        m_notes.warnings.push_back(FillText(kGltfRemainder, {std::to_wstring(ArityOf(m_mode))}));
-    m_corners = Unfold(m_mode, std::move(run));
+    if (GrowthOf(m_source.mode) == 1 && run.Size() % ArityOf(m_source.mode) != 0)
+        m_notes.warnings.push_back(
+            FillText(kGltfRemainder, {std::to_wstring(ArityOf(m_source.mode))}));
+    m_corners = Unfold(m_source.mode, std::move(run));
     return true;
 }
 
@@ -169,17 +110,18 @@ void PrimitiveReader::dropMissingVertices()
         return;
     const auto isMissing = [count](std::uint32_t corner) { return corner >= count; };
     const std::uint32_t first = *std::find_if(m_corners.begin(), m_corners.end(), isMissing);
-    const std::size_t leftOut = KeepGoodPieces(
-        m_corners, ArityOf(m_mode), [&](std::uint32_t corner) { return !isMissing(corner); });
+    const std::size_t leftOut =
+        KeepGoodPieces(m_corners, ArityOf(m_source.mode),
+                       [&](std::uint32_t corner) { return !isMissing(corner); });
     m_notes.warnings.push_back(
         FillText(kGltfIndexOutside, {std::to_wstring(first), std::to_wstring(count),
-                                     WordFor(m_mode), std::to_wstring(leftOut)}));
+                                     WordFor(m_source.mode), std::to_wstring(leftOut)}));
 }
 
 void PrimitiveReader::readPositions()
 {
     m_usesAll = ListUsedVertices(m_corners, vertexCount(), m_used);
-    readAttribute(m_positions, m_shape.mesh.positions);
+    readAttribute(m_source.positions, m_shape.mesh.positions);
 }
 
 void PrimitiveReader::dropNonFinite()
@@ -194,9 +136,9 @@ void PrimitiveReader::dropNonFinite()
         ++good;
     if (good == count)
         return;
-    const std::size_t leftOut = KeepGoodPieces(m_corners, ArityOf(m_mode), isGood);
+    const std::size_t leftOut = KeepGoodPieces(m_corners, ArityOf(m_source.mode), isGood);
     m_notes.warnings.push_back(
-        FillText(kGltfNonFinite, {WordFor(m_mode), std::to_wstring(leftOut)}));
+        FillText(kGltfNonFinite, {WordFor(m_source.mode), std::to_wstring(leftOut)}));
     MeshArray<std::uint32_t> kept;
     if (!ListUsedVertices(m_corners, count, kept))
         pickVertices(kept);
@@ -218,30 +160,6 @@ void PrimitiveReader::pickVertices(const MeshArray<std::uint32_t>& kept)
     m_usesAll = false;
 }
 
-/// @return false when there is no such attribute or it cannot be used, which is then told.
-bool PrimitiveReader::findAttribute(const char* name, GltfAccessor& accessor)
-{
-    const JsonValue* attributes = FindMember(m_primitive, "attributes");
-    const JsonValue* member = attributes ? FindMember(*attributes, name) : nullptr;
-    if (!member)
-        return false;
-    const std::string narrow = name;
-    const std::wstring wide(narrow.begin(), narrow.end());
-    std::wstring reason = FillText(kGltfNoSuch, {L"accessor", L"?"});
-    const auto index = ToWhole(*member);
-    if (!index || !FindAccessor(m_file, *index, accessor, reason)) {
-        m_notes.warnings.push_back(FillText(kGltfAttribute, {wide, reason}));
-        return false;
-    }
-    if (accessor.values.count != vertexCount()) {
-        m_notes.warnings.push_back(
-            FillText(kGltfAttributeCount, {wide, std::to_wstring(accessor.values.count),
-                                           std::to_wstring(vertexCount())}));
-        return false;
-    }
-    return true;
-}
-
 void PrimitiveReader::readAttribute(const GltfAccessor& accessor, MeshArray<float>& numbers)
 {
     if (m_usesAll)
@@ -253,7 +171,8 @@ void PrimitiveReader::readAttribute(const GltfAccessor& accessor, MeshArray<floa
 void PrimitiveReader::readNormals()
 {
     GltfAccessor accessor;
-    if (ArityOf(m_mode) != 3 || !findAttribute("NORMAL", accessor))
+    if (ArityOf(m_source.mode) != 3 ||
+        !FindAttribute(m_file, m_primitive, "NORMAL", vertexCount(), accessor, m_notes))
         return;
     if (accessor.components != 3) {
         m_notes.warnings.push_back(
@@ -270,7 +189,7 @@ void PrimitiveReader::readNormals()
 void PrimitiveReader::readColors(const GltfMaterial& material)
 {
     GltfAccessor accessor;
-    if (!findAttribute("COLOR_0", accessor))
+    if (!FindAttribute(m_file, m_primitive, "COLOR_0", vertexCount(), accessor, m_notes))
         return;
     if (accessor.components < 3) {
         m_notes.warnings.push_back(FillText(
@@ -310,7 +229,7 @@ void PrimitiveReader::sayNothingIsLeft()
 
 bool PrimitiveReader::Run(const GltfMaterial& material)
 {
-    if (!findMode() || !findPositions() || !findIndices() || !takeBudget())
+    if (!FindPrimitiveSource(m_file, m_primitive, m_source, m_notes.reason) || !takeBudget())
         return false;
     bool isRead = readCorners();
     if (isRead) {
@@ -323,7 +242,7 @@ bool PrimitiveReader::Run(const GltfMaterial& material)
     if (isRead) {
         readNormals();
         readColors(material);
-        const std::size_t arity = ArityOf(m_mode);
+        const std::size_t arity = ArityOf(m_source.mode);
         MeshArray<std::uint32_t>& target = arity == 3   ? m_shape.mesh.triangles
                                            : arity == 2 ? m_shape.segments
                                                         : m_shape.points;

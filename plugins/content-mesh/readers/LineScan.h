@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <string_view>
 
 namespace OrvikMesh {
 
@@ -36,6 +37,15 @@ inline const char* SkipToRow(const char* at, const char* end, char comment)
             return at;
         at = NextLine(at, end);
     }
+}
+
+/// @return the text without the blanks and line ends around it.
+inline std::string_view Trimmed(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
 }
 
 } // namespace OrvikMesh

@@ -7,16 +7,11 @@
 #include <OrvikOs/Utf8.h>
 
 #include <algorithm>
-#include <cstring>
-#include <stdexcept>
+#include <iterator>
 
 namespace OrvikMesh {
 
 namespace {
-
-/// Vertices of a point that are looked at for one with the normal wanted; a hostile file may give
-/// one point a million normals.
-constexpr int kMaxVerticesTried = 256;
 
 /// Turns a coded index into one from 0. @return false when it is out of range.
 bool resolve(std::int32_t code, std::uint32_t base, std::uint32_t count, std::uint32_t& index)
@@ -53,51 +48,13 @@ ObjAssembler::ObjAssembler(std::string_view text, const ReadOptions& options, Me
 
 void ObjAssembler::TakePoints(std::deque<ObjPiece>& pieces)
 {
-    std::uint64_t points = 0;
-    std::uint64_t normals = 0;
+    m_vertices.Take(pieces);
     std::uint64_t triangles = 0;
-    bool hasColors = false;
     for (const ObjPiece& piece : pieces) {
         const ObjScan& scan = piece.Scan();
-        points += scan.vertexCount;
-        normals += scan.normalCount;
         triangles += scan.cornerCount - std::min(scan.cornerCount, scan.faceCount * 2);
-        hasColors = hasColors || scan.colors;
-        m_hasNonFinite = m_hasNonFinite || scan.nonFiniteVertices > 0;
     }
-    if (points > kObjMaxIndex || normals > kObjMaxIndex)
-        throw std::length_error("too many points");
-    m_pointCount = static_cast<std::uint32_t>(points);
-    m_fileNormalCount = static_cast<std::uint32_t>(normals);
-
-    m_points.Reserve(points * 3);
-    m_normals.Reserve(normals * 3);
-    if (hasColors)
-        m_pointColors.Reserve(points * 4);
-    for (ObjPiece& piece : pieces) {
-        const ObjScan& scan = piece.Scan();
-        const std::size_t at = m_points.Size() / 3;
-        m_points.Resize((at + scan.vertexCount) * 3);
-        std::copy_n(scan.positions, std::size_t{scan.vertexCount} * 3, m_points.Data() + at * 3);
-        const std::size_t normalAt = m_normals.Size();
-        m_normals.Resize(normalAt + std::size_t{scan.normalCount} * 3);
-        std::copy_n(scan.normals, std::size_t{scan.normalCount} * 3, m_normals.Data() + normalAt);
-        if (hasColors) {
-            m_pointColors.Resize((at + scan.vertexCount) * 4);
-            std::uint8_t* target = m_pointColors.Data() + at * 4;
-            if (scan.colors)
-                std::copy_n(scan.colors, std::size_t{scan.vertexCount} * 4, target);
-            else
-                std::fill_n(target, std::size_t{scan.vertexCount} * 4, std::uint8_t{255});
-        }
-    }
-    m_firstVertex.Resize(m_pointCount);
-    std::fill(m_firstVertex.begin(), m_firstVertex.end(), kNone);
     m_mesh.triangles.Reserve(triangles * 3);
-    m_nextVertex.Reserve(m_pointCount);
-    m_vertexPoint.Reserve(m_pointCount);
-    if (m_fileNormalCount > 0)
-        m_vertexNormal.Reserve(m_pointCount);
 }
 
 void ObjAssembler::Add(const ObjPiece& piece)
@@ -137,25 +94,16 @@ void ObjAssembler::addThin(const ObjCorner* corners, const ObjFace& element, std
 {
     m_facePoints.resize(element.cornerCount);
     for (std::uint32_t i = 0; i < element.cornerCount; ++i)
-        if (!resolve(corners[i].vertex, m_base.vertex, m_pointCount, m_facePoints[i])) {
+        if (!resolve(corners[i].vertex, m_base.vertex, m_vertices.PointCount(), m_facePoints[i])) {
             m_badThin.Add(offset);
             return;
         }
-    if (!areFinite())
+    if (!m_vertices.AreFinite(m_facePoints))
         m_badThin.Add(offset);
     else if (element.kind == ObjElement::Line)
         m_thin.AddLine(m_facePoints, m_range);
     else
         m_thin.AddPoints(m_facePoints, m_range);
-}
-
-/// Whether all coordinates of m_facePoints are.
-bool ObjAssembler::areFinite() const
-{
-    return !m_hasNonFinite ||
-           std::all_of(m_facePoints.begin(), m_facePoints.end(), [this](std::uint32_t point) {
-               return IsFinitePoint(m_points.Data() + std::size_t{point} * 3);
-           });
 }
 
 /// Puts the corners of a face into m_facePoints and m_faceNormals. @return false when one of its
@@ -167,23 +115,23 @@ bool ObjAssembler::resolveFace(const ObjScan& scan, const ObjCorner* corners, co
     const auto offset = static_cast<std::uint64_t>(scan.begin - m_text.data()) + face.offset;
     bool lacksNormal = false;
     for (std::uint32_t i = 0; i < face.cornerCount; ++i) {
-        if (!resolve(corners[i].vertex, m_base.vertex, m_pointCount, m_facePoints[i]))
+        if (!resolve(corners[i].vertex, m_base.vertex, m_vertices.PointCount(), m_facePoints[i]))
             return false;
         m_faceNormals[i] = kNone;
         if (corners[i].normal != 0 &&
-            !resolve(corners[i].normal, m_base.normal, m_fileNormalCount, m_faceNormals[i]))
+            !resolve(corners[i].normal, m_base.normal, m_vertices.NormalCount(), m_faceNormals[i]))
             m_badNormals.Add(offset);
         lacksNormal = lacksNormal || m_faceNormals[i] == kNone;
     }
-    if (!areFinite()) {
+    if (!m_vertices.AreFinite(m_facePoints)) {
         m_nonFinite.Add(offset);
         m_facePoints.clear();
         return true;
     }
     if (face.cornerCount > Triangulator::kMaxEarCorners)
         m_fanned.Add(offset);
-    if (lacksNormal && m_fileNormalCount > 0) {
-        const std::uint32_t flat = addFlatNormal();
+    if (lacksNormal && m_vertices.NormalCount() > 0) {
+        const std::uint32_t flat = m_vertices.AddFlatNormal(m_facePoints);
         std::replace(m_faceNormals.begin(), m_faceNormals.end(), kNone, flat);
     }
     return true;
@@ -194,7 +142,7 @@ void ObjAssembler::appendFace(std::size_t cornerCount)
     if (m_facePoints.empty())
         return;
     for (std::size_t i = 0; i < cornerCount; ++i)
-        m_faceNormals[i] = vertexOf(m_facePoints[i], m_faceNormals[i]);
+        m_faceNormals[i] = m_vertices.VertexOf(m_facePoints[i], m_faceNormals[i]);
     const std::vector<std::uint32_t>& vertices = m_faceNormals;
     const std::size_t at = m_mesh.triangles.Size();
     if (cornerCount == 3) {
@@ -206,48 +154,10 @@ void ObjAssembler::appendFace(std::size_t cornerCount)
     }
     if (cornerCount > Triangulator::kManyCorners)
         PollCancel(m_options);
-    m_triangulator.Split(m_points.Data(), m_facePoints.data(), cornerCount, m_faceTriangles);
+    m_triangulator.Split(m_vertices.Points().Data(), m_facePoints.data(), cornerCount,
+                         m_faceTriangles);
     for (const std::uint32_t corner : m_faceTriangles)
         m_mesh.triangles.PushBack(vertices[corner]);
-}
-
-/// @return the vertex for a point with a normal (or kNone), made when it is new.
-std::uint32_t ObjAssembler::vertexOf(std::uint32_t point, std::uint32_t normal)
-{
-    std::uint32_t* link = &m_firstVertex[point];
-    for (int i = 0; i < kMaxVerticesTried && *link != kNone; ++i) {
-        if (m_fileNormalCount == 0 || m_vertexNormal[*link] == normal)
-            return *link;
-        link = &m_nextVertex[*link];
-    }
-    const auto vertex = static_cast<std::uint32_t>(m_vertexPoint.Size());
-    if (vertex == kNone)
-        throw std::length_error("too many vertices");
-    const std::uint32_t later = *link;
-    *link = vertex;
-    m_vertexPoint.PushBack(point);
-    m_nextVertex.PushBack(later);
-    if (m_fileNormalCount > 0)
-        m_vertexNormal.PushBack(normal);
-    return vertex;
-}
-
-/// Makes a normal for the face in hand from its border.
-std::uint32_t ObjAssembler::addFlatNormal()
-{
-    float normal[3] = {0.0f, 0.0f, 0.0f};
-    const float* from = m_points.Data() + std::size_t{m_facePoints.back()} * 3;
-    for (const std::uint32_t point : m_facePoints) {
-        const float* to = m_points.Data() + std::size_t{point} * 3;
-        normal[0] += (from[1] - to[1]) * (from[2] + to[2]);
-        normal[1] += (from[2] - to[2]) * (from[0] + to[0]);
-        normal[2] += (from[0] - to[0]) * (from[1] + to[1]);
-        from = to;
-    }
-    const auto index = static_cast<std::uint32_t>(m_normals.Size() / 3);
-    for (const float component : normal)
-        m_normals.PushBack(component);
-    return index;
 }
 
 void ObjAssembler::applyName(const ObjName& name)
@@ -292,7 +202,7 @@ void ObjAssembler::endRange()
 void ObjAssembler::Finish(ReadMessages& messages)
 {
     endRange();
-    fillVertices();
+    m_vertices.Fill(m_mesh);
     m_mesh.triangles.ShrinkToFit();
     std::transform(m_objectNames.names.begin(), m_objectNames.names.end(),
                    std::back_inserter(m_mesh.objects), toWide);
@@ -317,42 +227,11 @@ void ObjAssembler::Finish(ReadMessages& messages)
 
 bool ObjAssembler::MakeCloud(ReadMessages& messages)
 {
-    m_mesh.positions = std::move(m_points);
-    m_mesh.colors = std::move(m_pointColors);
-    if (m_fileNormalCount == m_pointCount && m_fileNormalCount > 0)
-        m_mesh.normals = std::move(m_normals);
-    NormalizeNormals(m_mesh);
+    m_vertices.MakeCloud(m_mesh);
     if (!FinishPoints(m_mesh, messages))
         return false;
     messages.Warn(kObjOnlyPoints);
     return true;
-}
-
-void ObjAssembler::fillVertices()
-{
-    const std::size_t count = m_vertexPoint.Size();
-    m_mesh.positions.Resize(count * 3);
-    for (std::size_t i = 0; i < count; ++i)
-        std::memcpy(m_mesh.positions.Data() + i * 3,
-                    m_points.Data() + std::size_t{m_vertexPoint[i]} * 3, 3 * sizeof(float));
-    if (!m_pointColors.IsEmpty()) {
-        m_mesh.colors.Resize(count * 4);
-        for (std::size_t i = 0; i < count; ++i)
-            std::memcpy(m_mesh.colors.Data() + i * 4,
-                        m_pointColors.Data() + std::size_t{m_vertexPoint[i]} * 4, 4);
-    }
-    const bool usesNormals =
-        std::any_of(m_vertexNormal.begin(), m_vertexNormal.end(),
-                    [this](std::uint32_t normal) { return normal < m_fileNormalCount; });
-    if (!usesNormals)
-        return;
-    m_mesh.normals.Resize(count * 3);
-    for (std::size_t i = 0; i < count; ++i) {
-        float* normal = m_mesh.normals.Data() + i * 3;
-        std::memcpy(normal, m_normals.Data() + std::size_t{m_vertexNormal[i]} * 3,
-                    3 * sizeof(float));
-        NormalizeVector(normal);
-    }
 }
 
 void ObjAssembler::addCounts(const ObjScan& scan)

@@ -5,6 +5,7 @@
 #include "readers/MeshReader.h"
 #include "readers/ObjPiece.h"
 #include "readers/ObjThinBodies.h"
+#include "readers/ObjVertices.h"
 #include "readers/ReadMessages.h"
 #include "readers/Triangulate.h"
 
@@ -72,14 +73,10 @@ private:
 
     void addFace(const ObjScan& scan, const ObjCorner* corners, const ObjFace& face);
     void addThin(const ObjCorner* corners, const ObjFace& element, std::uint64_t offset);
-    bool areFinite() const;
     bool resolveFace(const ObjScan& scan, const ObjCorner* corners, const ObjFace& face);
     void appendFace(std::size_t cornerCount);
-    std::uint32_t vertexOf(std::uint32_t point, std::uint32_t normal);
-    std::uint32_t addFlatNormal();
     void applyName(const ObjName& name);
     void endRange();
-    void fillVertices();
     void warn(ReadMessages& messages, const wchar_t* reason, const Occurrences& occurrences) const;
     void addCounts(const ObjScan& scan);
 
@@ -88,18 +85,8 @@ private:
     MeshData& m_mesh;
     Triangulator m_triangulator;
 
-    MeshArray<float> m_points; ///< Of the file: three per point.
-    MeshArray<std::uint8_t> m_pointColors;
-    MeshArray<float> m_normals; ///< Of the file, then those made for faces without.
-    std::uint32_t m_pointCount = 0;
-    std::uint32_t m_fileNormalCount = 0;
-    bool m_hasNonFinite = false;
+    ObjVertices m_vertices;
     Base m_base;
-
-    MeshArray<std::uint32_t> m_firstVertex; ///< Per point: its first vertex, or kNone.
-    MeshArray<std::uint32_t> m_nextVertex;  ///< Per vertex: the next of the same point, or kNone.
-    MeshArray<std::uint32_t> m_vertexPoint; ///< Per vertex: its point.
-    MeshArray<std::uint32_t> m_vertexNormal;
 
     std::vector<std::uint32_t> m_facePoints; ///< Of the face in hand.
     std::vector<std::uint32_t> m_faceNormals;
@@ -110,7 +97,7 @@ private:
     NameTable m_materialNames;
     std::vector<std::string> m_libraries;
     MeshRange m_range; ///< The run that is being filled.
-    ObjThinBodies m_thin{m_points, m_pointColors};
+    ObjThinBodies m_thin{m_vertices.Points(), m_vertices.PointColors()};
 
     Occurrences m_badIndices;
     Occurrences m_badNormals;

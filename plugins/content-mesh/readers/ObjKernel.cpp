@@ -1,6 +1,7 @@
 #include "readers/ObjKernel.h"
 
-#include "readers/NumberScan.h"
+#include "readers/LineScan.h"
+#include "readers/ObjStatement.h"
 
 #include <cmath>
 #include <cstring>
@@ -24,48 +25,6 @@ void note(ScanOccurrences& occurrences, const char* at)
         occurrences.first = at;
 }
 
-/// @return the start of the next line, or the end of the piece.
-const char* nextLine(const char* at, const char* end)
-{
-    if (at < end && *at == '\n')
-        return at + 1;
-    const void* found =
-        at < end ? std::memchr(at, '\n', static_cast<std::size_t>(end - at)) : nullptr;
-    return found ? static_cast<const char*>(found) + 1 : end;
-}
-
-/// Whether the line before @p next, the start of another, goes on there.
-bool isContinued(const char* begin, const char* next)
-{
-    const char* last = next;
-    if (last > begin && last[-1] == '\n')
-        --last;
-    if (last > begin && last[-1] == '\r')
-        --last;
-    return last > begin && last[-1] == '\\';
-}
-
-/// As nextLine(), past lines that continue it.
-const char* nextStatement(const char* at, const char* end)
-{
-    const char* begin = at;
-    do {
-        at = nextLine(at, end);
-    } while (at < end && isContinued(begin, at));
-    return at;
-}
-
-bool atLineEnd(const char* at, const char* end)
-{
-    return at == end || IsLineEnd(*at);
-}
-
-/// A backslash that ends its line.
-bool atContinuation(const char* at, const char* end)
-{
-    return at < end && *at == '\\' && (at + 1 == end || IsLineEnd(at[1]));
-}
-
 std::uint8_t toByte(float value)
 {
     return static_cast<std::uint8_t>(value <= 0.0f   ? 0.0f
@@ -78,16 +37,16 @@ LineStop readVertexTail(ObjScan& scan, const char* line, const char* at)
 {
     float extra[4];
     std::size_t count = 0;
-    while (count < 4 && !atLineEnd(at, scan.end)) {
+    while (count < 4 && !AtLineEnd(at, scan.end)) {
         const char* next = ScanFloat(at, scan.end, extra[count]);
         if (!next)
             break;
         ++count;
         at = SkipBlanks(next, scan.end);
     }
-    if (atContinuation(at, scan.end))
+    if (AtContinuation(at, scan.end))
         return LineStop::Continued;
-    if (!atLineEnd(at, scan.end) && *at != '#')
+    if (!AtLineEnd(at, scan.end) && *at != '#')
         note(scan.junkLines, line);
     if (count < 3)
         return LineStop::Done;
@@ -122,7 +81,7 @@ LineStop readVertex(ObjScan& scan, const char* line)
     float* position = scan.positions + std::size_t{scan.vertexCount} * 3;
     std::size_t count = 0;
     const char* at = SkipBlanks(readThree(line + 1, scan.end, position, count), scan.end);
-    if (atContinuation(at, scan.end))
+    if (AtContinuation(at, scan.end))
         return LineStop::Continued;
     if (scan.colors)
         std::memset(scan.colors + std::size_t{scan.vertexCount} * 4, 255, 4);
@@ -130,7 +89,7 @@ LineStop readVertex(ObjScan& scan, const char* line)
         note(scan.badNumbers, line);
         for (std::size_t i = 0; i < 3; ++i)
             position[i] = std::numeric_limits<float>::quiet_NaN();
-    } else if (!atLineEnd(at, scan.end)) {
+    } else if (!AtLineEnd(at, scan.end)) {
         const LineStop stop = readVertexTail(scan, line, at);
         if (stop != LineStop::Done)
             return stop;
@@ -139,7 +98,7 @@ LineStop readVertex(ObjScan& scan, const char* line)
         std::isfinite(position[0]) && std::isfinite(position[1]) && std::isfinite(position[2]) ? 0
                                                                                                : 1;
     ++scan.vertexCount;
-    scan.at = nextLine(at, scan.end);
+    scan.at = NextLine(at, scan.end);
     return LineStop::Done;
 }
 
@@ -150,12 +109,12 @@ LineStop readNormal(ObjScan& scan, const char* line)
     float* normal = scan.normals + std::size_t{scan.normalCount} * 3;
     std::size_t count = 0;
     const char* at = SkipBlanks(readThree(line + 2, scan.end, normal, count), scan.end);
-    if (atContinuation(at, scan.end))
+    if (AtContinuation(at, scan.end))
         return LineStop::Continued;
     if (count < 3)
         normal[0] = normal[1] = normal[2] = 0.0f;
     ++scan.normalCount;
-    scan.at = nextLine(at, scan.end);
+    scan.at = NextLine(at, scan.end);
     return LineStop::Done;
 }
 
@@ -189,14 +148,14 @@ inline const char* readCorner(ObjScan& scan, const char* at, ObjCorner& corner)
     if (!at || at == scan.end || *at != '/')
         return at;
     ++at;
-    if (at < scan.end && *at != '/' && !IsBlank(*at) && !atLineEnd(at, scan.end)) {
+    if (at < scan.end && *at != '/' && !IsBlank(*at) && !AtLineEnd(at, scan.end)) {
         std::int32_t texture = 0;
         at = readIndex(at, scan.end, 0, texture);
     }
     if (!at || at == scan.end || *at != '/')
         return at;
     ++at;
-    if (atLineEnd(at, scan.end) || IsBlank(*at))
+    if (AtLineEnd(at, scan.end) || IsBlank(*at))
         return at;
     at = readIndex(at, scan.end, scan.normalCount, corner.normal);
     if (at && corner.normal == 0)
@@ -219,18 +178,18 @@ LineStop readFace(ObjScan& scan, const char* line, std::size_t keyword, ObjEleme
     const char* at = line + keyword;
     for (;;) {
         at = SkipBlanks(at, scan.end);
-        if (atLineEnd(at, scan.end) || *at == '#')
+        if (AtLineEnd(at, scan.end) || *at == '#')
             break;
-        if (atContinuation(at, scan.end))
+        if (AtContinuation(at, scan.end))
             return LineStop::Continued;
         if (last == scan.cornerRoom) {
             scan.areCornersFull = true;
             return LineStop::Full;
         }
         const char* next = readCorner(scan, at, scan.corners[last]);
-        if (!next || !(atLineEnd(next, scan.end) || IsBlank(*next) || *next == '\\')) {
+        if (!next || !(AtLineEnd(next, scan.end) || IsBlank(*next) || *next == '\\')) {
             note(scan.junkLines, line);
-            scan.at = nextStatement(at, scan.end);
+            scan.at = NextStatement(at, scan.end);
             return LineStop::Done;
         }
         hasZero = hasZero || scan.corners[last].vertex == 0;
@@ -250,48 +209,8 @@ LineStop readFace(ObjScan& scan, const char* line, std::size_t keyword, ObjEleme
         face.offset = static_cast<std::uint32_t>(line - scan.begin);
         scan.cornerCount = last;
     }
-    scan.at = nextLine(at, scan.end);
+    scan.at = NextLine(at, scan.end);
     return LineStop::Done;
-}
-
-bool startsWith(const char* at, const char* end, const char* word, std::size_t length)
-{
-    return static_cast<std::size_t>(end - at) > length && std::memcmp(at, word, length) == 0 &&
-           IsBlank(at[length]);
-}
-
-/// o, g, usemtl, mtllib: lines that name something. "g" alone names the group without a name.
-bool isNameLine(const char* at, const char* end)
-{
-    if (*at == 'o' || *at == 'g')
-        return at + 1 == end || IsBlank(at[1]) || IsLineEnd(at[1]);
-    return startsWith(at, end, "usemtl", 6) || startsWith(at, end, "mtllib", 6);
-}
-
-/// Smoothing groups and the like, which change nothing that is drawn here.
-bool isSilent(const char* at, const char* end)
-{
-    return startsWith(at, end, "s", 1) || startsWith(at, end, "mg", 2) ||
-           startsWith(at, end, "usemap", 6) || startsWith(at, end, "maplib", 6) ||
-           startsWith(at, end, "bevel", 5) || startsWith(at, end, "lod", 3) ||
-           startsWith(at, end, "c_interp", 8) || startsWith(at, end, "d_interp", 8);
-}
-
-bool isCurveOrSurface(const char* at, const char* end)
-{
-    return startsWith(at, end, "curv", 4) || startsWith(at, end, "curv2", 5) ||
-           startsWith(at, end, "surf", 4);
-}
-
-/// The words that belong to free-form curves and surfaces.
-bool isFreeForm(const char* at, const char* end)
-{
-    static constexpr const char* kWords[] = {"vp",   "deg",  "bmat", "step", "cstype", "parm",
-                                             "trim", "hole", "scrv", "sp",   "con"};
-    for (const char* word : kWords)
-        if (startsWith(at, end, word, std::strlen(word)))
-            return true;
-    return static_cast<std::size_t>(end - at) >= 3 && std::memcmp(at, "end", 3) == 0;
 }
 
 /// Anything but vertices, normals and elements. @return false for a line that names something.
@@ -299,20 +218,20 @@ bool skipOther(ObjScan& scan, const char* at)
 {
     if (*at == '#') {
         // A backslash at the end of a comment is a part of it, often of a path.
-        scan.at = nextLine(at, scan.end);
+        scan.at = NextLine(at, scan.end);
         return true;
     }
-    if (isNameLine(at, scan.end)) {
-        const char* next = nextLine(at, scan.end);
+    if (IsObjNameLine(at, scan.end)) {
+        const char* next = NextLine(at, scan.end);
         scan.nameBegin = at;
         scan.nameEnd = next;
         return false;
     }
-    if (isCurveOrSurface(at, scan.end))
+    if (IsObjCurveOrSurface(at, scan.end))
         note(scan.leftOut, at);
-    else if (!isSilent(at, scan.end) && !isFreeForm(at, scan.end))
+    else if (!IsObjSilent(at, scan.end) && !IsObjFreeForm(at, scan.end))
         note(scan.junkLines, at);
-    scan.at = nextStatement(at, scan.end);
+    scan.at = NextStatement(at, scan.end);
     return true;
 }
 
@@ -353,11 +272,11 @@ ObjStop ScanObj(ObjScan& scan)
         } else if (*at == 'v' && second == 'n') {
             stop = readNormal(scan, at);
         } else if (*at == 'v' && second == 't') {
-            scan.at = nextStatement(at, scan.end);
-        } else if (startsWith(at, scan.end, "fo", 2)) {
+            scan.at = NextStatement(at, scan.end);
+        } else if (StartsWithWord(at, scan.end, "fo", 2)) {
             stop = readFace(scan, at, 2, ObjElement::Face);
         } else if (!skipOther(scan, at)) {
-            if (isContinued(at, scan.nameEnd) && scan.nameEnd < scan.end)
+            if (IsContinued(at, scan.nameEnd) && scan.nameEnd < scan.end)
                 return ObjStop::Continued;
             scan.at = scan.nameEnd;
             return ObjStop::Name;

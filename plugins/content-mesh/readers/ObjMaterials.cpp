@@ -1,7 +1,7 @@
 #include "readers/ObjMaterials.h"
 
+#include "readers/LineScan.h"
 #include "readers/MeshReader.h"
-#include "readers/NumberScan.h"
 #include "readers/ReaderTexts.h"
 #include "readers/SideFiles.h"
 #include "readers/TextEncoding.h"
@@ -19,14 +19,6 @@ namespace {
 
 /// Undefined materials that are named one by one.
 constexpr std::size_t kMaxNamedMaterials = 8;
-
-std::string_view trimmed(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
 
 /// Reads up to three numbers. @return how many there were.
 std::size_t readNumbers(std::string_view text, float* values)
@@ -89,7 +81,7 @@ std::vector<std::string> libraryNames(const std::wstring& path, const std::strin
     for (std::string_view left = rest; !left.empty();) {
         const std::size_t end = std::min(left.find_first_of(" \t"), left.size());
         names.emplace_back(left.substr(0, end));
-        left = trimmed(left.substr(end));
+        left = Trimmed(left.substr(end));
     }
     return names;
 }
@@ -125,11 +117,11 @@ void ReadMaterialText(std::string_view text, MaterialColors& colors)
     MeshColor* current = &ignored;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\n'), text.size());
-        const std::string_view line = trimmed(text.substr(0, end));
+        const std::string_view line = Trimmed(text.substr(0, end));
         text.remove_prefix(std::min(end + 1, text.size()));
         const std::size_t keywordEnd = std::min(line.find_first_of(" \t"), line.size());
         const std::string_view keyword = line.substr(0, keywordEnd);
-        const std::string_view rest = trimmed(line.substr(keywordEnd));
+        const std::string_view rest = Trimmed(line.substr(keywordEnd));
         if (keyword == "newmtl") {
             const auto [entry, isNew] = colors.emplace(std::string(rest), MeshColor{});
             current = isNew ? &entry->second : &ignored;

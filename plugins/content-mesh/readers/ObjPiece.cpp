@@ -1,5 +1,7 @@
 #include "readers/ObjPiece.h"
 
+#include "readers/LineScan.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -10,14 +12,6 @@ namespace {
 constexpr std::uint32_t kFirstRoom = 1024;
 /// Longest name that is kept, in bytes.
 constexpr std::size_t kMaxNameBytes = 1024;
-
-std::string_view trimmed(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
 
 /// Doubles an array that is full. @return the new room.
 template <class T>
@@ -150,7 +144,7 @@ void ObjPiece::addName()
                 : keyword == "usemtl" ? ObjName::Kind::Material
                                       : ObjName::Kind::Library;
     name.face = m_scan.faceCount;
-    name.name = trimmed(line.substr(keywordEnd)).substr(0, kMaxNameBytes);
+    name.name = Trimmed(line.substr(keywordEnd)).substr(0, kMaxNameBytes);
     m_names.push_back(std::move(name));
 }
 

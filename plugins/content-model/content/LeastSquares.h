@@ -1,7 +1,7 @@
 #ifndef ORVIKMODEL_CONTENT_LEASTSQUARES_H
 #define ORVIKMODEL_CONTENT_LEASTSQUARES_H
 
-#include "content/Vector3.h"
+#include "content/Vectors.h"
 
 #include <array>
 

@@ -70,8 +70,8 @@ double Primitives::Noise() const
     double enlarged = 0.0;
     for (int axis = 0; axis < 3; ++axis) {
         farthest = std::max({farthest, std::abs(box.Lo()[axis]), std::abs(box.Hi()[axis])});
-        enlarged = std::max(
-            enlarged, Length({m_world[axis * 4], m_world[axis * 4 + 1], m_world[axis * 4 + 2]}));
+        enlarged = std::max(enlarged, Length(Vector3{m_world[axis * 4], m_world[axis * 4 + 1],
+                                                     m_world[axis * 4 + 2]}));
     }
     return static_cast<double>(std::numeric_limits<float>::epsilon()) * farthest * enlarged;
 }

@@ -1,7 +1,7 @@
 #ifndef ORVIKMODEL_CONTENT_PRIMITIVES_H
 #define ORVIKMODEL_CONTENT_PRIMITIVES_H
 
-#include "content/Vector3.h"
+#include "content/Vectors.h"
 
 #include <TambVizCore/Geometry.h>
 #include <TambVizCore/PartKind.h>

@@ -1,6 +1,6 @@
 #include "content/SavedViews.h"
 
-#include "content/Vector3.h"
+#include "content/Vectors.h"
 
 #include "OrvikCore/ACamera.h"
 #include "OrvikCore/ICameraProvider.h"

@@ -23,8 +23,7 @@ Primitive make(std::initializer_list<Vector3> corners)
 double distanceOf(const Primitive& a, const Primitive& b)
 {
     const NearestPoints points = FindNearest(a, b);
-    EXPECT_NEAR(OrvikModel::Length(points.to - points.from), std::sqrt(points.squaredDistance),
-                1e-12);
+    EXPECT_NEAR(Length(points.to - points.from), std::sqrt(points.squaredDistance), 1e-12);
     return std::sqrt(points.squaredDistance);
 }
 
@@ -94,8 +93,8 @@ TEST(PrimitiveDistance, NoPairOfPointsIsNearer)
 
         double least = 1e300;
         for (int i = 0; i < 200; ++i)
-            least = std::min(least, OrvikModel::Length(pointOf(a, share(random), share(random)) -
-                                                       pointOf(b, share(random), share(random))));
+            least = std::min(least, Length(pointOf(a, share(random), share(random)) -
+                                           pointOf(b, share(random), share(random))));
 
         EXPECT_LE(distance, least + 1e-12);
         EXPECT_NEAR(distance, distanceOf(b, a), 1e-12);

@@ -19,16 +19,16 @@ using Segments = std::vector<std::array<Vector3, 2>>;
 /// A tilted, moved place for points given in a frame of their own.
 Vector3 tilt(double x, double y, double z)
 {
-    const Vector3 u = OrvikModel::Normalized({1.0, 2.0, 2.0});
-    const Vector3 v = OrvikModel::Normalized({2.0, 1.0, -2.0});
-    const Vector3 w = OrvikModel::Cross(u, v);
+    const Vector3 u = OrvikRay::Normalized({1.0, 2.0, 2.0});
+    const Vector3 v = OrvikRay::Normalized({2.0, 1.0, -2.0});
+    const Vector3 w = OrvikRay::Cross(u, v);
     return Vector3{10.0, -20.0, 30.0} + u * x + v * y + w * z;
 }
 
 Vector3 axisOfTilt()
 {
-    return OrvikModel::Cross(OrvikModel::Normalized({1.0, 2.0, 2.0}),
-                             OrvikModel::Normalized({2.0, 1.0, -2.0}));
+    return OrvikRay::Cross(OrvikRay::Normalized({1.0, 2.0, 2.0}),
+                           OrvikRay::Normalized({2.0, 1.0, -2.0}));
 }
 
 /// The wall of a cylinder about the tilted z axis from -1 to 3, @p steps facets over an angle.
@@ -85,8 +85,8 @@ TEST(ShapeFits, PlaneHasTheNormalOfItsTriangles)
                               0.0);
 
     ASSERT_TRUE(fit);
-    EXPECT_NEAR(OrvikModel::Length(fit->normal - axisOfTilt()), 0.0, 1e-12);
-    EXPECT_NEAR(OrvikModel::Length(fit->origin - tilt(1, 1, 1)), 0.0, 1e-12);
+    EXPECT_NEAR(OrvikRay::Length(fit->normal - axisOfTilt()), 0.0, 1e-12);
+    EXPECT_NEAR(OrvikRay::Length(fit->origin - tilt(1, 1, 1)), 0.0, 1e-12);
 }
 
 TEST(ShapeFits, BentFacesAreNotPlane)
@@ -107,8 +107,8 @@ TEST(ShapeFits, CylinderIsFoundFromAPieceOfItsWall)
 
         ASSERT_TRUE(fit) << angle;
         EXPECT_NEAR(fit->radius, 5.0, 1e-9);
-        EXPECT_NEAR(std::abs(OrvikModel::Dot(fit->axis, axisOfTilt())), 1.0, 1e-9);
-        EXPECT_NEAR(OrvikModel::Length(fit->center - tilt(0, 0, 1)), 0.0, 1e-8);
+        EXPECT_NEAR(std::abs(OrvikRay::Dot(fit->axis, axisOfTilt())), 1.0, 1e-9);
+        EXPECT_NEAR(OrvikRay::Length(fit->center - tilt(0, 0, 1)), 0.0, 1e-8);
     }
 }
 
@@ -136,8 +136,8 @@ TEST(ShapeFits, SphereIsFoundFromACap)
 
     ASSERT_TRUE(fit);
     EXPECT_NEAR(fit->radius, 2.0, 1e-9);
-    EXPECT_NEAR(OrvikModel::Length(fit->center - tilt(0, 0, 0)), 0.0, 1e-8);
-    EXPECT_EQ(OrvikModel::Length(fit->axis), 0.0);
+    EXPECT_NEAR(OrvikRay::Length(fit->center - tilt(0, 0, 0)), 0.0, 1e-8);
+    EXPECT_EQ(OrvikRay::Length(fit->axis), 0.0);
     EXPECT_FALSE(FitSphere(cylinder(5.0, 24, 2.0), 0.0));
     EXPECT_FALSE(FitSphere({}, 0.0));
 }
@@ -147,8 +147,8 @@ TEST(ShapeFits, StraightEdgeIsALineInAnyOrderOfItsSegments)
     const auto fit = FitLine({{tilt(2, 0, 0), tilt(3, 0, 0)}, {tilt(0, 0, 0), tilt(2, 0, 0)}}, 0.0);
 
     ASSERT_TRUE(fit);
-    EXPECT_NEAR(std::abs(OrvikModel::Dot(fit->direction, OrvikModel::Normalized({1.0, 2.0, 2.0}))),
-                1.0, 1e-12);
+    EXPECT_NEAR(std::abs(OrvikRay::Dot(fit->direction, OrvikRay::Normalized({1.0, 2.0, 2.0}))), 1.0,
+                1e-12);
     EXPECT_FALSE(FitLine({{tilt(0, 0, 0), tilt(2, 0, 0)}, {tilt(2, 0, 0), tilt(3, 1, 0)}}, 0.0));
     EXPECT_FALSE(FitLine({}, 0.0));
     EXPECT_FALSE(FitLine({{tilt(0, 0, 0), tilt(0, 0, 0)}}, 0.0));
@@ -160,8 +160,8 @@ TEST(ShapeFits, ClosedRoundEdgeIsACircle)
 
     ASSERT_TRUE(fit);
     EXPECT_NEAR(fit->radius, 3.0, 1e-9);
-    EXPECT_NEAR(OrvikModel::Length(fit->center - tilt(0, 0, 0)), 0.0, 1e-9);
-    EXPECT_NEAR(std::abs(OrvikModel::Dot(fit->axis, axisOfTilt())), 1.0, 1e-9);
+    EXPECT_NEAR(OrvikRay::Length(fit->center - tilt(0, 0, 0)), 0.0, 1e-9);
+    EXPECT_NEAR(std::abs(OrvikRay::Dot(fit->axis, axisOfTilt())), 1.0, 1e-9);
 }
 
 TEST(ShapeFits, OpenAndAngularEdgesAreNoCircles)

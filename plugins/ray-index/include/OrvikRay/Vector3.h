@@ -2,6 +2,7 @@
 #define ORVIKRAY_VECTOR3_H
 
 #include <cmath>
+#include <cstddef>
 
 namespace OrvikRay {
 
@@ -12,6 +13,8 @@ struct Vector3
     double x = 0.0;
     double y = 0.0;
     double z = 0.0;
+
+    double operator[](std::size_t axis) const { return axis == 0 ? x : axis == 1 ? y : z; }
 };
 
 inline Vector3 operator+(const Vector3& a, const Vector3& b)
@@ -42,6 +45,13 @@ inline Vector3 Cross(const Vector3& a, const Vector3& b)
 inline double Length(const Vector3& a)
 {
     return std::sqrt(Dot(a, a));
+}
+
+/// @return a vector of the same direction and unit length; zeros for one without length.
+inline Vector3 Normalized(const Vector3& a)
+{
+    const double length = Length(a);
+    return length > 0.0 ? a * (1.0 / length) : Vector3{};
 }
 
 /// @param point  float[3].
