@@ -17,6 +17,9 @@ using TambVizCore::Utils;
 
 namespace {
 
+/// Largest side of a picture, pixels.
+constexpr double kMaxPictureSide = 16384;
+
 TambServiceSetCollectionBase& services()
 {
     return *TambServiceSetCollectionPelluxApplication::GetServiceSetCollection();
@@ -70,6 +73,19 @@ Parameter PathParameter(std::string name, std::string help)
     parameter.name = std::move(name);
     parameter.type = ValueType::Path;
     parameter.help = std::move(help);
+    return parameter;
+}
+
+Parameter PictureSideParameter(std::string name)
+{
+    Parameter parameter;
+    parameter.help = name + " of the picture; that of the view when left out";
+    parameter.name = std::move(name);
+    parameter.type = ValueType::Integer;
+    parameter.unit = "pixels";
+    parameter.presence = Presence::Optional;
+    parameter.minimum = 1;
+    parameter.maximum = kMaxPictureSide;
     return parameter;
 }
 

@@ -29,6 +29,9 @@ TambCommandsInfra::Parameter RealParameter(std::string name, std::string help, s
 TambCommandsInfra::Parameter PointParameter(std::string name, std::string help);
 TambCommandsInfra::Parameter PathParameter(std::string name, std::string help);
 
+/// An optional side of a picture, pixels; name is "width" or "height".
+TambCommandsInfra::Parameter PictureSideParameter(std::string name);
+
 /// An optional switch that is on when left out.
 TambCommandsInfra::Parameter SwitchParameter(std::string name, std::string help);
 

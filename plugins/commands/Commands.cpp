@@ -29,6 +29,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterSelectionFindCommands(table);
     RegisterPreferenceCommands(table);
     RegisterSavedViewCommands(table);
+    RegisterFaceThicknessCommand(table);
     RegisterSettingsCommands(table);
     RegisterTessellationCommands(table);
     RegisterViewCommands(table);

@@ -33,9 +33,6 @@ using TambCommandsInfra::Presence;
 using TambCommandsInfra::Value;
 using TambCommandsInfra::ValueType;
 
-/// Largest side of a picture, pixels.
-constexpr double kMaxSide = 16384;
-
 OrvikCore::ABufferManipulator& pictures()
 {
     OrvikCore::ABufferManipulator* const manipulator =
@@ -63,19 +60,6 @@ Command sizeCommand()
         });
     };
     return command;
-}
-
-Parameter sideParameter(const std::string& name)
-{
-    Parameter parameter;
-    parameter.name = name;
-    parameter.type = ValueType::Integer;
-    parameter.help = name + " of the picture; that of the view when left out";
-    parameter.unit = "pixels";
-    parameter.presence = Presence::Optional;
-    parameter.minimum = 1;
-    parameter.maximum = kMaxSide;
-    return parameter;
 }
 
 int sideArgument(const Arguments& arguments, const char* name)
@@ -123,7 +107,8 @@ Command saveImageCommand()
         SwitchParameter("transparent", "#t leaves the background out; #f when left out");
     transparent.defaultValue = Value(false);
     command.parameters = {PathParameter("path", "PNG file to write; one that exists is replaced"),
-                          sideParameter("width"), sideParameter("height"), transparent};
+                          PictureSideParameter("width"), PictureSideParameter("height"),
+                          transparent};
     command.summary = "Writes a picture of the view.";
     command.help = "A path that does not begin at the root is meant in the default output "
                    "directory. The file's texts name program, models, camera and the command that "
@@ -174,7 +159,7 @@ Command idPictureCommand()
     Command command;
     command.name = "view:id-picture";
     command.parameters = {PathParameter("path", "PNG file to write; one that exists is replaced"),
-                          sideParameter("width"), sideParameter("height")};
+                          PictureSideParameter("width"), PictureSideParameter("height")};
     command.result = ValueType::List;
     command.resultHelp = "what is drawn: the first has the number 1, the second 2, ...; #f for "
                          "what is drawn of no entity";

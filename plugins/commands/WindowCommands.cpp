@@ -27,8 +27,6 @@ using TambVizCore::Utils;
 /// Exit codes that every system can hand on.
 constexpr double kMaxExitCode = 255;
 
-constexpr double kMaxSide = 16384;
-
 /// @throws std::runtime_error "This program has no window.". Main thread.
 IHostWindow& hostWindow()
 {
@@ -101,24 +99,11 @@ Command watchCommand()
     return command;
 }
 
-Parameter sideParameter(const std::string& name)
-{
-    Parameter parameter;
-    parameter.name = name;
-    parameter.type = ValueType::Integer;
-    parameter.help = name + " of the picture; that of the view when left out";
-    parameter.unit = "pixels";
-    parameter.presence = Presence::Optional;
-    parameter.minimum = 1;
-    parameter.maximum = kMaxSide;
-    return parameter;
-}
-
 Command copyImageCommand()
 {
     Command command;
     command.name = "view:copy-image";
-    command.parameters = {sideParameter("width"), sideParameter("height")};
+    command.parameters = {PictureSideParameter("width"), PictureSideParameter("height")};
     command.summary = "Puts a picture of the view into the clipboard.";
     command.example = "(view:copy-image 1920 1080)";
     command.handler = [](const Arguments& arguments) {

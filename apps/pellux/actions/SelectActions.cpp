@@ -127,9 +127,7 @@ ActionDefinitions MeasureActions()
          tr("Measures how thick the material is behind the face that is selected"),
          "",
          "",
-         FixedScript("(let ((face (car (sel:get))))\n"
-                     "  (measure:thickness (map + (entity:center face) (entity:normal face))\n"
-                     "                     (map - (entity:normal face))))"),
+         FixedScript("(measure:face-thickness (car (sel:get)))"),
          {},
          Needs::OneSelected},
         {"measure.length",

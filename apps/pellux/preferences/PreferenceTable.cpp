@@ -72,6 +72,16 @@ Preference navigation()
     return preference;
 }
 
+/// One of the settings that loaders share; scripts may change it too.
+Preference loadMode(const char* key, const char* title, const char* name)
+{
+    Preference preference = toggle("loading", key, title, /*standard=*/false, "");
+    preference.form =
+        QStringLiteral("(WEND.set%1 %2)").arg(QLatin1String(name), QStringLiteral("%1"));
+    preference.question = QByteArray("WEND.get") + name;
+    return preference;
+}
+
 std::vector<Preference> makeTable()
 {
     return {
@@ -121,6 +131,11 @@ std::vector<Preference> makeTable()
         fineness("max-angle",
                  QT_TRANSLATE_NOOP("Preferences", "Greatest angle, degrees; 0 for the default"),
                  180.0),
+        loadMode("force-graphical", QT_TRANSLATE_NOOP("Preferences", "Force Graphical Mode"),
+                 "ForceGraphicalMode"),
+        loadMode("force-product-structure",
+                 QT_TRANSLATE_NOOP("Preferences", "Force ProductStructure Mode"),
+                 "ForceProductStructureMode"),
         navigation(),
         folder("input", QT_TRANSLATE_NOOP("Preferences", "Files to read"),
                "(app:set-default-input-directory! %1)"),

@@ -1,6 +1,7 @@
 #ifndef PELLUX_PREFERENCES_PREFERENCETABLE_H
 #define PELLUX_PREFERENCES_PREFERENCETABLE_H
 
+#include <QByteArray>
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -34,6 +35,8 @@ struct Preference
     double minimum = 0.0;
     double maximum = 0.0;
     QStringList choices = {};
+    /// The command that tells whether a switch is on now; empty where only the file knows.
+    QByteArray question = {};
 
     /// Tells whether a text is a value.
     bool IsValid(const QString& text) const;

@@ -3,6 +3,7 @@
 #include "runtime/CommandRunner.h"
 #include "runtime/Guarded.h"
 #include "runtime/QtText.h"
+#include "runtime/QuietCommand.h"
 
 #include <OrvikCore/MessageType.h>
 
@@ -44,6 +45,24 @@ void Preferences::Read()
     apply(contents);
 }
 
+PreferenceContents Preferences::Present() const
+{
+    PreferenceContents present = m_contents;
+    if (m_runner.IsRunning())
+        return present;
+    for (const Preference& preference : PreferenceTable()) {
+        if (preference.question.isEmpty())
+            continue;
+        const bool isOn = RunQuietly(preference.question.constData()).AsBool();
+        const QString text = isOn ? QStringLiteral("true") : QStringLiteral("false");
+        if (text == preference.defaultText)
+            present.values.remove({preference.section, preference.key});
+        else
+            present.values[{preference.section, preference.key}] = text;
+    }
+    return present;
+}
+
 bool Preferences::Change(const PreferenceContents& contents, QString& errorText)
 {
     keepBrokenFile();
@@ -54,7 +73,7 @@ bool Preferences::Change(const PreferenceContents& contents, QString& errorText)
 
 void Preferences::apply(const PreferenceContents& contents)
 {
-    const QStringList forms = FormsBetween(m_contents, contents);
+    const QStringList forms = FormsBetween(Present(), contents);
     const bool hasOtherKeys = contents.shortcuts != m_contents.shortcuts;
     m_contents = contents;
     if (hasOtherKeys) {

@@ -30,6 +30,9 @@ public:
     /// What holds now.
     const PreferenceContents& Contents() const { return m_contents; }
 
+    /// The same, but with what scripts have made of preferences that can be asked for.
+    PreferenceContents Present() const;
+
     /// Reads the file and runs the commands that lead there from what holds; at once, or when what
     /// runs has ended. Mistakes in the file are printed as errors.
     void Read();

@@ -7,6 +7,7 @@
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QLabel>
 #include <QMap>
 #include <QMessageBox>
 #include <QPushButton>
@@ -22,6 +23,7 @@ QString pageTitle(const QString& section)
         {QStringLiteral("colors"), PreferencesDialog::tr("Colours")},
         {QStringLiteral("display"), PreferencesDialog::tr("Display")},
         {QStringLiteral("tessellation"), PreferencesDialog::tr("Tessellation")},
+        {QStringLiteral("loading"), PreferencesDialog::tr("Loading")},
         {QStringLiteral("navigation"), PreferencesDialog::tr("Navigation")},
         {QStringLiteral("directories"), PreferencesDialog::tr("Folders")},
     };
@@ -45,7 +47,7 @@ PreferencesDialog::PreferencesDialog(Preferences& preferences, QWidget* parent)
     makePages();
     makeButtons();
     column->addWidget(m_buttons);
-    show(preferences.Contents());
+    show(preferences.Present());
 }
 
 PreferencesDialog::~PreferencesDialog() = default;
@@ -65,6 +67,8 @@ void PreferencesDialog::makePages()
         page->addRow(preference.label, m_editors.back().widget);
         if (section == QStringLiteral("navigation"))
             page->addRow(m_navigation);
+        else if (section == QStringLiteral("loading") && page->rowCount() == 1)
+            page->insertRow(0, new QLabel(tr("Both act on the next file that is loaded.")));
     }
     m_pages->addTab(m_shortcuts, tr("Shortcuts"));
 }

@@ -3,8 +3,10 @@
 #include "runtime/CommandRunner.h"
 #include "runtime/Guarded.h"
 
+#include <OrvikCore/AContent.h>
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/Document.h>
+#include <OrvikCore/IEntityProperties.h>
 
 #include <QAction>
 #include <QClipboard>
@@ -20,6 +22,9 @@ namespace {
 
 /// How soon to ask again what was cut short, milliseconds.
 constexpr int kAskAgainMs = 200;
+
+/// What contents call themselves whose lengths are millimetres.
+const char kCadTypeName[] = "Cad";
 
 } // namespace
 
@@ -106,7 +111,7 @@ void PropertiesPanel::refresh()
 void PropertiesPanel::ask()
 {
     m_list.Clear();
-    m_questions = PropertyQuestionsFor(m_entities);
+    m_questions = PropertyQuestionsFor(m_entities, lengthUnit());
     m_isComplete = m_questions.empty();
     if (!m_isComplete) {
         const PropertyJob::Receiver receiver{
@@ -124,6 +129,21 @@ void PropertiesPanel::ask()
         m_job->Submit();
     }
     showState();
+}
+
+/// @return the unit that all files of what is shown have in common.
+LengthUnit PropertiesPanel::lengthUnit() const
+{
+    const auto isCad = [this](const TambVizCore::EntityId& entity) {
+        return std::any_of(m_contents.begin(), m_contents.end(), [&](OrvikCore::AContent* content) {
+            const auto* const properties =
+                dynamic_cast<const OrvikCore::IEntityProperties*>(content);
+            return properties != nullptr && properties->GetContentNumber() == entity.Owner() &&
+                   content->GetTypeName() == kCadTypeName;
+        });
+    };
+    return std::all_of(m_entities.begin(), m_entities.end(), isCad) ? LengthUnit::Millimetre
+                                                                    : LengthUnit::Unknown;
 }
 
 void PropertiesPanel::drop()

@@ -47,6 +47,7 @@ private:
     void addActions();
     void refresh();
     void ask();
+    LengthUnit lengthUnit() const;
     void drop();
     void showState();
     void copyRows();

@@ -116,14 +116,14 @@ constexpr MeasureLine kMeasures[] = {
     {QT_TRANSLATE_NOOP("Properties", "Volume"), "volume", Unit::Volume, 1.0},
 };
 
-PropertyQuestion measureQuestion(const MeasureLine& line, const EntityId& entity)
+PropertyQuestion measureQuestion(const MeasureLine& line, const EntityId& entity, LengthUnit length)
 {
     const QByteArray command = QByteArray("entity:") + line.word;
     QString script = scriptOf(command.constData(), entity);
     if (line.factor != 1.0)
         script = QStringLiteral("(* %1 %2)").arg(QString::number(line.factor), script);
     return {
-        translated(line.label), script, [&line, entity] {
+        translated(line.label), script, [&line, entity, length] {
             const Value found = find(entity);
             PropertyAnswer answer;
             if (isFalse(found))
@@ -133,16 +133,17 @@ PropertyQuestion measureQuestion(const MeasureLine& line, const EntityId& entity
                 return answer;
             const Value& value = result.AsList()[0];
             answer.isThere = true;
-            answer.value = line.factor == 1.0 ? ValueText(value, line.unit)
-                                              : NumberText(line.factor * value.AsReal(), line.unit);
+            answer.value = line.factor == 1.0
+                               ? ValueText(value, line.unit, length)
+                               : NumberText(line.factor * value.AsReal(), line.unit, length);
             answer.how = ValueText(result.AsList()[1], Unit::None);
             return answer;
         }};
 }
 
-PropertyQuestion boxQuestion(const EntityId& entity)
+PropertyQuestion boxQuestion(const EntityId& entity, LengthUnit length)
 {
-    return {translated("Box"), scriptOf("entity:box", entity), [entity] {
+    return {translated("Box"), scriptOf("entity:box", entity), [entity, length] {
                 const Value box = askOne("entity:box", entity);
                 PropertyAnswer answer;
                 if (isFalse(box))
@@ -152,12 +153,12 @@ PropertyQuestion boxQuestion(const EntityId& entity)
                 const Value::List high(sides.begin() + 3, sides.end());
                 answer.isThere = true;
                 answer.value = ValueText(Value(low), Unit::None) + QStringLiteral(" \u2026 ") +
-                               ValueText(Value(high), Unit::Length);
+                               ValueText(Value(high), Unit::Length, length);
                 return answer;
             }};
 }
 
-void addOne(std::vector<PropertyQuestion>& questions, const EntityId& entity)
+void addOne(std::vector<PropertyQuestion>& questions, const EntityId& entity, LengthUnit length)
 {
     questions.push_back(plainQuestion("Type", "entity:type", entity));
     questions.push_back(plainQuestion("Name", "entity:name", entity));
@@ -166,8 +167,8 @@ void addOne(std::vector<PropertyQuestion>& questions, const EntityId& entity)
     questions.push_back(colorQuestion(entity));
     questions.push_back(plainQuestion("Layers", "entity:layer", entity));
     for (const MeasureLine& line : kMeasures)
-        questions.push_back(measureQuestion(line, entity));
-    questions.push_back(boxQuestion(entity));
+        questions.push_back(measureQuestion(line, entity, length));
+    questions.push_back(boxQuestion(entity, length));
 }
 
 /// A command about two entities that gives a list, asked once for all lines that show some of it.
@@ -190,34 +191,35 @@ struct PairCommand
 };
 
 PropertyQuestion pairQuestion(const char* label, const std::shared_ptr<PairCommand>& command,
-                              Unit unit, std::size_t position)
+                              Unit unit, std::size_t position, LengthUnit length)
 {
     const QString list = EntitiesForm(command->name, command->pair);
     const QString script = position == 0
                                ? QStringLiteral("(car %1)").arg(list)
                                : QStringLiteral("(list-ref %1 %2)").arg(list).arg(position);
-    return {translated(label), script, [command, unit, position] {
+    return {translated(label), script, [command, unit, position, length] {
                 const Value& result = command->Ask();
                 PropertyAnswer answer;
                 if (isFalse(result))
                     return answer;
                 answer.isThere = true;
-                answer.value = ValueText(result.AsList()[position], unit);
+                answer.value = ValueText(result.AsList()[position], unit, length);
                 answer.how = ValueText(result.AsList().back(), Unit::None);
                 return answer;
             }};
 }
 
-void addPair(std::vector<PropertyQuestion>& questions, const std::vector<EntityId>& pair)
+void addPair(std::vector<PropertyQuestion>& questions, const std::vector<EntityId>& pair,
+             LengthUnit length)
 {
     const auto distance = std::make_shared<PairCommand>(PairCommand{"measure:distance", pair, {}});
     const auto angle = std::make_shared<PairCommand>(PairCommand{"measure:angle", pair, {}});
     questions.push_back(plainQuestion("First", "entity:type", pair[0]));
     questions.push_back(plainQuestion("Second", "entity:type", pair[1]));
-    questions.push_back(pairQuestion("Distance", distance, Unit::Length, 0));
-    questions.push_back(pairQuestion("From", distance, Unit::Length, 1));
-    questions.push_back(pairQuestion("To", distance, Unit::Length, 2));
-    questions.push_back(pairQuestion("Angle", angle, Unit::Angle, 0));
+    questions.push_back(pairQuestion("Distance", distance, Unit::Length, 0, length));
+    questions.push_back(pairQuestion("From", distance, Unit::Length, 1, length));
+    questions.push_back(pairQuestion("To", distance, Unit::Length, 2, length));
+    questions.push_back(pairQuestion("Angle", angle, Unit::Angle, 0, length));
 }
 
 PropertyQuestion countQuestion(const std::vector<EntityId>& entities)
@@ -241,11 +243,11 @@ PropertyQuestion countQuestion(const std::vector<EntityId>& entities)
 }
 
 PropertyQuestion sumQuestion(const char* label, const char* word, Unit unit,
-                             const std::vector<EntityId>& entities)
+                             const std::vector<EntityId>& entities, LengthUnit length)
 {
     const QString script =
         QStringLiteral("(apply + (delq #f (map entity:%1 (sel:get))))").arg(QLatin1String(word));
-    return {translated(label), script, [word, unit, entities] {
+    return {translated(label), script, [word, unit, entities, length] {
                 PropertyAnswer answer;
                 double sum = 0.0;
                 bool isExact = true;
@@ -261,31 +263,33 @@ PropertyQuestion sumQuestion(const char* label, const char* word, Unit unit,
                     sum += one.AsList()[0].AsReal();
                     isExact = isExact && one.AsList()[1].AsString() == L"exact";
                 }
-                answer.value = NumberText(sum, unit);
+                answer.value = NumberText(sum, unit, length);
                 answer.how = isExact ? QStringLiteral("exact") : QStringLiteral("triangles");
                 return answer;
             }};
 }
 
-void addSums(std::vector<PropertyQuestion>& questions, const std::vector<EntityId>& entities)
+void addSums(std::vector<PropertyQuestion>& questions, const std::vector<EntityId>& entities,
+             LengthUnit length)
 {
     questions.push_back(countQuestion(entities));
-    questions.push_back(sumQuestion("Sum of lengths", "length", Unit::Length, entities));
-    questions.push_back(sumQuestion("Sum of areas", "area", Unit::Area, entities));
-    questions.push_back(sumQuestion("Sum of volumes", "volume", Unit::Volume, entities));
+    questions.push_back(sumQuestion("Sum of lengths", "length", Unit::Length, entities, length));
+    questions.push_back(sumQuestion("Sum of areas", "area", Unit::Area, entities, length));
+    questions.push_back(sumQuestion("Sum of volumes", "volume", Unit::Volume, entities, length));
 }
 
 } // namespace
 
-std::vector<PropertyQuestion> PropertyQuestionsFor(const std::vector<EntityId>& entities)
+std::vector<PropertyQuestion> PropertyQuestionsFor(const std::vector<EntityId>& entities,
+                                                   LengthUnit length)
 {
     std::vector<PropertyQuestion> questions;
     if (entities.size() == 1) {
-        addOne(questions, entities.front());
+        addOne(questions, entities.front(), length);
     } else if (!entities.empty()) {
         if (entities.size() == 2)
-            addPair(questions, entities);
-        addSums(questions, entities);
+            addPair(questions, entities, length);
+        addSums(questions, entities, length);
     }
     return questions;
 }

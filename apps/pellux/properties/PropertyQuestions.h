@@ -1,6 +1,8 @@
 #ifndef PELLUX_PROPERTIES_PROPERTYQUESTIONS_H
 #define PELLUX_PROPERTIES_PROPERTYQUESTIONS_H
 
+#include "properties/PropertyTexts.h"
+
 #include <TambVizCore/EntityId.h>
 
 #include <QColor>
@@ -30,8 +32,9 @@ struct PropertyQuestion
 
 /// @return what is to be known of entities: of one its measures, of two also what lies between
 ///         them, of more their sums; nothing for none.
+/// @param length  The unit that all of them are measured in.
 std::vector<PropertyQuestion>
-PropertyQuestionsFor(const std::vector<TambVizCore::EntityId>& entities);
+PropertyQuestionsFor(const std::vector<TambVizCore::EntityId>& entities, LengthUnit length);
 
 } // namespace Pellux
 

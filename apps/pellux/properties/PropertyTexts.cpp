@@ -14,17 +14,19 @@ namespace {
 /// Enough to tell neighbouring lengths apart, few enough to hide the last bits of a sum.
 constexpr int kDigits = 10;
 
-QString unitText(Unit unit)
+QString unitText(Unit unit, LengthUnit length)
 {
+    const QString word =
+        length == LengthUnit::Millimetre ? QStringLiteral(" mm") : QStringLiteral(" units");
     switch (unit) {
     case Unit::None:
         break;
     case Unit::Length:
-        return QStringLiteral(" units");
+        return word;
     case Unit::Area:
-        return QStringLiteral(" units\u00B2");
+        return word + QChar(0x00B2);
     case Unit::Volume:
-        return QStringLiteral(" units\u00B3");
+        return word + QChar(0x00B3);
     case Unit::Angle:
         return QStringLiteral("\u00B0");
     }
@@ -53,14 +55,14 @@ QString plainText(const Value& value)
 
 } // namespace
 
-QString NumberText(double number, Unit unit)
+QString NumberText(double number, Unit unit, LengthUnit length)
 {
-    return ValueText(Value(number), unit);
+    return ValueText(Value(number), unit, length);
 }
 
-QString ValueText(const Value& value, Unit unit)
+QString ValueText(const Value& value, Unit unit, LengthUnit length)
 {
-    return plainText(value) + unitText(unit);
+    return plainText(value) + unitText(unit, length);
 }
 
 } // namespace Pellux

@@ -17,11 +17,19 @@ enum class Unit
     Angle,
 };
 
+/// What a length of 1 is.
+enum class LengthUnit
+{
+    Unknown,    ///< Files of triangles do not say: "units".
+    Millimetre, ///< CAD files are read in millimetres.
+};
+
 /// Writes a number for people, with ten significant digits and its unit.
-QString NumberText(double number, Unit unit);
+QString NumberText(double number, Unit unit, LengthUnit length = LengthUnit::Unknown);
 
 /// Writes a value that a command gave for people: numbers with their unit, lists with commas.
-QString ValueText(const TambCommandsInfra::Value& value, Unit unit);
+QString ValueText(const TambCommandsInfra::Value& value, Unit unit,
+                  LengthUnit length = LengthUnit::Unknown);
 
 } // namespace Pellux
 

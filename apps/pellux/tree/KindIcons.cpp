@@ -8,6 +8,7 @@ namespace Pellux {
 namespace {
 
 using Kind = RowStyle::Kind;
+using TambVizCore::PartKind;
 
 /// Pictures are drawn on a square of this side.
 constexpr double kSide = 16.0;
@@ -81,8 +82,20 @@ void drawCurve(QPainter& painter)
     painter.drawPath(path);
 }
 
-/// A face with one edge and a corner set off.
-void drawPart(QPainter& painter)
+void drawEdge(QPainter& painter)
+{
+    setLine(painter, kOrange, 1.8);
+    painter.drawLine(QPointF(3, 12.5), QPointF(13, 3.5));
+}
+
+void drawVertex(QPainter& painter)
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(kOrange);
+    painter.drawEllipse(QPointF(8, 8), 2.6, 2.6);
+}
+
+void drawFace(QPainter& painter)
 {
     QColor pale = kOrange;
     pale.setAlpha(80);
@@ -119,7 +132,17 @@ void drawScene(QPainter& painter)
         QPolygonF({{1.5, 13.5}, {1.5, 3.5}, {6, 3.5}, {7.5, 5.5}, {14.5, 5.5}, {14.5, 13.5}}));
 }
 
-void drawKind(QPainter& painter, Kind kind)
+void drawPart(QPainter& painter, PartKind part)
+{
+    if (part == PartKind::Edge)
+        drawEdge(painter);
+    else if (part == PartKind::Vertex)
+        drawVertex(painter);
+    else
+        drawFace(painter);
+}
+
+void drawKind(QPainter& painter, Kind kind, PartKind part)
 {
     switch (kind) {
     case Kind::Scene:
@@ -143,7 +166,7 @@ void drawKind(QPainter& painter, Kind kind)
     case Kind::PointSet:
         return drawDots(painter, kGreen);
     case Kind::Geometry:
-        return drawPart(painter);
+        return drawPart(painter, part);
     case Kind::Views:
     case Kind::View:
         return drawCamera(painter, kBlue);
@@ -166,7 +189,7 @@ void drawKind(QPainter& painter, Kind kind)
 class KindEngine final : public QIconEngine
 {
 public:
-    explicit KindEngine(Kind kind) : m_kind(kind) {}
+    KindEngine(Kind kind, PartKind part) : m_kind(kind), m_part(part) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {
@@ -177,7 +200,7 @@ public:
         painter->translate(rect.center() + QPointF(0.5, 0.5));
         painter->scale(scale, scale);
         painter->translate(-kSide / 2, -kSide / 2);
-        drawKind(*painter, m_kind);
+        drawKind(*painter, m_kind, m_part);
         painter->restore();
     }
 
@@ -190,19 +213,21 @@ public:
         return pixmap;
     }
 
-    QIconEngine* clone() const override { return new KindEngine(m_kind); }
+    QIconEngine* clone() const override { return new KindEngine(m_kind, m_part); }
 
 private:
     Kind m_kind;
+    PartKind m_part;
 };
 
 } // namespace
 
-const QIcon& KindIcons::Of(Kind kind)
+const QIcon& KindIcons::Of(Kind kind, PartKind part)
 {
-    auto found = m_icons.find(kind);
+    const std::pair key(kind, part);
+    auto found = m_icons.find(key);
     if (found == m_icons.end())
-        found = m_icons.emplace(kind, QIcon(new KindEngine(kind))).first;
+        found = m_icons.emplace(key, QIcon(new KindEngine(kind, part))).first;
     return found->second;
 }
 

@@ -1,10 +1,13 @@
 #ifndef PELLUX_TREE_KINDICONS_H
 #define PELLUX_TREE_KINDICONS_H
 
+#include <TambVizCore/PartKind.h>
+
 #include <HostTreeRow.h>
 
 #include <QIcon>
 #include <map>
+#include <utility>
 
 namespace Pellux {
 
@@ -13,10 +16,11 @@ namespace Pellux {
 class KindIcons
 {
 public:
-    const QIcon& Of(RowStyle::Kind kind);
+    /// @param part  Of a row that stands for a face, an edge or a vertex of a body.
+    const QIcon& Of(RowStyle::Kind kind, TambVizCore::PartKind part = TambVizCore::PartKind::None);
 
 private:
-    std::map<RowStyle::Kind, QIcon> m_icons;
+    std::map<std::pair<RowStyle::Kind, TambVizCore::PartKind>, QIcon> m_icons;
 };
 
 } // namespace Pellux

@@ -42,7 +42,7 @@ QVariant SearchResults::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return row.name;
     case Qt::DecorationRole:
-        return m_icons.Of(row.kind);
+        return m_icons.Of(row.kind, row.entity.SubEntityKind());
     case Qt::ToolTipRole:
         return tr("%1, below %2").arg(row.name, row.above);
     default:

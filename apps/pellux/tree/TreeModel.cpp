@@ -109,7 +109,7 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return ToQt(row.Text());
     case Qt::DecorationRole:
-        return row.GetKind(kind) ? QVariant(m_icons.Of(kind)) : QVariant();
+        return row.GetKind(kind) ? QVariant(m_icons.Of(kind, partOf(row, kind))) : QVariant();
     case Qt::FontRole:
         return fontOf(row);
     case Qt::CheckStateRole:
@@ -155,6 +155,14 @@ bool TreeModel::FindEntity(const HostTreeRow& row, EntityId& entity) const
     OrvikCore::ARendererTree* const renderer = m_session.GetTreeRenderer();
     return renderer != nullptr && row.Parent() != &m_tree.Root() &&
            renderer->ConvertToEntityId(row.Path(), entity);
+}
+
+/// @return None for a row that is no face, edge or vertex.
+TambVizCore::PartKind TreeModel::partOf(const HostTreeRow& row, Kind kind) const
+{
+    EntityId entity;
+    return kind == Kind::Geometry && FindEntity(row, entity) ? entity.SubEntityKind()
+                                                             : TambVizCore::PartKind::None;
 }
 
 QVariant TreeModel::checkState(const HostTreeRow& row) const

@@ -79,6 +79,7 @@ Q_SIGNALS:
     void Built();
 
 private:
+    TambVizCore::PartKind partOf(const HostTreeRow& row, RowStyle::Kind kind) const;
     QVariant checkState(const HostTreeRow& row) const;
     QString toolTip(const HostTreeRow& row) const;
     bool isDimmed(const HostTreeRow& row) const;

@@ -46,6 +46,26 @@ TEST_F(MeasureCommands, DistanceComesWithBothPoints)
               Value(List{90.0, List{10.0, 0.0, 0.0}, List{100.0, 0.0, 0.0}, L"exact"}));
 }
 
+TEST_F(MeasureCommands, ThicknessBehindAFaceIsMeasuredBesideItsHole)
+{
+    const EntityId top = part(m_firstBody, PartKind::Face, 1);
+    m_bolts.m_entities[top].box = TambVizCore::VizBox(0.0f, 0.0f, 10.0f, 8.0f, 8.0f, 10.0f);
+    m_bolts.m_intersect = [this](const double* origin, const double* direction) {
+        std::vector<LineHit> hits;
+        const bool isInHole = std::hypot(origin[0] - 4.0, origin[1] - 4.0) < 3.0;
+        if (!isInHole && direction[2] != 0.0)
+            addSlab(hits, m_firstBody, origin, direction, 4.0, 10.0, true);
+        return hits;
+    };
+
+    const Value thickness = run("measure:face-thickness", {entity(top)});
+
+    ASSERT_EQ(thickness.GetKind(), Value::Kind::List);
+    EXPECT_DOUBLE_EQ(thickness.AsList()[0].AsReal(), 6.0);
+    EXPECT_EQ(thickness.AsList().back(), Value(L"exact"));
+    EXPECT_EQ(run("measure:face-thickness", {entity(m_firstBody)}), Value(false));
+}
+
 TEST_F(MeasureCommands, DistanceBetweenFilesIsMeasuredToTheOthersShapes)
 {
     const Value distance = run("measure:distance", {entity(m_firstBody), entity(m_plate)});

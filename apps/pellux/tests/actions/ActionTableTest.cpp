@@ -114,9 +114,7 @@ const std::map<QByteArray, const char*> kCommands = {
     {"select.clear", "(sel:clear)"},
     {"measure.distance", "(apply measure:distance (sel:get))"},
     {"measure.angle", "(apply measure:angle (sel:get))"},
-    {"measure.thickness", "(let ((face (car (sel:get))))\n"
-                          "  (measure:thickness (map + (entity:center face) (entity:normal face))\n"
-                          "                     (map - (entity:normal face))))"},
+    {"measure.thickness", "(measure:face-thickness (car (sel:get)))"},
     {"measure.length", "(map entity:length (sel:get))"},
     {"measure.radius", "(map entity:radius (sel:get))"},
     {"measure.area", "(map entity:area (sel:get))"},

@@ -6,6 +6,7 @@
 #include <preferences/PreferencesDialog.h>
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
@@ -205,6 +206,27 @@ TEST_F(PreferencesWindow, SetColoursFinenessAndFolders)
                                    QStringLiteral("(view:tessellation 0 10)")}))
         << qPrintable(errors.join(u'\n'));
     EXPECT_TRUE(errors.isEmpty()) << qPrintable(errors.join(u'\n'));
+}
+
+TEST_F(PreferencesWindow, ForceTheModesOfLoaders)
+{
+    Open();
+    ASSERT_TRUE(Do("(WEND.setForceProductStructureMode #t)"));
+    echoed.clear();
+    auto& graphical = editor<QCheckBox>("loading.force-graphical");
+    auto& structure = editor<QCheckBox>("loading.force-product-structure");
+    EXPECT_FALSE(graphical.isChecked());
+    EXPECT_TRUE(structure.isChecked());
+
+    graphical.setChecked(true);
+    structure.setChecked(false);
+    EXPECT_TRUE(dialog().Apply());
+
+    EXPECT_EQ(echoed, (QStringList{QStringLiteral("(WEND.setForceGraphicalMode #t)"),
+                                   QStringLiteral("(WEND.setForceProductStructureMode #f)")}));
+    dialog().RestoreDefaults();
+    EXPECT_TRUE(dialog().Apply());
+    EXPECT_EQ(echoed.last(), QStringLiteral("(WEND.setForceGraphicalMode #f)"));
 }
 
 TEST_F(PreferencesWindow, BindShortcutsAtOnce)

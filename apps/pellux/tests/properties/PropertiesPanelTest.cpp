@@ -84,6 +84,22 @@ TEST_F(PropertiesWindow, AreExactForSolids)
     select("(sel:by-kind \"body\")");
 
     EXPECT_EQ(value("Volume", PropertyList::How), QStringLiteral("exact"));
+    EXPECT_TRUE(value("Volume").endsWith(QStringLiteral(" mm\u00B3")))
+        << qPrintable(value("Volume"));
+}
+
+TEST_F(PropertiesWindow, TellTheDiameterOfAHoleInMillimetres)
+{
+    Open();
+    ASSERT_TRUE(Do(qPrintable(QStringLiteral("(doc:load \"%1/data/hole_plate.step\")")
+                                  .arg(QLatin1String(ORVIK_TEST_FOLDER)))));
+
+    select("(car (filter (lambda (face) (equal? (entity:surface face) \"cylinder\")) "
+           "(sel:by-kind \"face\")))");
+
+    EXPECT_EQ(value("Surface"), QStringLiteral("cylinder"));
+    EXPECT_EQ(value("Diameter"), QStringLiteral("12 mm"));
+    EXPECT_EQ(value("Radius"), QStringLiteral("6 mm"));
 }
 
 TEST_F(PropertiesWindow, OfTwoEntitiesTellDistanceAndAngle)

@@ -66,6 +66,24 @@ TEST_F(TreeModelRows, LookAsTheirKindDoes)
     EXPECT_EQ(Body().data(Qt::AccessibleDescriptionRole).toString(), QStringLiteral("mesh"));
 }
 
+TEST_F(TreeModelRows, ShowFacesEdgesAndVerticesInDifferentWays)
+{
+    OpenCube();
+    Model().fetchMore(Body());
+    const auto picture = [this](int position) {
+        return RowAt({0, 0, 0, position})
+            .data(Qt::DecorationRole)
+            .value<QIcon>()
+            .pixmap(16)
+            .toImage();
+    };
+
+    EXPECT_EQ(picture(0), picture(1));  // Faces 0 and 1.
+    EXPECT_NE(picture(0), picture(6));  // An edge.
+    EXPECT_NE(picture(6), picture(18)); // A vertex.
+    EXPECT_NE(picture(0), picture(18));
+}
+
 TEST_F(TreeModelRows, TellWhereTheirFileIs)
 {
     OpenCube();
