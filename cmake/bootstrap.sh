@@ -9,7 +9,7 @@ build_packages="g++ cmake ninja-build pkg-config
     qt6-base-dev libqt6opengl6-dev
     libocct-foundation-dev libocct-modeling-data-dev libocct-modeling-algorithms-dev
     libocct-ocaf-dev libocct-data-exchange-dev"
-test_packages="libgtest-dev libgmock-dev xvfb xauth xdotool"
+test_packages="libgtest-dev libgmock-dev libx11-dev xvfb xauth xdotool"
 check_packages="clang-format clang-tidy g++-mingw-w64-x86-64-posix"
 
 say() { printf '\033[1m==> %s\033[0m\n' "$*"; }

@@ -260,6 +260,7 @@ GlContext::Current::~Current()
 
 void GlContext::Current::beginOwn()
 {
+    m_glx.Leave();
     // What is current is kept for each API; ours is OpenGL.
     m_api = eglQueryAPI();
     m_display = eglGetCurrentDisplay();
@@ -282,6 +283,7 @@ void GlContext::Current::endOwn()
     eglBindAPI(m_api);
     if (m_previous != EGL_NO_CONTEXT)
         eglMakeCurrent(m_display, m_draw, m_read, m_previous);
+    m_glx.Return();
 }
 
 void GlContext::Current::beginLent()

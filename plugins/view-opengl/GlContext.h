@@ -2,6 +2,7 @@
 #define VIEWOPENGL_GLCONTEXT_H
 
 #include "ContextDevices.h"
+#include "GlxCurrent.h"
 
 #include <memory>
 #include <string>
@@ -59,6 +60,7 @@ public:
 
         GlContext& m_context;
         bool m_isCurrent = false;
+        GlxCurrent m_glx; ///< Of a host that draws through GLX.
         // What was current before, as EGL has it. Not owned.
         unsigned int m_api = 0;
         void* m_display = nullptr;

@@ -25,6 +25,9 @@ public:
     /// @return why there can be no display; empty when there is one.
     const std::string& WhyNot() const { return m_whyNot; }
 
+    /// @return what DISPLAY is for the display.
+    const std::string& Display() const { return m_display; }
+
     /// Starts the program and waits until its window is there, at most half a minute.
     /// @param environment  Words such as "A=b" before the command.
     bool Start(const std::vector<std::string>& arguments, const std::string& environment = {});
