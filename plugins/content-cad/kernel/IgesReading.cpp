@@ -11,6 +11,8 @@
 #include <IGESCAFControl_Reader.hxx>
 #include <Interface_InterfaceModel.hxx>
 
+#include <memory>
+
 namespace OrvikCad {
 
 namespace {
@@ -30,17 +32,11 @@ bool isIges(std::string_view text)
                    .find_first_not_of(" 0123456789") == line.npos;
 }
 
-} // namespace
-
-bool ReadIges(const CadFile& file, CadDocument& document, CadMessages& messages)
+bool readWith(IGESCAFControl_Reader& reader, const CadFile& file, CadDocument& document,
+              CadMessages& messages)
 {
-    if (!isIges(file.text)) {
-        messages.Fail(kNotIges);
-        return false;
-    }
     BeginReadingPhase(kParsing, file);
     const KernelMessages complaints;
-    IGESCAFControl_Reader reader;
     const std::string name = OrvikOs::WideToUtf8(file.path);
     const IFSelect_ReturnStatus status = reader.ReadFile(name.c_str());
     const Handle(XSControl_WorkSession) session = reader.WS();
@@ -62,6 +58,21 @@ bool ReadIges(const CadFile& file, CadDocument& document, CadMessages& messages)
     else
         JoinLooseShapes(document);
     return isTransferred;
+}
+
+} // namespace
+
+bool ReadIges(const CadFile& file, CadDocument& document, CadMessages& messages)
+{
+    if (!isIges(file.text)) {
+        messages.Fail(kNotIges);
+        return false;
+    }
+    auto reader = std::make_unique<IGESCAFControl_Reader>();
+    const bool isRead = readWith(*reader, file, document, messages);
+    const CleanupScope cleanup;
+    reader.reset();
+    return isRead;
 }
 
 } // namespace OrvikCad

@@ -19,6 +19,7 @@ using TambCommandsInfra::CancelToken;
 using TambCommandsInfra::JobCancelled;
 
 constexpr std::uint64_t kLeastSilentMs = 50;
+constexpr std::uint64_t kLaterSilentMs = 10'000;
 constexpr std::size_t kMegabyte = std::size_t{1} << 20;
 
 constexpr char kNoEnd[] = "the computation does not come to an end";
@@ -38,6 +39,19 @@ public:
     ~KernelWatch();
     KernelWatch(const KernelWatch&) = delete;
     KernelWatch& operator=(const KernelWatch&) = delete;
+
+    /// What runs on the thread from now on gives back what was made; those around end, too.
+    void BeginCleanup() noexcept
+    {
+        for (KernelWatch* watch = this; watch; watch = watch->m_outer)
+            watch->m_isCleaning.store(true, std::memory_order_relaxed);
+    }
+
+    void EndCleanup() noexcept
+    {
+        for (KernelWatch* watch = this; watch; watch = watch->m_outer)
+            watch->m_isCleaning.store(false, std::memory_order_relaxed);
+    }
 
     void ShowSignOfLife() noexcept
     {
@@ -70,6 +84,7 @@ private:
     const CancelToken& m_token; ///< Not owned.
     KernelWatch* m_outer;       ///< Of the same thread; not owned, null for none.
     std::atomic<std::uint32_t> m_signs{1};
+    std::atomic<bool> m_isCleaning{false};
     std::uint32_t m_seenSigns = 0;   ///< At the last look.
     std::uint64_t m_silentSince = 0; ///< Processor time of the thread.
     std::size_t m_bytesBefore = 0; ///< Size of the process when the silence began; 0 not known yet.
@@ -103,7 +118,9 @@ KernelWatch::Reason KernelWatch::reasonToEnd(std::uint64_t cpuMs) noexcept
         if (!m_isCancelled)
             m_cancelledSince = cpuMs;
         m_isCancelled = true;
-        return cpuMs - m_cancelledSince > kCancelPatienceMs ? Reason::Cancelled : Reason::None;
+        const unsigned patienceMs =
+            m_isCleaning.load(std::memory_order_relaxed) ? kCleanupPatienceMs : kCancelPatienceMs;
+        return cpuMs - m_cancelledSince > patienceMs ? Reason::Cancelled : Reason::None;
     }
     const std::uint32_t signs = m_signs.load(std::memory_order_relaxed);
     if (signs != m_seenSigns) {
@@ -131,8 +148,10 @@ bool KernelWatch::takesTooMuch() noexcept
 void KernelWatch::endIt(void* context)
 {
     auto& watch = *static_cast<KernelWatch*>(context);
-    if (watch.m_reason == Reason::Cancelled)
+    if (watch.m_reason == Reason::Cancelled) {
+        watch.BeginCleanup();
         throw JobCancelled();
+    }
     // What comes next has its own time.
     watch.ShowSignOfLife();
     if (watch.m_reason == Reason::Silent)
@@ -143,7 +162,7 @@ void KernelWatch::endIt(void* context)
 
 } // namespace
 
-KernelBudget::KernelBudget() : m_silentMs(10 * KernelLimits().silentMs) {}
+KernelBudget::KernelBudget() : m_silentMs(kLaterSilentMs) {}
 
 KernelBudget::KernelBudget(const KernelLimits& limits, std::size_t fileBytes)
     : m_silentMs(limits.silentMs + limits.silentMsPerMegabyte * fileBytes / kMegabyte),
@@ -170,10 +189,25 @@ void ShowSignOfLife() noexcept
         t_watch->ShowSignOfLife();
 }
 
+CleanupScope::CleanupScope() noexcept
+{
+    if (t_watch)
+        t_watch->BeginCleanup();
+}
+
+CleanupScope::~CleanupScope()
+{
+    if (t_watch)
+        t_watch->EndCleanup();
+}
+
 void PollJob()
 {
     ShowSignOfLife();
-    CancelToken::Instance().ThrowIfCancelled();
+    const CancelToken& token = CancelToken::Instance();
+    if (t_watch && token.IsCancelled())
+        t_watch->BeginCleanup();
+    token.ThrowIfCancelled();
 }
 
 } // namespace OrvikCad

@@ -13,7 +13,7 @@ namespace OrvikCad {
 /// or without end, in loops that never ask whether they should stop.
 struct KernelLimits
 {
-    std::uint64_t silentMs = 1'000;            ///< Processor time between two signs of life.
+    std::uint64_t silentMs = 5'000;            ///< Processor time between two signs of life.
     std::uint64_t silentMsPerMegabyte = 1'000; ///< More of it for each megabyte of the file.
 };
 
@@ -23,7 +23,7 @@ struct KernelLimits
 class KernelBudget
 {
 public:
-    /// For work on what has been read before: ten times the limits, any memory.
+    /// For work on what has been read before: ten seconds, any memory.
     KernelBudget();
 
     /// For reading a file of that size. Code that shows no sign of life may not take more than
@@ -52,6 +52,10 @@ private:
 /// itself: kCancelPatienceMs after the job was cancelled, or when it shows no sign of life for
 /// longer than the budget allows.
 ///
+/// Destructors that run once the cancel has been noticed, by PollJob() or by force, are left alone
+/// for kCleanupPatienceMs: large models take long to give their memory back, and what is left in
+/// the middle of it is lost.
+///
 /// Code that the kernel's own exceptions end in the middle goes on behind that: a face or an entity
 /// fails, the others are made.
 ///
@@ -61,6 +65,20 @@ std::wstring RunWatched(KernelBudget& budget, const std::function<void()>& body)
 
 /// Processor time that the kernel is given to notice a cancel by itself.
 inline constexpr unsigned kCancelPatienceMs = 300;
+
+/// Processor time that destructors are given then, also where somebody has caught the exception.
+inline constexpr unsigned kCleanupPatienceMs = 10'000;
+
+/// While one lives, the watch of the calling thread does not end the work for a cancel: around
+/// destructors of large objects of the kernel.
+class CleanupScope
+{
+public:
+    CleanupScope() noexcept;
+    ~CleanupScope();
+    CleanupScope(const CleanupScope&) = delete;
+    CleanupScope& operator=(const CleanupScope&) = delete;
+};
 
 /// Tells the watch of the calling thread that the work goes on. Cheap; does nothing without one.
 void ShowSignOfLife() noexcept;

@@ -23,6 +23,7 @@
 #include <StepData_StepReaderTool.hxx>
 
 #include <filesystem>
+#include <memory>
 
 namespace OrvikCad {
 
@@ -131,21 +132,10 @@ bool parse(const CadFile& file, const StepScan& scan, STEPCAFControl_Reader& rea
     return false;
 }
 
-} // namespace
-
-bool ReadStep(const CadFile& file, OrvikCore::LoadMode mode, CadDocument& document,
-              CadMessages& messages)
+/// Makes the document of a file's entities.
+bool transfer(const CadFile& file, const StepScan& scan, bool hasShapes,
+              STEPCAFControl_Reader& reader, CadDocument& document, CadMessages& messages)
 {
-    const bool hasShapes = mode != OrvikCore::LoadMode::ProductStructure;
-    const StepScan scan = ScanStep(file.text);
-    if (!isReadable(scan, messages))
-        return false;
-    STEPCAFControl_Reader reader;
-    reader.SetGDTMode(hasShapes);
-    reader.SetViewMode(hasShapes);
-    reader.SetSHUOMode(Standard_True);
-    if (!parse(file, scan, reader, messages))
-        return false;
     const Handle(XSControl_WorkSession) session = reader.Reader().WS();
     if (!scan.isComplete)
         messages.Warn(kStepTruncated);
@@ -170,6 +160,26 @@ bool ReadStep(const CadFile& file, OrvikCore::LoadMode mode, CadDocument& docume
         messages.Fail(
             FillText(kNothingTransferred, {std::to_wstring(session->Model()->NbEntities())}));
     return isTransferred;
+}
+
+} // namespace
+
+bool ReadStep(const CadFile& file, OrvikCore::LoadMode mode, CadDocument& document,
+              CadMessages& messages)
+{
+    const StepScan scan = ScanStep(file.text);
+    if (!isReadable(scan, messages))
+        return false;
+    const bool hasShapes = mode != OrvikCore::LoadMode::ProductStructure;
+    auto reader = std::make_unique<STEPCAFControl_Reader>();
+    reader->SetGDTMode(hasShapes);
+    reader->SetViewMode(hasShapes);
+    reader->SetSHUOMode(Standard_True);
+    const bool isRead = parse(file, scan, *reader, messages) &&
+                        transfer(file, scan, hasShapes, *reader, document, messages);
+    const CleanupScope cleanup;
+    reader.reset();
+    return isRead;
 }
 
 } // namespace OrvikCad

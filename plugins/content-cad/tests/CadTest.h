@@ -13,6 +13,9 @@
 
 namespace OrvikCad {
 
+/// For hostile files: less patience than files of users get, so that many of them can be tried.
+inline constexpr KernelLimits kHostileLimits{.silentMs = 1'000, .silentMsPerMegabyte = 1'000};
+
 /// What came of reading one file.
 struct ReadResult
 {

@@ -69,6 +69,16 @@ TEST_P(EndlessIges, IsReadWithWarnings)
 
 INSTANTIATE_TEST_SUITE_P(Seeds, EndlessIges, testing::Values(78, 236, 403, 476, 653, 930));
 
+/// With the limits that files of users get: five seconds of silence for the first face without end,
+/// less for each further one. The bound is the 120 s that a test may take; some 10 s are needed.
+TEST(EndlessFile, EndsWithOrdinaryLimitsToo)
+{
+    const ReadResult read = ReadCadText(withoutStartOfArc(0), "arc.iges");
+
+    EXPECT_TRUE(read.isRead);
+    EXPECT_TRUE(read.WarnsOf(L"faces that could not be cut into triangles, left out: "));
+}
+
 TEST(EndlessBrep, WhoseEdgesCrossOnAFaceIsReadWithWarnings)
 {
     const ReadResult read =

@@ -46,7 +46,7 @@ TEST_P(HostileFiles, CutOffAnywhereGiveAnAnswer)
     const std::string text = TestModelText(Name());
 
     for (std::size_t tenth = 0; tenth < 10; ++tenth)
-        expectAnswer(ReadCadText(text.substr(0, text.size() * tenth / 10), Name()),
+        expectAnswer(ReadCadText(text.substr(0, text.size() * tenth / 10), Name(), kHostileLimits),
                      "cut at tenth " + std::to_string(tenth));
 }
 
@@ -56,7 +56,8 @@ TEST_P(HostileFiles, WithFlippedBitsGiveAnAnswer)
     testing::internal::CaptureStdout();
 
     for (std::uint32_t seed = 0; seed < seedCount(); ++seed)
-        expectAnswer(ReadCadText(DamagedFile(text, seed), Name()), "seed " + std::to_string(seed));
+        expectAnswer(ReadCadText(DamagedFile(text, seed), Name(), kHostileLimits),
+                     "seed " + std::to_string(seed));
 
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
@@ -78,7 +79,7 @@ TEST_P(HostileFiles, EmptyOrOfAnotherKindNameTheReason)
 TEST_P(HostileFiles, AreFineOnceMoreAfterwards)
 {
     const std::string text = TestModelText(Name());
-    ReadCadText(DamagedFile(text, 3), Name());
+    ReadCadText(DamagedFile(text, 3), Name(), kHostileLimits);
 
     const ReadResult read = ReadCadText(text, Name());
 

@@ -105,13 +105,107 @@ TEST_F(KernelWatching, EndsWhatDoesNotNoticeACancel)
     EXPECT_THROW(RunWatched(budget, &computeForEver), JobCancelled);
 }
 
+/// Gives back for longer than a cancel is waited for.
+class SlowToGiveBack
+{
+public:
+    explicit SlowToGiveBack(bool& isGivenBack) : m_isGivenBack(isGivenBack) {}
+    ~SlowToGiveBack()
+    {
+        const std::clock_t end = std::clock() + 2 * CLOCKS_PER_SEC * kCancelPatienceMs / 1000;
+        while (std::clock() < end)
+            computeInKernel();
+        m_isGivenBack = true;
+    }
+    SlowToGiveBack(const SlowToGiveBack&) = delete;
+    SlowToGiveBack& operator=(const SlowToGiveBack&) = delete;
+
+private:
+    bool& m_isGivenBack;
+};
+
+TEST_F(KernelWatching, LeavesTheCleanupAfterACancelAlone)
+{
+    CancelToken& token = CancelToken::Instance();
+    const CancelScope job(token, token.NextJobNumber());
+    KernelBudget budget({.silentMs = 100'000, .silentMsPerMegabyte = 0}, 0);
+    bool isGivenBack = false;
+
+    EXPECT_THROW(RunWatched(budget,
+                            [&] {
+                                const SlowToGiveBack large(isGivenBack);
+                                token.CancelCurrent();
+                                PollJob();
+                            }),
+                 JobCancelled);
+
+    EXPECT_TRUE(isGivenBack);
+}
+
+TEST_F(KernelWatching, LeavesTheCleanupAroundACancelledPieceAlone)
+{
+    CancelToken& token = CancelToken::Instance();
+    const CancelScope job(token, token.NextJobNumber());
+    KernelBudget budget({.silentMs = 100'000, .silentMsPerMegabyte = 0}, 0);
+    bool isGivenBack = false;
+
+    EXPECT_THROW(RunWatched(budget,
+                            [&] {
+                                const SlowToGiveBack large(isGivenBack);
+                                token.CancelCurrent();
+                                RunWatched(budget, [] { PollJob(); });
+                            }),
+                 JobCancelled);
+
+    EXPECT_TRUE(isGivenBack);
+}
+
+TEST_F(KernelWatching, LeavesTheCleanupAfterAnEndByForceAlone)
+{
+    CancelToken& token = CancelToken::Instance();
+    const CancelScope job(token, token.NextJobNumber());
+    KernelBudget budget({.silentMs = 100'000, .silentMsPerMegabyte = 0}, 0);
+    bool isGivenBack = false;
+    token.CancelCurrent();
+
+    EXPECT_THROW(RunWatched(budget,
+                            [&] {
+                                const SlowToGiveBack large(isGivenBack);
+                                computeForEver();
+                            }),
+                 JobCancelled);
+
+    EXPECT_TRUE(isGivenBack);
+}
+
+TEST_F(KernelWatching, LeavesAloneWhatSaysThatItCleansUp)
+{
+    CancelToken& token = CancelToken::Instance();
+    const CancelScope job(token, token.NextJobNumber());
+    KernelBudget budget({.silentMs = 100'000, .silentMsPerMegabyte = 0}, 0);
+    bool isGivenBack = false;
+    token.CancelCurrent();
+
+    EXPECT_THROW(RunWatched(budget,
+                            [&] {
+                                {
+                                    const CleanupScope cleanup;
+                                    const SlowToGiveBack large(isGivenBack);
+                                }
+                                computeForEver();
+                            }),
+                 JobCancelled);
+
+    EXPECT_TRUE(isGivenBack);
+}
+
 TEST(KernelBudget, GrowsWithTheFile)
 {
     const KernelBudget small({}, 0);
     const KernelBudget large({}, 10 << 20);
 
-    EXPECT_EQ(small.SilentMs(), 1000u);
-    EXPECT_EQ(large.SilentMs(), 11000u);
+    EXPECT_EQ(small.SilentMs(), 5000u);
+    EXPECT_EQ(large.SilentMs(), 15000u);
     EXPECT_EQ(small.MaxSilentBytes(), std::size_t{24} << 20);
     EXPECT_EQ(large.MaxSilentBytes(), std::size_t{224} << 20);
 }

@@ -119,7 +119,7 @@ TEST_F(HostileMemory, OfDamagedFilesIsBounded)
         const std::string text = TestModelText(name);
         for (std::uint32_t seed = 0; seed < 20; ++seed)
             ExpectWithin(
-                text.size(), [&] { ReadCadText(DamagedFile(text, seed), name); },
+                text.size(), [&] { ReadCadText(DamagedFile(text, seed), name, kHostileLimits); },
                 name + std::to_string(seed));
     }
 }
