@@ -46,10 +46,11 @@ public:
     std::wstring GetName() const override { return L"Fake"; }
     std::wstring GetVersion() const override { return L"1.0"; }
     std::wstring GetScriptExtension() const override { return m_extension; }
-    bool SplitForms(const std::wstring&, std::vector<OrvikCore::ScriptForm>&,
+    bool SplitForms(const std::wstring&, std::vector<OrvikCore::ScriptForm>& forms,
                     std::wstring&) const override
     {
-        return true;
+        forms = m_forms;
+        return m_isWhole;
     }
     void SetNextSource(const std::wstring& source, int line, int column) override
     {
@@ -95,7 +96,9 @@ public:
     std::wstring m_startupLog;
     std::vector<std::wstring> m_sources;
     std::vector<std::wstring> m_nextSources;
-    std::function<void()> m_onExecute;      ///< Run on the worker, inside Execute.
+    std::vector<OrvikCore::ScriptForm> m_forms; ///< What every text is split into.
+    bool m_isWhole = true;                      ///< Whether texts are not cut short.
+    std::function<void()> m_onExecute;          ///< Run on the worker, inside Execute.
     std::atomic<bool> m_threadsAgree{true}; ///< All operations of the worker came on one thread.
     std::uint32_t m_threadId = OrvikOs::CurrentThreadId(); ///< The thread of construction.
 
