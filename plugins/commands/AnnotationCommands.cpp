@@ -130,6 +130,9 @@ Command drawTextCommand()
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments& arguments) {
         const std::array<double, 3> place = arguments["place"].AsVector();
+        if (arguments["text"].AsString().empty())
+            throw WrongArgument(kDrawText, "text", "a text with something in it",
+                                arguments["text"]);
         const TextItem3D item(
             arguments["text"].AsString(), /*facesCamera=*/true, L"", static_cast<float>(place[0]),
             static_cast<float>(place[1]), static_cast<float>(place[2]), TextDirection::PositiveX,

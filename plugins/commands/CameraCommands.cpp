@@ -162,7 +162,9 @@ Command saveCameraCommand(const std::shared_ptr<SavedCameras>& cameras)
                    "run.";
     command.example = "(view:save-camera \"front left\")";
     command.effect = CommandEffect::Changes;
-    command.handler = [cameras](const Arguments& arguments) {
+    command.handler = [cameras, name = command.name](const Arguments& arguments) {
+        if (arguments["name"].AsString().empty())
+            throw WrongArgument(name, "name", "a name with something in it", arguments["name"]);
         SavedCamera saved;
         CallGate::Call([&saved] {
             ACamera& camera = *CurrentCameraView().GetCamera();

@@ -40,6 +40,9 @@ Command drawArrowCommand()
     command.handler = [](const Arguments& arguments) {
         const std::array<double, 3> from = arguments["from"].AsVector();
         const std::array<double, 3> to = arguments["to"].AsVector();
+        if (from == to)
+            throw WrongArgument("view:draw-arrow", "to", "another point than \"from\"",
+                                arguments["to"]);
         ViewServices().DrawArrow(from[0], from[1], from[2], to[0], to[1], to[2]);
         return Value();
     };

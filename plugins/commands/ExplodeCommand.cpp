@@ -86,7 +86,7 @@ void RegisterExplodeCommand(CommandTable& table)
     Parameter amount = RealParameter("amount",
                                      "0 puts everything back; 1 moves what an assembly consists of "
                                      "as far again from its middle as it lies from it",
-                                     "a share of the distance from the middle, 0 to 10000");
+                                     "shares of the distance from the middle");
     amount.minimum = 0.0;
     amount.maximum = kLargestAmount;
     Parameter levels;
@@ -101,7 +101,7 @@ void RegisterExplodeCommand(CommandTable& table)
     command.summary = "Shows assemblies taken apart.";
     command.help =
         "Picks, hover, boxes of the view, sections and highlighting follow what is shown. Measures "
-        "of entities (measure:distance, entity:bounding-box, ...) stay those of the model. Files "
+        "of entities (measure:distance, entity:box, ...) stay those of the model. Files "
         "do not move away from each other. A second explosion replaces the first; view:undo takes "
         "it back.";
     command.example = "(view:explode 0.5)";

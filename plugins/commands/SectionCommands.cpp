@@ -60,7 +60,8 @@ Value setSection(const Arguments& arguments)
     const std::array<double, 3> normal = arguments["normal"].AsVector();
     const double length = std::hypot(normal[0], normal[1], normal[2]);
     if (!(length > 0.0))
-        throw WrongArgument(kSection, "normal", "a direction", arguments["normal"]);
+        throw WrongArgument(kSection, "normal", "a direction other than (0 0 0)",
+                            arguments["normal"]);
     const ClipPlane plane = planeThrough(arguments["point"].AsVector(), normal, length);
     const auto number = static_cast<std::size_t>(arguments["number"].AsInteger());
     ChangeView([&] {

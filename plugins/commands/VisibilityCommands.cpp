@@ -190,8 +190,8 @@ Command stepCommand(const std::string& word, Step step, const std::string& summa
 Command transparencyCommand()
 {
     Command command = entitiesCommand("transparency", "Lets one see through bodies or assemblies.");
-    Parameter share = RealParameter("share", "0 is as opaque as the model's own colours, 1 unseen",
-                                    "a share from 0 to 1");
+    Parameter share =
+        RealParameter("share", "0 is as opaque as the model's own colours, 1 unseen", "shares");
     share.minimum = 0.0;
     share.maximum = 1.0;
     command.parameters.insert(command.parameters.begin(), share);

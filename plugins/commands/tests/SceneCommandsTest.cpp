@@ -190,8 +190,8 @@ TEST_F(SceneCommands, SectionsAreNumberedMovedAndTakenAway)
 TEST_F(SceneCommands, WrongSectionsAreTold)
 {
     EXPECT_EQ(errorOf("view:section", {List{0, 0, 0}, List{0, 0, 0}}),
-              "view:section: parameter \"normal\": expected a direction, got a list of 3 "
-              "elements.");
+              "view:section: parameter \"normal\": expected a direction other than (0 0 0), got a "
+              "list of 3 elements.");
     EXPECT_EQ(errorOf("view:section", {List{0, 0, 0}, List{0, 0, 1}, Value(2)}),
               "view:section: parameter \"number\": expected at most 1, the next that is free, got "
               "the integer 2.");
@@ -278,6 +278,19 @@ TEST_F(SceneCommands, WrongLinesTextsAndWordsAreTold)
               "view:projection: parameter \"kind\": expected \"parallel\" or \"perspective\", got "
               "the string \"sideways\".");
     EXPECT_EQ(run("view:restore-camera", {Value(L"never saved")}), Value(false));
+}
+
+TEST_F(SceneCommands, WhatCouldNotBeSeenOrFoundAgainIsRefused)
+{
+    EXPECT_EQ(errorOf("view:draw-arrow", {List{1, 2, 3}, List{1, 2, 3}}),
+              "view:draw-arrow: parameter \"to\": expected another point than \"from\", got a list "
+              "of 3 elements.");
+    EXPECT_EQ(errorOf("view:draw-text", {Value(L""), List{0, 0, 0}}),
+              "view:draw-text: parameter \"text\": expected a text with something in it, got the "
+              "string \"\".");
+    EXPECT_EQ(errorOf("view:save-camera", {Value(L"")}),
+              "view:save-camera: parameter \"name\": expected a name with something in it, got the "
+              "string \"\".");
 }
 
 } // namespace
