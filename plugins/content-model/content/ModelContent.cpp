@@ -2,6 +2,7 @@
 
 #include "OrvikModel/ModelRenderer3D.h"
 #include "content/ModelPicker.h"
+#include "content/PartBoxes.h"
 #include "content/Visibility.h"
 
 #include "OrvikCore/Document.h"
@@ -39,7 +40,8 @@ ModelContent::ModelContent(Document& owner, std::shared_ptr<const Model> model,
       m_model(std::move(model)),
       m_typeName(std::move(typeName)),
       m_link(std::make_shared<SceneLink>()),
-      m_picker(std::make_unique<ModelPicker>(m_model, m_link))
+      m_picker(std::make_unique<ModelPicker>(m_model, m_link)),
+      m_partBoxes(std::make_unique<PartBoxes>())
 {
 }
 

@@ -1,5 +1,6 @@
 #include "OrvikModel/ModelContent.h"
 #include "OrvikModel/ModelEntity.h"
+#include "content/PartBoxes.h"
 #include "content/Placement.h"
 
 #include <TambVizCore/Geometry.h>
@@ -134,7 +135,7 @@ bool ModelContent::GetBox(const EntityId& entity, VizBox& box) const
         const auto part = static_cast<std::uint32_t>(geometry->FindPart(match.partId));
         double world[16];
         GetWorldTransform(*match.node, world);
-        found = geometry->PartBox(part).Transformed(world);
+        found = m_partBoxes->BoxOf(geometry, part).Transformed(world);
     } else if (match.node && match.partId == 0) {
         for (const ModelNode* node : NodesBelow(*m_model, match.node)) {
             double world[16];

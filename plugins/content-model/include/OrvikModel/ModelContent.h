@@ -14,6 +14,7 @@
 namespace OrvikModel {
 
 class ModelPicker;
+class PartBoxes;
 struct SceneLink;
 
 /// A model in a document, whatever plugin read it: answers picks and what is asked of its entities.
@@ -84,6 +85,7 @@ private:
     std::string m_typeName;
     std::shared_ptr<SceneLink> m_link; ///< Shared with the 3D renderer.
     std::unique_ptr<ModelPicker> m_picker;
+    std::unique_ptr<PartBoxes> m_partBoxes;
 };
 
 /// Adds what was read to a document, through the call gate: gives the model a number that no
