@@ -104,7 +104,8 @@ void FrameItems::addItem(GeoNode& node, const Inherited& state)
     TambVizCore::MultiplyMatrices(m_projection.view, state.world, modelView);
     const VizBox box = node.GetGeometry()->BoundingBox().Transformed(modelView);
     const double reach =
-        kReachPixels + std::max<double>(node.LineWidthPixels(), node.PointSizePixels());
+        m_projection.lineScale *
+        (kReachPixels + std::max<double>(node.LineWidthPixels(), node.PointSizePixels()));
     bool isCut = false;
     if (!IsInSight(m_projection, box, reach) || (!state.auxiliary && isCutAway(box, isCut)))
         return;

@@ -188,10 +188,15 @@ void Painter::Draw(const FrameItem& item, const PaintStyle& style, const Primiti
     m_work += WorkOf(style.kind, run.count);
 }
 
+void Painter::SetLineWidth(float pixels)
+{
+    glLineWidth(std::min(pixels * static_cast<float>(m_projection.lineScale), m_maxLineWidth));
+}
+
 void Painter::setFaceState(const FrameItem& item, const PaintStyle& style)
 {
     if (style.kind == PartKind::Edge)
-        glLineWidth(std::min(style.lineWidth, m_maxLineWidth));
+        SetLineWidth(style.lineWidth);
     if (style.kind != PartKind::Face)
         return;
     setCapability(GL_CULL_FACE, style.mayCull && item.culled);
@@ -263,7 +268,8 @@ void Painter::setUniforms(Shader& shader, const FrameItem& item, const PaintStyl
     setColor(shader.baseColor, style.color);
     glUniform1ui(shader.nodeFlags, item.flags);
     glUniform1f(shader.towardEye,
-                style.towardEyePixels * static_cast<float>(m_projection.pixelSize));
+                style.towardEyePixels *
+                    static_cast<float>(m_projection.pixelSize * m_projection.lineScale));
     glUniform1i(shader.transparentLayer, style.layer == Layer::Transparent ? 1 : 0);
     // Lines and points are drawn without blending and stay as they are.
     const bool isFace = style.kind == PartKind::Face;
@@ -274,7 +280,8 @@ void Painter::setUniforms(Shader& shader, const FrameItem& item, const PaintStyl
     if (style.kind == PartKind::Vertex) {
         const float size = item.node->PointSizePixels();
         const bool cloud = item.node->GetCategory() == GeoNode::Category::PointCloud;
-        glUniform1f(shader.pointSize, cloud ? size : std::max(kVertexPixels, size));
+        glUniform1f(shader.pointSize, static_cast<float>(m_projection.lineScale) *
+                                          (cloud ? size : std::max(kVertexPixels, size)));
     }
 }
 

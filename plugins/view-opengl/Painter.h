@@ -92,6 +92,9 @@ public:
     /// Brings the state that a painter keeps to what a context starts with.
     void Rest();
 
+    /// @param pixels  as the scene has it; it grows with the picture.
+    void SetLineWidth(float pixels);
+
     /// Wider lines are drawn as wide as this; 1 at start.
     void SetMaxLineWidth(float pixels) { m_maxLineWidth = pixels; }
 

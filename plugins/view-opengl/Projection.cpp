@@ -147,7 +147,7 @@ void FitDepth(Projection& projection, const TambVizCore::VizBox& box)
         projection.pixelSize * (projection.orthographic ? 1.0 : std::max(farthest, 0.0));
     const double margin =
         kDepthMargin * std::max(farthest - nearest, std::abs(farthest) * kNearestShare) +
-        kDepthMarginPixels * pixel;
+        kDepthMarginPixels * pixel * projection.lineScale;
     nearest -= margin;
     farthest += margin;
     if (projection.orthographic) {

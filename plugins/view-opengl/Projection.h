@@ -20,6 +20,7 @@ struct Projection
                              ///< projection, per unit of depth in perspective.
     double aspect = 1.0;     ///< Width through height.
     double pixelSize = 0.0;  ///< Size of a pixel, in the units of halfHeight.
+    double lineScale = 1.0;  ///< Lines and points are drawn so many times as wide as they say.
     double nearest = 0.0;    ///< Depths (-z in eye space) that are kept apart; world units.
     double farthest = 0.0;
 };

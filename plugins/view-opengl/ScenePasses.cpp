@@ -181,7 +181,7 @@ bool SceneRenderer::drawTessellation(FrameBudget& budget)
     style.color = m_options->GetDefaultTessEdgeColor();
     style.towardEyePixels = kLinePixels;
     glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
-    glLineWidth(1.0f);
+    m_painter.SetLineWidth(1.0f);
     bool isDone = true;
     for (; isDone && m_next < m_inOrder.size(); m_next += isDone ? 1 : 0) {
         const FrameItem& item = *m_inOrder[m_next];

@@ -135,6 +135,7 @@ private:
     void drawFront(const PictureScale& scale, int width, int height);
     void beginPicture(int width, int height, Purpose purpose, const TimeSlice& upload);
     void endPicture(int width, int height);
+    Projection projectionOf(int width, int height);
     PictureScale scaleOf(const Projection& projection, int height) const;
     void drawAxes(const Projection& projection, int width, int height);
     void drawOverlay(int width, int height);

@@ -39,6 +39,14 @@ void View3dOpenGlSG::prepareScene(const PictureScale& scale, Purpose purpose)
     mark->Adapt(scale, point, m_isTurning && purpose == Purpose::Frame);
 }
 
+/// In pictures larger than the window lines and points grow along, as text does.
+Projection View3dOpenGlSG::projectionOf(int width, int height)
+{
+    Projection projection = MakeProjection(*GetCamera(), width, height);
+    projection.lineScale = std::max(1.0, scaleOf(projection, height).pixelScale);
+    return projection;
+}
+
 PictureScale View3dOpenGlSG::scaleOf(const Projection& projection, int height) const
 {
     return {projection, m_height > 0 ? static_cast<double>(height) / m_height : 1.0};
@@ -49,7 +57,7 @@ void View3dOpenGlSG::beginPicture(int width, int height, Purpose purpose, const 
     Background background;
     GetViewportBackground(1, background.top);
     GetViewportBackground(2, background.bottom);
-    const Projection projection = MakeProjection(*GetCamera(), width, height);
+    const Projection projection = projectionOf(width, height);
     prepareScene(scaleOf(projection, height), purpose);
     m_renderer.Begin(*m_root, worldObjects(), *GetRenderingOptions(), projection, background,
                      textLabels().Bounds(projection.view), upload);
@@ -71,7 +79,10 @@ void View3dOpenGlSG::drawFront(const PictureScale& scale, int width, int height)
 {
     if (frontObjects().ChildCount() == 0)
         return;
-    m_renderer.DrawInset(frontObjects(), *GetRenderingOptions(), scale.projection);
+    // What is in front has taken its widths from the scale already.
+    Projection front = scale.projection;
+    front.lineScale = 1.0;
+    m_renderer.DrawInset(frontObjects(), *GetRenderingOptions(), front);
     frontLabels().Draw(scale.projection, width, height, scale.pixelScale);
 }
 
@@ -86,6 +97,7 @@ void View3dOpenGlSG::drawAxes(const Projection& projection, int width, int heigh
     withoutPlace(projection.view, corner.view);
     corner.halfHeight = AxesObject::Reach();
     corner.pixelSize = 2.0 * corner.halfHeight / side;
+    corner.lineScale = projection.lineScale;
     glViewport(0, 0, side, side);
     m_renderer.DrawInset(cornerObjects(), *GetRenderingOptions(), corner);
 }

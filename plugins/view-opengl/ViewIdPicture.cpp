@@ -68,8 +68,7 @@ bool View3dOpenGlSG::ReadIdPicture(int width, int height, IdPicture& picture)
     // A frame that is half drawn begins anew.
     m_isDrawing = false;
     std::vector<const GeoNode*> nodes;
-    m_renderer.DrawIds(*m_root, *GetRenderingOptions(), MakeProjection(*GetCamera(), width, height),
-                       nodes);
+    m_renderer.DrawIds(*m_root, *GetRenderingOptions(), projectionOf(width, height), nodes);
     IdTarget::Pixels pixels = target.Read();
     m_renderer.EndFrame();
     if (const GLenum error = glGetError(); error != GL_NO_ERROR) {

@@ -1,6 +1,7 @@
 #include "Shapes.h"
 #include "ViewTest.h"
 
+#include <OrvikCore/ACamera.h>
 #include <TambVizCore/Matrix.h>
 #include <TambVizCore/Node.h>
 
@@ -214,6 +215,55 @@ TEST_F(BodyPicture, WideLineIsWide)
 
     EXPECT_EQ(At(0.2, 0.1), Shows::Black);
     EXPECT_EQ(At(0.2, 0.2), Shows::Background);
+}
+
+TEST_F(BodyPicture, LinesHoldInPicturesLargerThanTheWindow)
+{
+    Options().SetDefaultEdgeColor(kBlack);
+    Add(MakeLine(0.0f)).SetLineWidthPixels(5.0f);
+    Draw(256, 256);
+
+    EXPECT_EQ(At(0.2, 0.06), Shows::Black);
+    EXPECT_EQ(At(0.2, 0.1), Shows::Background);
+}
+
+TEST_F(BodyPicture, WideLinesOfALargePictureStayBeforeSlantedFaces)
+{
+    Options().SetDefaultEdgeColor(kBlack);
+    float eye[3] = {4.0f, 3.0f, 9.0f}, target[3] = {0, 0, 0}, up[3] = {0, 1, 0};
+    m_view->GetCamera()->SetCamera(eye, target, up);
+    Add(MakeRectangles({{}}));
+    Add(MakeLine(0.0f)).SetLineWidthPixels(3.0f);
+    Draw(512, 512);
+
+    int thin = 0;
+    for (double x = -0.15; x < 0.15; x += 0.01) {
+        int black = 0;
+        for (double y = -0.2; y < 0.2; y += 2.0 / 512.0)
+            black += At(x, y) == Shows::Black ? 1 : 0;
+        thin += black < 20 ? 1 : 0;
+    }
+    EXPECT_EQ(thin, 0) << "columns of the line that the face covers in part";
+}
+
+TEST_F(BodyPicture, PointsHoldInPicturesLargerThanTheWindow)
+{
+    Options().SetShowVertices(true);
+    Options().SetDefaultVertexColor(kBlack);
+    Add(MakePoint()).SetPointSizePixels(8.0f);
+    Draw(256, 256);
+
+    EXPECT_EQ(At(0.1, 0.0), Shows::Black);
+    EXPECT_EQ(At(0.16, 0.0), Shows::Background);
+}
+
+TEST_F(BodyPicture, LinesKeepTheirWidthInSmallPictures)
+{
+    Options().SetDefaultEdgeColor(kBlack);
+    Add(MakeLine(0.0f));
+    Draw(33, 33);
+
+    EXPECT_EQ(At(0.2, 0.0), Shows::Black);
 }
 
 TEST_F(BodyPicture, EdgesFollowTheirSwitch)
