@@ -10,7 +10,9 @@
 #include <OrvikCore/SessionMgr.h>
 #include <OrvikOs/Thread.h>
 #include <TambCommandsInfra/CommandTable.h>
+#include <TambVizCore/IView3D.h>
 
+#include <array>
 #include <exception>
 #include <utility>
 
@@ -85,6 +87,7 @@ void Journal::Begin(const std::wstring& folder, const JournalStart& start,
     }
     append(JournalHead(start, L"pellux " + ProgramVersion(), timeText(now)));
     m_session = &session;
+    m_knownSize = {start.width, start.height};
     noteKnown();
     m_knownHighlight = highlight();
     TambCommandsInfra::SetCommandJournal(this);
@@ -194,10 +197,24 @@ void Journal::write(const std::wstring& form, const std::vector<std::wstring>& m
                     bool hasFailed)
 {
     m_history.Add(form, hasFailed);
-    std::wstring lines = form + L"\n";
+    std::wstring lines = changedSize() + form + L"\n";
     for (const std::wstring& mark : marks)
         lines += mark + L"\n";
     append(lines);
+}
+
+/// What a fit shows and how large a picture becomes depends on the size of the view.
+/// @return the line for a view that has another size than the journal knows; else nothing.
+std::wstring Journal::changedSize()
+{
+    std::array<int, 2> size{};
+    if (m_session->View3D() == nullptr)
+        return {};
+    m_session->View3D()->GetWindowSize(size[0], size[1]);
+    if (size == m_knownSize || size[0] < 1 || size[1] < 1)
+        return {};
+    m_knownSize = size;
+    return SizeLine(size[0], size[1]) + L"\n";
 }
 
 void Journal::append(const std::wstring& lines)

@@ -103,6 +103,7 @@ private:
     void writeSelection();
     void write(const std::wstring& form, const std::vector<PickNote>& picks);
     void write(const std::wstring& form, const std::vector<std::wstring>& marks, bool hasFailed);
+    std::wstring changedSize();
     void append(const std::wstring& lines);
 
     Warn m_warn;
@@ -111,6 +112,7 @@ private:
     bool m_isBroken = false;
     OrvikCore::ASession* m_session = nullptr; ///< Not owned; null before Begin().
     bool m_gestureIsOpen = false;
+    std::array<int, 2> m_knownSize{};    ///< Of the view, as the journal has it, pixels.
     std::optional<Triple> m_knownCamera; ///< As the journal has it.
     std::vector<TambVizCore::EntityId> m_knownSelection;
     /// What a replay would highlight.

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <sstream>
+#include <utility>
 
 namespace Pellux {
 namespace {
@@ -21,6 +22,7 @@ constexpr wchar_t kFirstLine[] = L";; Pellux journal 1";
 constexpr wchar_t kFirstLineStart[] = L";; Pellux journal ";
 constexpr wchar_t kMark[] = L";= ";
 constexpr wchar_t kFolderMark[] = L";= folder ";
+constexpr wchar_t kSizeMark[] = L";= size ";
 constexpr long long kMaxSide = 16384;
 
 constexpr EntityType kTypes[] = {
@@ -90,16 +92,31 @@ bool readEntity(JournalWords& words, EntityId& entity)
     return true;
 }
 
+bool readSize(JournalWords& words, int& width, int& height)
+{
+    long long sides[2] = {};
+    if (!words.NextInteger(sides[0]) || !words.NextInteger(sides[1]) ||
+        std::min(sides[0], sides[1]) < 1 || std::max(sides[0], sides[1]) > kMaxSide)
+        return false;
+    width = static_cast<int>(sides[0]);
+    height = static_cast<int>(sides[1]);
+    return true;
+}
+
+bool readSizeMark(const std::wstring& line, int& width, int& height)
+{
+    if (!line.starts_with(kSizeMark))
+        return false;
+    JournalWords words(line.substr(std::size(kSizeMark) - 1));
+    return readSize(words, width, height) && words.IsAtEnd();
+}
+
 bool readStart(JournalWords& words, JournalStart& start)
 {
-    long long width = 0;
-    long long height = 0;
-    if (words.Next() != "size" || !words.NextInteger(width) || !words.NextInteger(height) ||
-        words.Next() != "up" || width < 1 || height < 1 || width > kMaxSide || height > kMaxSide)
+    if (words.Next() != "size" || !readSize(words, start.width, start.height) ||
+        words.Next() != "up")
         return false;
     const std::string up = words.Next();
-    start.width = static_cast<int>(width);
-    start.height = static_cast<int>(height);
     start.isZUp = up == "z";
     return (up == "y" || up == "z") && words.IsAtEnd();
 }
@@ -123,9 +140,11 @@ std::vector<std::wstring> linesOf(const std::wstring& text)
     return lines;
 }
 
-/// Takes the line behind a form.
-bool readMark(const std::wstring& line, JournalEntry& entry)
+/// Takes a line behind a form; what it says of the form to come goes to @p next.
+bool readMark(const std::wstring& line, JournalEntry& entry, JournalEntry& next)
 {
+    if (readSizeMark(line, next.width, next.height))
+        return true;
     if (line == FailureLine() || line == InputLine()) {
         entry.hasFailed |= line == FailureLine();
         entry.hasInputBelow |= line == InputLine();
@@ -161,6 +180,8 @@ bool readHead(const std::vector<std::wstring>& lines, JournalStart& start, std::
             start.folder = lines[i].substr(std::size(kFolderMark) - 1);
             continue;
         }
+        if (isStartRead && readSizeMark(lines[i], start.width, start.height))
+            continue;
         JournalWords words(lines[i].substr(2));
         if (isStartRead || words.Next() != "start" || !readStart(words, start)) {
             errorText = place(i + 1, L"this line is not understood");
@@ -221,6 +242,11 @@ std::wstring PickLine(const PickNote& note)
     return text;
 }
 
+std::wstring SizeLine(int width, int height)
+{
+    return kSizeMark + std::to_wstring(width) + L" " + std::to_wstring(height);
+}
+
 std::wstring FailureLine()
 {
     return std::wstring(kMark) + L"failed";
@@ -279,14 +305,18 @@ bool ParseJournal(const std::wstring& text, const SplitForms& split, JournalCont
         forms.pop_back();
         lines.resize(static_cast<std::size_t>(contents.cutLine) - 1);
     }
+    JournalEntry next;
     for (std::size_t i = 0; i < forms.size(); ++i) {
-        JournalEntry entry{forms[i].text, forms[i].line, forms[i].column, false, false, {}};
+        JournalEntry entry = std::exchange(next, JournalEntry());
+        entry.form = forms[i].text;
+        entry.line = forms[i].line;
+        entry.column = forms[i].column;
         const auto first = static_cast<std::size_t>(
             forms[i].line + std::count(forms[i].text.begin(), forms[i].text.end(), L'\n'));
         const std::size_t last =
             i + 1 < forms.size() ? static_cast<std::size_t>(forms[i + 1].line) - 1 : lines.size();
         for (std::size_t line = first; line < last; ++line) {
-            if (isMark(lines[line]) && !readMark(lines[line], entry)) {
+            if (isMark(lines[line]) && !readMark(lines[line], entry, next)) {
                 errorText = place(line + 1, L"this line is not understood");
                 return false;
             }

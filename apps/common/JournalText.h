@@ -41,6 +41,8 @@ struct JournalEntry
     /// What the events that it asked for have done stands in the forms below.
     bool hasInputBelow = false;
     std::vector<PickNote> picks; ///< In the order in which the form made them.
+    int width = 0;               ///< Of the view, pixels; 0 where it is that of the form before.
+    int height = 0;
 };
 
 /// A form of a text and its place.
@@ -81,6 +83,9 @@ std::wstring JournalHead(const JournalStart& start, const std::wstring& program,
 
 /// Writes the line that follows a form which made a pick; numbers with 17 digits.
 std::wstring PickLine(const PickNote& note);
+
+/// The line before a form that found the view in another size than the one before.
+std::wstring SizeLine(int width, int height);
 
 /// The line that follows a form which failed.
 std::wstring FailureLine();

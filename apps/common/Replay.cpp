@@ -10,6 +10,7 @@
 #include <OrvikCore/Document.h>
 #include <OrvikCore/Shell.h>
 #include <OrvikOs/Directory.h>
+#include <TambVizCore/IView3D.h>
 
 #include <algorithm>
 #include <cmath>
@@ -156,6 +157,8 @@ bool Replay::runEntry(const JournalEntry& entry, const std::wstring& file)
         const Lock lock(m_lock);
         m_found.clear();
     }
+    if (m_followsSizes && entry.width > 0 && m_session.View3D() != nullptr)
+        m_session.View3D()->SetWindowSize(entry.width, entry.height);
     m_shell.GetScriptEngine()->SetNextSource(file, entry.line, entry.column);
     std::wstring output;
     const bool good = m_shell.RunScript(entry.form, output);

@@ -98,6 +98,9 @@ public:
     Replay(const Replay&) = delete;
     Replay& operator=(const Replay&) = delete;
 
+    /// Gives the view the sizes that the journal's forms found it in; off at first.
+    void FollowSizes(bool follows) { m_followsSizes = follows; }
+
     /// Runs the journal @p text that was read from @p file.
     ReplayOutcome Run(const std::wstring& text, const std::wstring& file);
 
@@ -120,6 +123,7 @@ private:
     BeforeForm m_beforeForm;
     AfterPick m_afterPick;
     GoOn m_goOn;
+    bool m_followsSizes = false;
     OrvikOs::CriticalSection m_lock;
     std::vector<PickNote> m_found; ///< Of the form that runs; written on the worker.
 };

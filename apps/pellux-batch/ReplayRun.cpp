@@ -50,6 +50,7 @@ bool ReplayRun::Run(const Options& options, OrvikCore::Shell& shell, const Befor
             std::cout << DescribePick(pick, options.replay) << std::endl;
         },
         goOn);
+    replay.FollowSizes(!options.isSizeGiven);
     const Pellux::ReplayOutcome outcome = replay.Run(m_text, options.replay);
     errorText = outcome.errorText;
     cutText = outcome.cutText;

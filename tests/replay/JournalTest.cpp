@@ -1,4 +1,5 @@
 #include "JournalFixture.h"
+#include "Pictures.h"
 
 #include <gtest/gtest.h>
 
@@ -34,6 +35,24 @@ TEST_F(Journal, IsReplayedAtAnotherSizeWithTheSameEntities)
     record({"(view:iso)", kTop, kSide, "(sel:set top)", "(app:pick-face 500 0 0 0 0 1 0)"});
 
     expectEnd(replay({"--size", "320x200"}), 0, "3 picks: 3 same, 0 moved, 0 other, 0 gone\n");
+}
+
+TEST_F(Journal, GivesTheViewTheSizesOfTheRunUnlessOneIsAskedFor)
+{
+    m_process.Write("run.journal.scm", ";; Pellux journal 1\n;= start size 100 80 up y\n"
+                                       ";= size 300 200\n(view:save-image \"first.png\")\n"
+                                       ";= size 120 90\n(view:save-image \"second.png\")\n");
+    const auto pixels = [this](const char* name) {
+        return ComparePictures(m_process.Folder() / name, m_process.Folder() / name).pixels;
+    };
+
+    EXPECT_EQ(replay().exitCode, 0);
+    EXPECT_EQ(pixels("first.png"), 300 * 200);
+    EXPECT_EQ(pixels("second.png"), 120 * 90);
+
+    EXPECT_EQ(replay({"--size", "64x48"}).exitCode, 0);
+    EXPECT_EQ(pixels("first.png"), 64 * 48);
+    EXPECT_EQ(pixels("second.png"), 64 * 48);
 }
 
 TEST_F(Journal, TellsWhatHasMovedWhatIsAnotherAndWhatIsGone)

@@ -73,6 +73,36 @@ bool asks(const std::wstring& form)
     return AsksOnly(form, [](const std::string& name) { return name.starts_with("ask:"); });
 }
 
+TEST(JournalText, ASizeBelongsToTheFormBelowIt)
+{
+    JournalContents contents;
+    std::wstring errorText;
+
+    ASSERT_TRUE(ParseJournal(head() + Pellux::SizeLine(860, 467) + L"\n(one)\n(two)\n;= failed\n" +
+                                 Pellux::SizeLine(100, 50) + L"\n(three)\n",
+                             splitLines, contents, errorText))
+        << errorText.c_str();
+
+    EXPECT_EQ(contents.start.width, 860);
+    EXPECT_EQ(contents.start.height, 467);
+    ASSERT_EQ(contents.entries.size(), 3u);
+    EXPECT_EQ(contents.entries[1].width, 0);
+    EXPECT_TRUE(contents.entries[1].hasFailed);
+    EXPECT_EQ(contents.entries[2].width, 100);
+    EXPECT_EQ(contents.entries[2].height, 50);
+    EXPECT_FALSE(contents.entries[2].hasFailed);
+}
+
+TEST(JournalText, ASizeThatIsNoneIsNotUnderstood)
+{
+    for (const wchar_t* const line :
+         {L";= size 0 5", L";= size 5", L";= size 5 99999999", L";= size 5 5 5", L";= size x y"}) {
+        EXPECT_EQ(errorOf(head() + L"(one)\n" + line + L"\n(two)\n"),
+                  L"line 6: this line is not understood");
+        EXPECT_EQ(errorOf(head() + line + L"\n(two)\n"), L"line 5: this line is not understood");
+    }
+}
+
 TEST(JournalText, APickIsReadBackExactly)
 {
     const PickNote note = faceNote();

@@ -42,6 +42,13 @@ QRect RowsView::CheckBoxRect(const QModelIndex& index) const
     return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this);
 }
 
+void RowsView::resizeEvent(QResizeEvent* event)
+{
+    // Short rows are as wide as the view all the same.
+    header()->setMinimumSectionSize(viewport()->width());
+    QTreeView::resizeEvent(event);
+}
+
 QItemSelectionModel::SelectionFlags RowsView::selectionCommand(const QModelIndex& index,
                                                                const QEvent* event) const
 {

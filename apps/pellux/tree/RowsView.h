@@ -21,6 +21,7 @@ public:
     QRect CheckBoxRect(const QModelIndex& index) const;
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
                                                          const QEvent* event) const override;
 };

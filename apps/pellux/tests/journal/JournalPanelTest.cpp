@@ -1,8 +1,13 @@
 #include "WindowFixture.h"
 
+#include <OrvikCore/ASession.h>
+#include <OrvikCore/SessionMgr.h>
+#include <TambVizCore/IView3D.h>
+
 #include <actions/WindowMenus.h>
 #include <journal/JournalPanel.h>
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QTableWidget>
 
@@ -51,6 +56,21 @@ TEST_F(JournalPanel, ReplaysThisRunWithTheSameResult)
         m_panel->Summary().contains(QStringLiteral("1 picks: 1 same, 0 moved, 0 other, 0 gone")))
         << m_panel->Summary().toStdString();
     EXPECT_EQ(errors, QStringList());
+}
+
+TEST_F(JournalPanel, SaysInWhichSizeTheViewWas)
+{
+    work();
+    Window().resize(Window().size() + QSize(40, 20));
+    QCoreApplication::processEvents();
+    Do("(view:front)");
+    int width = 0;
+    int height = 0;
+    OrvikCore::SessionMgr::Instance().CurrentSession().View3D()->GetWindowSize(width, height);
+
+    EXPECT_TRUE(m_panel->Text().endsWith(
+        QStringLiteral(";= size %1 %2\n(view:front)\n").arg(width).arg(height)))
+        << m_panel->Text().toStdString();
 }
 
 TEST_F(JournalPanel, GoesOnAfterAReplay)
