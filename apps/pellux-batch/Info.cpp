@@ -13,7 +13,9 @@
 #include <TambVizCore/Utils.h>
 #include <TambVizCore/VizBox.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <set>
 #include <vector>
 
@@ -30,12 +32,41 @@ struct ContentInfo
     TambVizCore::VizBox box;
 };
 
+/// What a node of the scene is, by what it draws.
+enum class Drawn : std::size_t
+{
+    Solid,      ///< Triangles that close a solid.
+    Surface,    ///< Other triangles.
+    Wire,       ///< Lines alone.
+    Points,     ///< Points alone.
+    Annotation, ///< PMI.
+    Nothing,    ///< As bodies of a product structure.
+};
+
+/// How one of a kind is called, and several; in the order of Drawn.
+constexpr const char* kKindNames[][2] = {
+    {"solid", "solids"},         {"surface", "surfaces"},       {"wire", "wires"},
+    {"point set", "point sets"}, {"annotation", "annotations"}, {"empty body", "empty bodies"}};
+constexpr std::size_t kKindCount = std::size(kKindNames);
+
 /// What is counted of the scene; instances count each time they are drawn, bytes once.
 struct SceneCounts
 {
-    std::uint64_t bodies = 0, triangles = 0, segments = 0, points = 0, vertices = 0, bytes = 0;
+    std::uint64_t kinds[kKindCount] = {};
+    std::uint64_t triangles = 0, segments = 0, points = 0, vertices = 0, bytes = 0;
     std::set<const TambVizCore::Geometry*> seen;
 };
+
+Drawn kindOf(const TambVizCore::GeoNode& node, const TambVizCore::Geometry& geometry)
+{
+    if (node.GetCategory() == TambVizCore::GeoNode::Category::PMI)
+        return Drawn::Annotation;
+    if (geometry.TriangleCount() > 0)
+        return geometry.IsClosed() ? Drawn::Solid : Drawn::Surface;
+    if (geometry.SegmentCount() > 0)
+        return Drawn::Wire;
+    return geometry.PointCount() > 0 ? Drawn::Points : Drawn::Nothing;
+}
 
 void count(const TambVizCore::Node& node, SceneCounts& counts)
 {
@@ -44,7 +75,7 @@ void count(const TambVizCore::Node& node, SceneCounts& counts)
         return;
     if (drawn != nullptr && drawn->GetGeometry() != nullptr) {
         const TambVizCore::Geometry& geometry = *drawn->GetGeometry();
-        ++counts.bodies;
+        ++counts.kinds[static_cast<std::size_t>(kindOf(*drawn, geometry))];
         counts.triangles += geometry.TriangleCount();
         counts.segments += geometry.SegmentCount();
         counts.points += geometry.PointCount();
@@ -80,6 +111,30 @@ SceneCounts countScene(OrvikCore::ASession& session)
     return counts;
 }
 
+/// "18 solids, 1 wire"; "none" for an empty scene.
+std::string kindsText(const SceneCounts& counts)
+{
+    std::string text;
+    for (std::size_t kind = 0; kind < kKindCount; ++kind)
+        if (counts.kinds[kind] > 0)
+            text += (text.empty() ? "" : ", ") + std::to_string(counts.kinds[kind]) + " " +
+                    kKindNames[kind][counts.kinds[kind] == 1 ? 0 : 1];
+    return text.empty() ? "none" : text;
+}
+
+/// Bodies are what has faces, and what has nothing to draw; kinds are listed whatever their number.
+std::string kindsJson(const SceneCounts& counts)
+{
+    const auto of = [&counts](Drawn kind) { return counts.kinds[static_cast<std::size_t>(kind)]; };
+    std::string text = "\"bodies\": " +
+                       std::to_string(of(Drawn::Solid) + of(Drawn::Surface) + of(Drawn::Nothing)) +
+                       ", \"kinds\": {";
+    for (std::size_t kind = 0; kind < kKindCount; ++kind)
+        text += (kind == 0 ? "\"" : ", \"") + std::string(kKindNames[kind][1]) +
+                "\": " + std::to_string(counts.kinds[kind]);
+    return text + "}";
+}
+
 std::string corners(const TambVizCore::VizBox& box, const char* separator)
 {
     std::string text;
@@ -107,7 +162,7 @@ std::string DescribeSessionText()
             text += "  box        " + corners(content.box, " ") + "\n";
     }
     const SceneCounts counts = countScene(session);
-    text += "bodies       " + std::to_string(counts.bodies) + "\n";
+    text += "shapes       " + kindsText(counts) + "\n";
     text += "triangles    " + std::to_string(counts.triangles) + "\n";
     text += "segments     " + std::to_string(counts.segments) + "\n";
     text += "points       " + std::to_string(counts.points) + "\n";
@@ -132,8 +187,7 @@ std::string DescribeSessionJson()
                 "}";
     }
     const SceneCounts counts = countScene(session);
-    text += "], \"bodies\": " + std::to_string(counts.bodies) +
-            ", \"triangles\": " + std::to_string(counts.triangles) +
+    text += "], " + kindsJson(counts) + ", \"triangles\": " + std::to_string(counts.triangles) +
             ", \"segments\": " + std::to_string(counts.segments) +
             ", \"points\": " + std::to_string(counts.points) +
             ", \"vertices\": " + std::to_string(counts.vertices) +

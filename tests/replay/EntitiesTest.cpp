@@ -165,6 +165,19 @@ protected:
     BatchProcess m_process;
 };
 
+TEST_F(EntitiesOfSolids, AreCountedApartFromSurfacesWiresAndAnnotations)
+{
+    const Outcome loose = m_process.Run({copy("free_shapes.step"), "--info"});
+    const Outcome annotated = m_process.Run({copy("pmi.step"), "--info"});
+    const Outcome structure = m_process.Run({"--eval", "(WEND.setForceProductStructureMode #t)",
+                                             "--eval", "(doc:load \"pmi.step\")", "--info"});
+
+    EXPECT_NE(loose.output.find("shapes       1 surface, 1 wire, 1 point set\n"),
+              std::string::npos);
+    EXPECT_NE(annotated.output.find("shapes       1 solid, 7 annotations\n"), std::string::npos);
+    EXPECT_NE(structure.output.find("shapes       1 empty body\n"), std::string::npos);
+}
+
 TEST_F(EntitiesOfSolids, HaveBoresWithADiameter)
 {
     m_process.ExpectGolden("hole-diameter",
