@@ -28,9 +28,10 @@ struct Dimension
 
 /// A view that draws dimensions over the model; found by dynamic_cast.
 ///
-/// Lines, heads and letters keep their size in pixels and are hidden by nothing of the model. The
-/// newest 100 dimensions are kept. They go when the view is cleared, and with the drawings of
-/// IViewObjectProvider::ClearDrawingObjects.
+/// A dimension moves along with what was measured where that is shown away from its place, and is
+/// not drawn while its measured things are shown apart. Lines, heads and letters keep their size in
+/// pixels and are hidden by nothing of the model. The newest 100 dimensions are kept. They go when
+/// the view is cleared, and with the drawings of IViewObjectProvider::ClearDrawingObjects.
 /// @thread Main thread.
 class ORVIKCORE_API IDimensionDrawer
 {

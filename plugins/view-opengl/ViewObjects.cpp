@@ -194,8 +194,10 @@ void ViewObjects::prepareObjects(TambVizCore::Node& model, const PictureScale& s
     if (auto* const axes = dynamic_cast<AxesObject*>(m_manager->Get(kAxesName)))
         axes->Turn(scale.projection.view);
     for (const std::string& name : m_dimensions)
-        if (DimensionObject* const drawn = dimension(name))
+        if (DimensionObject* const drawn = dimension(name)) {
+            drawn->Follow(model);
             drawn->Adapt(scale);
+        }
 }
 
 RotationMark* ViewObjects::rotationMark()

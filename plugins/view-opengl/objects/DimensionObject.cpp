@@ -34,6 +34,9 @@ constexpr double kTextGapPixels = 7.0; ///< Between line and text.
 constexpr double kLetterShare = 0.85;  ///< Width of a letter, as a share of that height.
 constexpr double kRoomForHeads = 3.0;  ///< Lengths of a head that a line has at least.
 
+/// Two ways that differ by less, as a share of their lengths, are the same.
+constexpr double kRounding = 1e-9;
+
 /// Children of the node; the rim comes first, so that lines are drawn over it.
 enum ChildId : std::uint64_t
 {
@@ -63,10 +66,42 @@ bool isFinite(const Dimension& dimension)
            std::all_of(dimension.legs.begin(), dimension.legs.end(), allFinite);
 }
 
+void moveBy(const Dimension::Point& shift, std::vector<Dimension::Point>& points)
+{
+    for (Dimension::Point& point : points)
+        for (std::size_t i = 0; i < 3; ++i)
+            point[i] += shift[i];
+}
+
+/// @return how far a node is shown from where it belongs, world units; 0 for null.
+Dimension::Point shiftOf(const Node* node)
+{
+    double home[16];
+    double shown[16];
+    TambVizCore::SetIdentity(home);
+    TambVizCore::SetIdentity(shown);
+    for (; node != nullptr; node = node->Parent()) {
+        double own[16];
+        double product[16];
+        node->GetHomeTransform(own);
+        TambVizCore::MultiplyMatrices(own, home, product);
+        std::copy_n(product, 16, home);
+        TambVizCore::MultiplyMatrices(node->Transform(), shown, product);
+        std::copy_n(product, 16, shown);
+    }
+    return {shown[12] - home[12], shown[13] - home[13], shown[14] - home[14]};
+}
+
+bool isSame(const Dimension::Point& a, const Dimension::Point& b)
+{
+    const double size = std::hypot(a[0], a[1], a[2]) + std::hypot(b[0], b[1], b[2]);
+    return distanceBetween(a, b) <= kRounding * size;
+}
+
 } // namespace
 
 DimensionObject::DimensionObject(Node& parent, TextLabels& labels, const Dimension& dimension)
-    : NodeObject(parent), m_labels(labels), m_dimension(dimension)
+    : NodeObject(parent), m_labels(labels), m_home(dimension), m_dimension(dimension)
 {
     name = "Dimension";
     findMiddle();
@@ -80,12 +115,59 @@ DimensionObject::~DimensionObject()
 void DimensionObject::SetIsVisible(bool const& isVisible)
 {
     NodeObject::SetIsVisible(isVisible);
-    m_labels.SetVisible(Id(), isVisible);
+    show();
+}
+
+void DimensionObject::doDisplay()
+{
+    show();
+}
+
+void DimensionObject::show()
+{
+    const bool isShown = visible && m_isTogether;
+    if (m_node != nullptr)
+        m_node->SetVisible(isShown);
+    m_labels.SetVisible(Id(), isShown);
+}
+
+void DimensionObject::Follow(Node& model)
+{
+    if (m_modelStamp == model.Stamps().subtree)
+        return;
+    m_modelStamp = model.Stamps().subtree;
+    Point shift{};
+    m_isTogether = true;
+    for (std::size_t i = 0; i < m_home.measured.size(); ++i) {
+        const Point moved = shiftOf(model.FindEntity(m_home.measured[i]));
+        if (i == 0)
+            shift = moved;
+        m_isTogether &= isSame(moved, shift);
+    }
+    moveTo(shift);
+    show();
+}
+
+void DimensionObject::moveTo(const Point& shift)
+{
+    if (shift == m_shift)
+        return;
+    m_shift = shift;
+    m_dimension = m_home;
+    moveBy(shift, m_dimension.line);
+    for (std::vector<Point>& leg : m_dimension.legs)
+        moveBy(shift, leg);
+    findMiddle();
+    if (m_node == nullptr)
+        return;
+    doClear();
+    doRender();
 }
 
 void DimensionObject::findMiddle()
 {
     const std::vector<Point>& line = m_dimension.line;
+    m_length = 0.0;
     for (std::size_t i = 1; i < line.size(); ++i)
         m_length += distanceBetween(line[i - 1], line[i]);
     if (!line.empty())
@@ -159,7 +241,7 @@ void DimensionObject::doRender()
                             TextDirection::PositiveY, /*bold=*/false, /*italic=*/false, kTextPixels,
                             0.0f, 0.0f, L"", kColor, kTextBackground),
                  LabelStart::MiddleAtAnchor);
-    m_labels.SetVisible(Id(), visible);
+    show();
 }
 
 void DimensionObject::doClear()

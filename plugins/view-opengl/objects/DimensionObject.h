@@ -7,6 +7,7 @@
 #include <OrvikCore/IDimensionDrawer.h>
 
 #include <array>
+#include <cstdint>
 #include <vector>
 
 namespace ViewOpenGl {
@@ -27,6 +28,12 @@ public:
 
     void SetIsVisible(bool const& isVisible) override;
 
+    /// Moves along with what was measured where that is shown away from its place; hides while
+    /// what was measured is shown apart, because the length is not the one between them then.
+    ///
+    /// @param model  in which the measured entities are looked for.
+    void Follow(TambVizCore::Node& model);
+
     /// Fits heads, widths and text to the picture that comes next.
     void Adapt(const PictureScale& scale);
 
@@ -36,21 +43,28 @@ protected:
     TambVizCore::Node* build(TambVizCore::Node& parent) override;
     void doRender() override;
     void doClear() override;
+    void doDisplay() override;
 
 private:
     using Point = OrvikCore::Dimension::Point;
 
     std::vector<float> segments() const;
     void findMiddle();
+    void show();
+    void moveTo(const Point& shift);
     void placeHead(std::uint64_t childId, const Point& tip, const Point& before,
                    const PictureScale& scale);
     void placeText(const PictureScale& scale);
 
     TextLabels& m_labels;
-    OrvikCore::Dimension m_dimension;
-    double m_length = 0.0; ///< Of the measured line.
-    Point m_middle{};      ///< Half way along it.
-    Point m_along{};       ///< Its direction there; zero for a line without length.
+    OrvikCore::Dimension m_home;      ///< Where the model belongs.
+    OrvikCore::Dimension m_dimension; ///< Where it is drawn.
+    Point m_shift{};                  ///< From the one to the other.
+    bool m_isTogether = true;         ///< All that was measured is shifted by the same.
+    std::uint64_t m_modelStamp = 0;   ///< When that was looked at.
+    double m_length = 0.0;            ///< Of the measured line.
+    Point m_middle{};                 ///< Half way along it.
+    Point m_along{};                  ///< Its direction there; zero for a line without length.
 };
 
 } // namespace ViewOpenGl

@@ -178,6 +178,65 @@ TEST_F(DimensionPicture, GoesWithWhatItMeasures)
     EXPECT_EQ(count(), 0);
 }
 
+TEST_F(DimensionPicture, MovesAlongWithWhatItMeasures)
+{
+    const EntityId entity(5, 1, EntityType::Body);
+    TambVizCore::GeoNode& body = Add(MakeBox(0.1f), kGreen);
+    body.SetEntity(entity);
+    Dimension dimension = across();
+    dimension.measured = {entity, entity};
+    draw(dimension);
+    Draw(128, 128);
+    const double up[3] = {0.0, 0.6, 0.0};
+    body.SetDisplacement(up);
+    Draw(128, 128);
+
+    EXPECT_GT(count(-0.7, 0.55, 0.7, 0.65), 50);
+    EXPECT_EQ(count(-1.0, -0.3, 1.0, 0.3), 0);
+    const double home[3] = {0.0, 0.0, 0.0};
+    body.SetDisplacement(home);
+    Draw(128, 128);
+    EXPECT_GT(count(-0.7, -0.05, 0.7, 0.05), 50);
+}
+
+TEST_F(DimensionPicture, HidesWhileWhatItMeasuresIsShownApart)
+{
+    Dimension dimension = across();
+    TambVizCore::GeoNode* bodies[2] = {};
+    for (std::uint64_t i = 0; i < 2; ++i) {
+        const EntityId entity(5, i + 1, EntityType::Body);
+        bodies[i] = &Add(MakeBox(0.1f), kGreen);
+        bodies[i]->SetEntity(entity);
+        dimension.measured.push_back(entity);
+    }
+    draw(dimension);
+    const double up[3] = {0.0, 0.6, 0.0};
+    bodies[1]->SetDisplacement(up);
+    Draw(128, 128);
+    EXPECT_EQ(count(), 0);
+
+    bodies[0]->SetDisplacement(up);
+    Draw(128, 128);
+    EXPECT_GT(count(-0.7, 0.55, 0.7, 0.65), 50);
+}
+
+TEST_F(DimensionPicture, HiddenOneLeavesTheFrameInPlace)
+{
+    Dimension dimension = across();
+    for (std::uint64_t i = 0; i < 2; ++i) {
+        const EntityId entity(5, i + 1, EntityType::Body);
+        TambVizCore::GeoNode& body = Add(MakeBox(0.1f), kGreen);
+        body.SetEntity(entity);
+        const double up[3] = {0.0, 0.3 * static_cast<double>(i), 0.0};
+        body.SetDisplacement(up);
+        dimension.measured.push_back(entity);
+    }
+    draw(dimension);
+    ASSERT_TRUE(m_view->DrawFrame());
+
+    EXPECT_FALSE(m_view->NeedsFrame());
+}
+
 TEST_F(DimensionPicture, OnlyTheNewestHundredStay)
 {
     for (int i = 0; i < 130; ++i)
