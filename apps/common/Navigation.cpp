@@ -35,6 +35,23 @@ std::wstring noPreset(const std::wstring& name)
            L"\" is no preset; there are default, left-rotates, middle-rotates and right-rotates";
 }
 
+/// Adds a row to those that the configuration has had so far.
+/// @return what is wrong when its buttons and keys stand there already; else empty.
+std::wstring noteRow(const std::wstring& text,
+                     std::vector<std::pair<OrvikCore::MouseGesture, std::wstring>>& rows)
+{
+    OrvikCore::MouseGesture gesture;
+    OrvikCore::MouseGesture::FromText(text, gesture);
+    const auto same = std::find_if(rows.begin(), rows.end(),
+                                   [&gesture](const auto& row) { return row.first == gesture; });
+    if (same == rows.end()) {
+        rows.emplace_back(gesture, text);
+        return {};
+    }
+    return same->second == text ? L"\"" + text + L"\" has more than one action"
+                                : L"\"" + text + L"\" is the same row as \"" + same->second + L"\"";
+}
+
 void windowSize(int& width, int& height)
 {
     if (TambVizCore::IView3D* const view = SessionMgr::Instance().CurrentSession().View3D())
@@ -78,10 +95,14 @@ bool Navigation::Read(ConfigurationFile& configuration, std::wstring& errorText)
         fail(kPreset, noPreset(preset->second));
     if (const NavigationTable* const base = findTable(m_name))
         m_custom = *base;
+    std::vector<std::pair<OrvikCore::MouseGesture, std::wstring>> rows;
     for (const auto& [key, value] : pairs) {
         if (key == kPreset)
             continue;
-        if (const std::wstring reason = m_custom.SetRow(key, value); !reason.empty())
+        std::wstring reason = m_custom.SetRow(key, value);
+        if (reason.empty())
+            reason = noteRow(key, rows);
+        if (!reason.empty())
             fail(key, reason);
         else
             m_hasCustom = true;

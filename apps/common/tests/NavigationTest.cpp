@@ -273,6 +273,18 @@ TEST_F(NavigationChoice, LeavesEverythingForABadRow)
     EXPECT_EQ(m_navigation.GetNavigation(), L"default");
 }
 
+TEST_F(NavigationChoice, ARowThatStandsTwiceIsAnError)
+{
+    EXPECT_EQ(read("[navigation]\n\"left+middle\" = \"pan\"\n\"middle+left\" = \"zoom\"\n"),
+              L"n.toml:3:17: \"middle+left\" is the same row as \"left+middle\"");
+}
+
+TEST_F(NavigationChoice, ARowWithSeveralActionsIsAnError)
+{
+    EXPECT_EQ(read("[navigation]\nright = [\"pan\", \"zoom\"]\n"),
+              L"n.toml:2:9: \"right\" has more than one action");
+}
+
 TEST_F(NavigationChoice, ErrorsNameTheLine)
 {
     EXPECT_EQ(read("[navigation]\nShift = \"pan\"\nleft = \"turn\"\npreset = \"other\"\n"),
