@@ -85,14 +85,17 @@ bool readInto(const CadFile& file, CadFormat format, LoadMode mode, CadDocument&
     return false;
 }
 
-bool buildStructure(const CadFile& file, ReadContext& context, KernelBudget& budget)
+bool buildStructure(const CadFile& file, LoadMode mode, ReadContext& context, KernelBudget& budget)
 {
     if (!runStep(kWhileBuilding, budget, context.messages, [&] {
             ModelBuilder(context, file.Stem(), MaxModelNodes(file.text.size())).Build();
             return true;
         }))
         return false;
-    if (context.shapes.Entries().empty())
+    // A structure is worth showing though the files with its shapes are missing.
+    const bool isEmpty = mode == LoadMode::ProductStructure ? context.model.nodes.empty()
+                                                            : context.shapes.Entries().empty();
+    if (isEmpty)
         context.messages.Fail(kNoShape);
     return !context.messages.HasError();
 }
@@ -119,7 +122,7 @@ bool build(const CadFile& file, const std::shared_ptr<CadDocument>& document,
     ShapeCatalog shapes;
     NodeIndex nodes;
     ReadContext context{*document, model, shapes, nodes, messages};
-    if (!buildStructure(file, context, budget))
+    if (!buildStructure(file, options.mode, context, budget))
         return false;
     if (options.mode == LoadMode::ProductStructure) {
         KeepOnlyStructure(model);

@@ -1,4 +1,5 @@
 #include "CadTest.h"
+#include "ScopedTempDir.h"
 #include "kernel/CadKernel.h"
 
 #include <gtest/gtest.h>
@@ -168,6 +169,20 @@ TEST(ProductStructureMode, KnowsReferencesToOtherFiles)
     ASSERT_TRUE(read.isRead);
     EXPECT_EQ(structureOf(read.model), structureOf(ReadCad(L"references.step").model));
     EXPECT_TRUE(read.WarnsOf(L"cannot be read; it was left out"));
+}
+
+/// An assembly whose members all lie in files that are missing.
+TEST(ProductStructureMode, ShowsAStructureOfWhichAllFilesAreMissing)
+{
+    const ScopedTempDir folder;
+    const std::wstring file = folder.Write("alone.step", TestModelText("references.step"));
+    EXPECT_NE(ReadCad(file).error.find(L"the file holds no shape that can be shown"),
+              std::wstring::npos);
+
+    const ReadResult structure = readIn(LoadMode::ProductStructure, file);
+
+    EXPECT_TRUE(structure.isRead);
+    EXPECT_EQ(NodesOf(structure.model, NodeKind::AssemblyReference).size(), 2u);
 }
 
 } // namespace
