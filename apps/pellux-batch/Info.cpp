@@ -8,6 +8,7 @@
 #include <OrvikCore/SessionMgr.h>
 #include <TambVizCore/GeoNode.h>
 #include <TambVizCore/Geometry.h>
+#include <TambVizCore/IGeometryIndex.h>
 #include <TambVizCore/IView3D.h>
 #include <TambVizCore/Node.h>
 #include <TambVizCore/Utils.h>
@@ -68,6 +69,13 @@ Drawn kindOf(const TambVizCore::GeoNode& node, const TambVizCore::Geometry& geom
     return geometry.PointCount() > 0 ? Drawn::Points : Drawn::Nothing;
 }
 
+/// @return the bytes of a geometry with its spatial index, which the first pick makes.
+std::size_t bytesOf(const TambVizCore::Geometry& geometry)
+{
+    const TambVizCore::IGeometryIndex* const index = geometry.Index();
+    return geometry.MemoryBytes() + (index != nullptr ? index->MemoryBytes() : 0);
+}
+
 void count(const TambVizCore::Node& node, SceneCounts& counts)
 {
     const TambVizCore::GeoNode* const drawn = node.AsGeoNode();
@@ -81,7 +89,7 @@ void count(const TambVizCore::Node& node, SceneCounts& counts)
         counts.points += geometry.PointCount();
         counts.vertices += geometry.VertexCount();
         if (counts.seen.insert(&geometry).second)
-            counts.bytes += geometry.MemoryBytes();
+            counts.bytes += bytesOf(geometry);
     }
     for (std::size_t i = 0; i < node.ChildCount(); ++i)
         count(*node.ChildAt(i), counts);

@@ -48,6 +48,25 @@ TEST(MainJob, InfoTellsWhatIsLoaded)
     process.ExpectGolden("info", process.Run({gear, "--info"}));
 }
 
+TEST(MainJob, InfoCountsTheIndexThatAPickMade)
+{
+    BatchProcess process;
+    const auto bytesOf = [](const Outcome& outcome) {
+        std::smatch bytes;
+        return std::regex_search(outcome.output, bytes, std::regex("\nbytes +([0-9]+)"))
+                   ? std::stoul(bytes[1])
+                   : 0ul;
+    };
+    const char* const pick = "(if (app:pick-face 15 0 100 0 0 -1 0) (app:print \"hit\"))";
+
+    const Outcome before = process.Run({gear, "--info"});
+    const Outcome after = process.Run({gear, "--eval", pick, "--info"});
+
+    ASSERT_NE(after.output.find("\nhit\n"), std::string::npos) << after.output;
+    EXPECT_GT(bytesOf(before), 0u);
+    EXPECT_GT(bytesOf(after), bytesOf(before));
+}
+
 TEST(MainJob, InfoForProgramsIsJson)
 {
     BatchProcess process;
