@@ -7,6 +7,7 @@
 #include <BRepPrimAPI_MakeCylinder.hxx>
 #include <BRepTools.hxx>
 #include <BRep_Builder.hxx>
+#include <SheetFile.h>
 #include <TopExp_Explorer.hxx>
 #include <TopoDS.hxx>
 #include <TopoDS_Compound.hxx>
@@ -99,6 +100,17 @@ void writeParts468(const path& file)
     writeAssembly(file, 468, 468, FileFormat::Step);
 }
 
+void writeParts1000(const path& file)
+{
+    writeAssembly(file, 1000, 1000, FileFormat::Step);
+}
+
+/// 10 million triangles.
+void writeSheet(const path& file)
+{
+    WriteSheet(file, 2236);
+}
+
 void writeIges468(const path& file)
 {
     writeAssembly(file, 468, 468, FileFormat::Iges);
@@ -128,9 +140,11 @@ std::vector<TestModel> LargeModels()
     return {
         {"parts_96.step", "96 different bodies, about 1,000 faces", writeParts96},
         {"parts_468.step", "468 different bodies, about 5,000 faces", writeParts468},
+        {"parts_1000.step", "1,000 different bodies, about 40 MB", writeParts1000},
         {"parts_468.iges", "468 different bodies as IGES", writeIges468},
         {"bodies_1000.brep", "1,000 different bodies as BREP", writeBrep1000},
         {"shared_468.step", "468 placements of 4 bodies", writeShared},
+        {"sheet_10m.stl", "one mesh of 10 million triangles, 500 MB", writeSheet},
     };
 }
 
