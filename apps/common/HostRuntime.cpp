@@ -269,6 +269,12 @@ void HostRuntime::BeginForm(const std::wstring& form)
     m_history.SetRunning(form);
 }
 
+void HostRuntime::EndForm()
+{
+    if (m_journal)
+        m_journal->EndForm();
+}
+
 void HostRuntime::EndGesture()
 {
     if (m_journal)

@@ -98,6 +98,9 @@ public:
     /// Call before each form: writes what the mouse has done before it into the journal.
     void BeginForm(const std::wstring& form);
 
+    /// Call when forms have ended, also by being refused.
+    void EndForm();
+
     /// Writes what the mouse has done into the journal; call when a button was let go.
     void EndGesture();
 

@@ -135,8 +135,15 @@ void Journal::BeginForm()
 {
     if (m_session == nullptr)
         return;
-    EndGesture();
+    EndForm();
     writeHighlight();
+    m_formRuns = true;
+}
+
+void Journal::EndForm()
+{
+    m_formRuns = false;
+    EndGesture();
 }
 
 void Journal::Record(const std::wstring& command, const SplitForms& split)
@@ -153,6 +160,7 @@ void Journal::Record(const std::wstring& command, const SplitForms& split)
     // What is no whole form was never run.
     if (isWhole && isWorthIt)
         writeCommand(forms, happened);
+    EndForm();
     noteKnown();
     // What the mouse highlighted before the command is not known to a replay yet.
     if (!m_mouseHasActed && !happened.hasSelectedByBox)

@@ -61,10 +61,15 @@ public:
     /// before a form runs.
     void BeginForm();
 
-    /// Writes a command that has ended, unless it only asked.
+    /// The form has ended, also one that was never run: what the mouse did meanwhile goes behind
+    /// it, as it stands now.
+    void EndForm();
+
+    /// Writes a command that has ended, unless it only asked; ends the form that runs.
     void Record(const std::wstring& command, const SplitForms& split);
 
-    /// Writes where the camera stands and what is selected, where the mouse has changed that.
+    /// Writes where the camera stands and what is selected, where the mouse has changed that. While
+    /// a form runs it waits for EndForm().
     void EndGesture();
 
     /// Worker thread.
@@ -113,6 +118,7 @@ private:
     OrvikCore::ASession* m_session = nullptr; ///< Not owned; null before Begin().
     bool m_gestureIsOpen = false;
     std::array<int, 2> m_knownSize{};    ///< Of the view, as the journal has it, pixels.
+    bool m_formRuns = false;             ///< Between BeginForm() and EndForm().
     std::optional<Triple> m_knownCamera; ///< As the journal has it.
     std::vector<TambVizCore::EntityId> m_knownSelection;
     /// What a replay would highlight.

@@ -106,7 +106,7 @@ void Journal::notePick(const ViewOpRayPick& op)
 
 void Journal::EndGesture()
 {
-    if (!std::exchange(m_gestureIsOpen, false) || m_session == nullptr)
+    if (m_formRuns || m_session == nullptr || !std::exchange(m_gestureIsOpen, false))
         return;
     writeCamera();
     writeChangedSelection();

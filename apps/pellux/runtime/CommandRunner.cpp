@@ -115,7 +115,9 @@ bool CommandRunner::runForms(const QString& text, const QString& source)
             return true;
         },
         [this] { return playInput(); });
-    return runner.RunText(FromQt(text), FromQt(source));
+    const bool good = runner.RunText(FromQt(text), FromQt(source));
+    m_host.EndForm();
+    return good;
 }
 
 bool CommandRunner::playInput()
