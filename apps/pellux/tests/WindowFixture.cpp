@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QTimer>
 #include <array>
 #include <sstream>
 
@@ -16,6 +17,9 @@ namespace {
 
 /// How long something that has to come is waited for, milliseconds; it comes much sooner.
 constexpr int kPatienceMs = 10'000;
+
+/// How often it is looked for at least, milliseconds.
+constexpr int kLookMs = 10;
 
 using Corner = std::array<int, 3>;
 
@@ -94,6 +98,9 @@ bool WindowFixture::Until(const std::function<bool()>& holds)
 {
     QElapsedTimer waited;
     waited.start();
+    // What is waited for need not be an event.
+    QTimer look;
+    look.start(kLookMs);
     while (!holds()) {
         if (waited.elapsed() > kPatienceMs)
             return false;

@@ -27,9 +27,6 @@
 namespace Pellux {
 namespace {
 
-/// How often the gate is served while nothing is waited for, milliseconds.
-constexpr int kGateMs = 20;
-
 /// Of a program that was ended while something ran.
 constexpr int kForcedExitCode = 1;
 
@@ -39,8 +36,10 @@ WindowRun::WindowRun(const WindowOptions& options)
     : m_options(options), m_source(m_held), m_runner(m_host)
 {
     QObject::connect(&m_held, &HeldInput::CancelAsked, &m_runner, &CommandRunner::Cancel);
-    QObject::connect(&m_gateTimer, &QTimer::timeout, &m_runner,
-                     [this] { Guarded([this] { serve(); }); });
+    // Not from within what has just ended.
+    QObject::connect(
+        &m_runner, &CommandRunner::BusyChanged, &m_runner,
+        [this] { Guarded([this] { endIfAsked(); }); }, Qt::QueuedConnection);
 }
 
 WindowRun::~WindowRun()
@@ -78,7 +77,7 @@ StartResult WindowRun::Start(std::wstring& errorText)
     m_host.DrainOutput();
     m_sleeper = std::make_unique<QtSleeper>(m_held);
     m_runner.SetStarting(false);
-    m_gateTimer.start(kGateMs);
+    watchWakeSources();
     if (m_options.useConfiguration)
         m_window->UserPreferences().Read();
     return result;
@@ -100,12 +99,27 @@ void WindowRun::makeWindow()
         m_window->ResizeView(m_options.width, m_options.height);
 }
 
-/// What has to be looked at now and then while nothing is waited for, and beside a job too.
+/// What reaches the main thread from elsewhere (the gate's calls, Ctrl-C) is served by its waits;
+/// between them Qt's own loop waits for the same events, so that an idle window sleeps.
+void WindowRun::watchWakeSources()
+{
+    for (const std::intptr_t handle : OrvikOs::WakeHandles()) {
+        m_wakes.push_back(std::make_unique<QSocketNotifier>(handle, QSocketNotifier::Read));
+        QObject::connect(m_wakes.back().get(), &QSocketNotifier::activated, &m_runner,
+                         [this] { Guarded([this] { serve(); }); });
+    }
+}
+
 void WindowRun::serve()
 {
     OrvikOs::ServeWakeSources();
     if (m_interrupts.WasInterrupted() && m_runner.IsRunning())
         m_runner.Cancel();
+    endIfAsked();
+}
+
+void WindowRun::endIfAsked()
+{
     const auto* const application =
         dynamic_cast<PelluxApplication*>(OrvikCore::SessionMgr::Instance().GetApplication());
     const bool isOver =
@@ -163,7 +177,7 @@ void WindowRun::markRun()
 
 int WindowRun::Stop()
 {
-    m_gateTimer.stop();
+    m_wakes.clear();
     m_held.Clear();
     m_closing.reset();
     m_window.reset();

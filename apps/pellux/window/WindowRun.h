@@ -12,7 +12,7 @@
 #include <HostRuntime.h>
 #include <InterruptHandling.h>
 
-#include <QTimer>
+#include <QSocketNotifier>
 #include <memory>
 #include <optional>
 #include <string>
@@ -71,7 +71,9 @@ public:
 private:
     void makeWindow();
     void markRun();
+    void watchWakeSources();
     void serve();
+    void endIfAsked();
     [[noreturn]] void endAtOnce();
 
     WindowOptions m_options;
@@ -84,7 +86,8 @@ private:
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<Closing> m_closing; ///< Goes before the window.
     std::optional<RunningMark> m_mark;
-    QTimer m_gateTimer; ///< Between waits nobody else serves the gate.
+    std::vector<std::unique_ptr<QSocketNotifier>>
+        m_wakes; ///< One a source; see watchWakeSources().
 };
 
 } // namespace Pellux

@@ -199,6 +199,23 @@ TEST_F(MsgWait, WakeSourceOfAnotherThreadIsLeftAlone)
     OrvikOs::UnregisterWakeSource(wake);
 }
 
+TEST_F(MsgWait, WakeHandlesAreThoseOfTheCallingThread)
+{
+    FakeWakeSource mine;
+    FakeWakeSource other;
+    const std::size_t before = OrvikOs::WakeHandles().size();
+    OrvikOs::RegisterWakeSource(mine);
+    OrvikOs::RegisterWakeSource(other, OrvikOs::CurrentThreadId() + 1);
+
+    const std::vector<std::intptr_t> handles = OrvikOs::WakeHandles();
+    OrvikOs::UnregisterWakeSource(mine);
+    OrvikOs::UnregisterWakeSource(other);
+
+    ASSERT_EQ(handles.size(), before + 1);
+    EXPECT_EQ(handles.back(), mine.WakeEvent().NativeHandle());
+    EXPECT_EQ(OrvikOs::WakeHandles().size(), before);
+}
+
 TEST_F(MsgWait, RegisteringTwiceServesOnce)
 {
     FakeWakeSource wake;

@@ -6,6 +6,7 @@
 #include "OrvikOs/Thread.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace OrvikOs {
 
@@ -135,6 +136,14 @@ ORVIKOS_API unsigned MsgWait(Event& event, int timeoutMs, unsigned mask);
 /// @return true when at least one was served.
 /// @thread  Any thread.
 ORVIKOS_API bool ServeWakeSources();
+
+/// Gives what the wake events of the calling thread's sources are waited for by
+/// (Event::NativeHandle), in the order of registration: for hosts whose own loop can wait for more
+/// than its own input. Where one is ready, ServeWakeSources() has work. Not owned by the caller;
+/// each is good as long as its source is registered.
+///
+/// @thread  Any thread.
+ORVIKOS_API std::vector<std::intptr_t> WakeHandles();
 
 /// Waits until a wake source of the calling thread has work, serves it, and returns; or until input
 /// is there, or the time is up. For the idle wait of a host without an event loop.

@@ -71,6 +71,18 @@ int shorterWait(int a, int b)
     return std::min(a, b);
 }
 
+/// Adds those of the calling thread.
+void appendWakeHandles(std::vector<std::intptr_t>& handles)
+{
+    const std::uint32_t threadId = CurrentThreadId();
+    const auto list = registrations().Get();
+    for (const Registration& entry : *list) {
+        if (entry.threadId == threadId) {
+            handles.push_back(entry.source->WakeEvent().NativeHandle());
+        }
+    }
+}
+
 /// The single waits that one long wait is made of.
 class WaitStep
 {
@@ -111,13 +123,7 @@ private:
         if (m_event != nullptr) {
             m_handles.push_back(m_event->NativeHandle());
         }
-        const std::uint32_t threadId = CurrentThreadId();
-        const auto list = registrations().Get();
-        for (const Registration& entry : *list) {
-            if (entry.threadId == threadId) {
-                m_handles.push_back(entry.source->WakeEvent().NativeHandle());
-            }
-        }
+        appendWakeHandles(m_handles);
     }
 
     Event* m_event; ///< Not owned; may be null.
@@ -185,6 +191,13 @@ void UnregisterWakeSource(IWakeSource& source)
         std::erase_if(list,
                       [&source](const Registration& entry) { return entry.source == &source; });
     });
+}
+
+std::vector<std::intptr_t> WakeHandles()
+{
+    std::vector<std::intptr_t> handles;
+    appendWakeHandles(handles);
+    return handles;
 }
 
 bool ServeWakeSources()
