@@ -7,7 +7,14 @@
 #include "runtime/Guarded.h"
 #include "runtime/QtText.h"
 
+#include <OrvikCore/ACamera.h>
+#include <OrvikCore/ASession.h>
+#include <OrvikCore/ICameraProvider.h>
 #include <OrvikCore/MessageType.h>
+#include <OrvikCore/SessionMgr.h>
+#include <TambVizCore/IView3D.h>
+
+#include <JournalText.h>
 
 #include <QDragEnterEvent>
 #include <QFileInfo>
@@ -45,6 +52,24 @@ bool touchesFiles(const QString& form)
     return false;
 }
 
+/// @return what loads files in place of a document that could not be read, seen from where it was.
+QString loadForms(const QStringList& paths)
+{
+    QStringList forms;
+    for (const QString& path : paths)
+        forms << pathForm(forms.isEmpty() ? "doc:load" : "doc:import", path);
+    auto* const provider = dynamic_cast<OrvikCore::ICameraProvider*>(
+        OrvikCore::SessionMgr::Instance().CurrentSession().View3D());
+    if (provider != nullptr && provider->GetCamera() != nullptr) {
+        float eye[3];
+        float target[3];
+        float up[3];
+        provider->GetCamera()->GetCamera(eye, target, up);
+        forms << ToQt(CameraForm(eye, target, up));
+    }
+    return forms.join(u'\n');
+}
+
 } // namespace
 
 FileDesk::FileDesk(QMainWindow& window, CommandRunner& runner, const QString& recentFile)
@@ -52,17 +77,12 @@ FileDesk::FileDesk(QMainWindow& window, CommandRunner& runner, const QString& re
 {
     window.setAcceptDrops(true);
     window.installEventFilter(this);
-    connect(&m_watch, &FileWatch::Changed, this, [this] {
-        Guarded([this] {
-            // While something runs the watch comes again.
-            if (m_runner.Run(QStringLiteral("(doc:reload)"), QStringLiteral("watch")) ||
-                !m_runner.IsBusy())
-                m_watch.SetFiles(m_loaded);
-        });
-    });
+    connect(&m_watch, &FileWatch::Changed, this, [this] { Guarded([this] { readAgain(); }); });
     connect(&m_runner, &CommandRunner::Echoed, this, [this](const QString& form) {
         Guarded([&] {
             m_isLoading = touchesFiles(form);
+            if (!m_isReadingAgain && form.startsWith(QLatin1String("(doc:")))
+                m_lost.clear();
             m_lastError.clear();
             if (m_isLoading)
                 m_notice->hide();
@@ -92,6 +112,21 @@ void FileDesk::noteLoaded()
             m_recent.Add(file);
     m_loaded = loaded;
     m_watch.SetFiles(m_loaded);
+}
+
+void FileDesk::readAgain()
+{
+    const QStringList files = m_lost.isEmpty() ? m_loaded : m_lost;
+    const QString forms = m_lost.isEmpty() ? QStringLiteral("(doc:reload)") : loadForms(m_lost);
+    m_isReadingAgain = true;
+    const bool isGood = m_runner.Run(forms, QStringLiteral("watch"));
+    m_isReadingAgain = false;
+    // While something runs the watch comes again.
+    if (!isGood && m_runner.IsBusy())
+        return;
+    // A file that is damaged now may be whole when it changes next.
+    m_lost = isGood ? QStringList() : files;
+    m_watch.SetFiles(files);
 }
 
 void FileDesk::FillRecent(QMenu& menu)

@@ -48,6 +48,7 @@ protected:
 
 private:
     void noteLoaded();
+    void readAgain();
     void showRecent(QMenu& menu);
 
     QMainWindow& m_window;
@@ -56,6 +57,8 @@ private:
     RecentFiles m_recent;
     FileNotice* m_notice; ///< Owned by the window.
     QStringList m_loaded;
+    QStringList m_lost; ///< Could not be read again: watched until somebody loads something else.
+    bool m_isReadingAgain = false;
     QString m_lastError;      ///< Printed since the last form.
     bool m_isLoading = false; ///< The last form reads or writes a file.
 };

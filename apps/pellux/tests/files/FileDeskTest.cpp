@@ -116,6 +116,46 @@ TEST_F(FileDesk, ReadsAgainWhatHasChangedWhenWatching)
     EXPECT_TRUE(Do("(app:watch #f)"));
 }
 
+TEST_F(FileDesk, ReadingAgainKeepsCameraAndSections)
+{
+    const QString one = WriteCube("one.stl");
+    ASSERT_TRUE(Do("(view:animate #f)"));
+    ASSERT_TRUE(Runner().Run(QStringLiteral("(doc:load \"%1\")").arg(one)));
+    ASSERT_TRUE(
+        Do("(view:set-camera! '(40 50 60) '(5 5 5) '(0 1 0)) (view:section '(4 0 0) '(1 0 0))"));
+    printed.clear();
+    ASSERT_TRUE(Do("(app:print (view:camera)) (app:print (view:sections)) (app:watch #t)"));
+    const QStringList before = printed;
+    echoed.clear();
+    QFile file(one);
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write("solid more\nendsolid more\n");
+    file.close();
+    ASSERT_TRUE(Until([this] { return echoed.contains(QStringLiteral("(doc:reload)")); }));
+    ASSERT_TRUE(Until([this] { return !Runner().IsBusy(); }));
+    printed.clear();
+    ASSERT_TRUE(Do("(app:watch #f) (app:print (view:camera)) (app:print (view:sections))"));
+
+    EXPECT_EQ(before.size(), 2);
+    EXPECT_EQ(printed, before);
+}
+
+TEST_F(FileDesk, AFileThatBecomesUnreadableIsToldAndReadWhenItIsWholeAgain)
+{
+    const QString one = WriteCube("one.stl");
+    ASSERT_TRUE(Runner().Run(QStringLiteral("(doc:load \"%1\") (app:watch #t)").arg(one)));
+    Dir().Write("one.stl", "solid broken\nfacet normal 0 0 x\n");
+    ASSERT_TRUE(Until([this] { return desk().Notice().isVisible(); }));
+    EXPECT_TRUE(desk().Notice().Text().contains(QStringLiteral("one.stl")));
+
+    WriteCube("one.stl");
+    EXPECT_TRUE(Until([&] {
+        return !desk().Notice().isVisible() &&
+               Pellux::WindowState::LoadedFiles() == QStringList{one};
+    }));
+    EXPECT_TRUE(Do("(app:watch #f)"));
+}
+
 TEST_F(FileDesk, DialogsKnowEveryFormatByItsLoader)
 {
     const QString filter = Pellux::OpenFilter();
