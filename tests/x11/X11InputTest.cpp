@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <vector>
 
 namespace {
 
@@ -53,6 +55,30 @@ TEST_F(RealInput, ADragTurnsTheCameraAndTheJournalHasIt)
                                        "mousemove_relative 60 20 mouseup 1"));
 
     EXPECT_TRUE(JournalGets("(view:set-camera")) << Journal();
+}
+
+TEST_F(RealInput, ADragIsShownBeforeTheButtonIsLetGo)
+{
+    ASSERT_TRUE(StartWithModel());
+    ASSERT_TRUE(m_x.Do(kOverTheModel + " mousedown 1"));
+    const std::vector<std::uint32_t> before = m_x.Pixels(400, 150, 500, 300);
+    ASSERT_TRUE(m_x.Do("mousemove_relative 60 20 mousemove_relative 60 20"));
+
+    EXPECT_TRUE(XSession::Until([&] { return m_x.Pixels(400, 150, 500, 300) != before; }));
+    EXPECT_EQ(Journal().find("(view:set-camera"), std::string::npos);
+}
+
+TEST_F(RealInput, TheOpenDialogLoadsAFile)
+{
+    ASSERT_TRUE(StartWithModel());
+    ASSERT_TRUE(m_x.Do("search --onlyvisible --name '^Pellux' windowfocus key ctrl+o"));
+    const std::string other = (m_x.Dir().Path() / "other.stl").string();
+    std::filesystem::copy_file(kGear, other);
+    ASSERT_TRUE(XSession::Until([&] { return m_x.HasWindow("Open"); }));
+    ASSERT_TRUE(m_x.Do("search --onlyvisible --name '^Open' windowfocus type '" + other + "'"));
+    ASSERT_TRUE(m_x.Do("key Return"));
+
+    EXPECT_TRUE(JournalGets("(doc:load \"" + other + "\")")) << Journal();
 }
 
 TEST_F(RealInput, AClickPicksAndTheJournalHasIt)

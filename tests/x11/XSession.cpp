@@ -1,5 +1,7 @@
 #include "XSession.h"
 
+#include "CloseRequest.h"
+
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -76,15 +78,17 @@ bool XSession::Start(const std::vector<std::string>& arguments, const std::strin
     std::string command = "env DISPLAY=" + m_display + " QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8 " +
                           "XDG_RUNTIME_DIR='" + folder + "' XDG_CONFIG_HOME='" + folder +
                           "/config' XDG_STATE_HOME='" + folder + "/state' " + environment + " '" +
-                          ORVIK_RUN_FOLDER + "/pellux'";
+                          (m_runFolder / "pellux").string() + "'";
     for (const std::string& argument : arguments)
         command += " '" + argument + "'";
     m_hasEnded = false;
     m_process = start(command + " >'" + folder + "/output' 2>'" + folder + "/errors' </dev/null");
-    return Until([this] {
-               return HasEnded() || !run("xdotool search --onlyvisible --name '^Pellux'").empty();
-           }) &&
-           !m_hasEnded;
+    return Until([this] { return HasEnded() || HasWindow("Pellux"); }) && !m_hasEnded;
+}
+
+bool XSession::HasWindow(const std::string& title) const
+{
+    return !run("xdotool search --onlyvisible --name '^" + title + "'").empty();
 }
 
 std::string XSession::run(const std::string& command) const
@@ -104,6 +108,13 @@ bool XSession::Do(const std::string& xdotool) const
 {
     return std::system(("DISPLAY=" + m_display + " xdotool " + xdotool + " >/dev/null").c_str()) ==
            0;
+}
+
+bool XSession::Close() const
+{
+    const std::string window = run("xdotool search --onlyvisible --name '^Pellux'");
+    return !window.empty() &&
+           AskToClose(m_display.substr(1), static_cast<std::uint32_t>(std::stoul(window)));
 }
 
 void XSession::Signal(int number) const

@@ -4,6 +4,7 @@
 #include <ScopedTempDir.h>
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -32,8 +33,17 @@ public:
     /// @param environment  Words such as "A=b" before the command.
     bool Start(const std::vector<std::string>& arguments, const std::string& environment = {});
 
+    /// Starts programs of another folder from now on.
+    void UseRunFolder(const std::filesystem::path& folder) { m_runFolder = folder; }
+
+    /// @return whether the program has a window whose title begins so.
+    bool HasWindow(const std::string& title) const;
+
     /// Sends input, as xdotool takes it, to the window.
     bool Do(const std::string& xdotool) const;
+
+    /// Asks the program's main window to close, as a window manager does.
+    bool Close() const;
 
     /// Sends a signal to the program.
     void Signal(int number) const;
@@ -66,6 +76,7 @@ private:
     std::string run(const std::string& command) const;
 
     ScopedTempDir m_dir;
+    std::filesystem::path m_runFolder = ORVIK_RUN_FOLDER;
     std::string m_whyNot;
     std::string m_display;
     int m_displayProcess = 0;

@@ -1,7 +1,10 @@
 #include <OrvikOs/Directory.h>
 
+#include <JournalText.h>
 #include <WindowFixture.h>
+#include <actions/WindowState.h>
 #include <crash/CrashNotice.h>
+#include <journal/JournalPanel.h>
 
 #include <QLabel>
 #include <QPushButton>
@@ -23,6 +26,18 @@ protected:
     }
 
     static std::string Narrow(const std::wstring& text) { return {text.begin(), text.end()}; }
+
+    /// A journal as a run leaves it that has loaded a cube and looked at its front.
+    std::string JournalOfACube()
+    {
+        Pellux::JournalStart start;
+        start.width = 400;
+        start.height = 300;
+        start.folder = Dir().WidePath();
+        return OrvikOs::WideToUtf8(Pellux::JournalHead(start, L"pellux", L"now")) + "(doc:load \"" +
+               WriteCube().toStdString() + "\")\n(view:front)\n";
+    }
+
     bool HasMark() const
     {
         return OrvikOs::IsFile(Dir().WidePath(L"state/pellux/running/4294967280.mark"));
@@ -64,6 +79,41 @@ TEST_F(AfterACrash, RepeatingAsksForItOnce)
 
     EXPECT_EQ(asked.count(), 1);
     EXPECT_FALSE(HasMark());
+}
+
+TEST_F(AfterACrash, ItsJournalIsShown)
+{
+    m_journal = Dir().Write("state/pellux/journals/a.journal.scm", JournalOfACube());
+    Open();
+    QTest::mouseClick(Find<QPushButton>("crashOpen"), Qt::LeftButton);
+
+    auto* const panel = Find<Pellux::JournalPanel>("journal");
+    EXPECT_TRUE(panel->isVisible());
+    EXPECT_EQ(panel->Text().toStdString(), JournalOfACube());
+    EXPECT_TRUE(HasMark());
+}
+
+TEST_F(AfterACrash, ItsJournalIsReplayedUpToTheLastCommand)
+{
+    m_journal = Dir().Write("state/pellux/journals/a.journal.scm", JournalOfACube());
+    Open();
+    QTest::mouseClick(Find<QPushButton>("crashReplay"), Qt::LeftButton);
+
+    EXPECT_EQ(Pellux::WindowState::LoadedFiles(), QStringList{WriteCube()});
+    EXPECT_TRUE(echoed.contains(QStringLiteral("(view:front)")));
+    EXPECT_EQ(errors, QStringList());
+    EXPECT_TRUE(Do("(app:print 1)"));
+}
+
+TEST_F(AfterACrash, RepeatingWaitsWhileSomethingRuns)
+{
+    Open();
+    auto* const replay = Find<QPushButton>("crashReplay");
+    bool wasEnabled = true;
+    Runner().RunOther([&] { wasEnabled = replay->isEnabled(); });
+
+    EXPECT_FALSE(wasEnabled);
+    EXPECT_TRUE(replay->isEnabled());
 }
 
 class AGoodEnd : public WindowFixture
