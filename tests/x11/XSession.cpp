@@ -33,6 +33,14 @@ int start(const std::string& command)
     return process;
 }
 
+void end(int process, int signal)
+{
+    if (process <= 0)
+        return;
+    kill(process, signal);
+    waitpid(process, nullptr, 0);
+}
+
 } // namespace
 
 XSession::XSession()
@@ -54,12 +62,10 @@ XSession::XSession()
 
 XSession::~XSession()
 {
-    for (const int process : {m_hasEnded ? 0 : m_process, m_displayProcess}) {
-        if (process <= 0)
-            continue;
-        kill(process, SIGKILL);
-        waitpid(process, nullptr, 0);
-    }
+    end(m_hasEnded ? 0 : m_process, SIGKILL);
+    // The display is to take its lock away: displays that start at the same time would both take
+    // over one that was left, and one of them loses.
+    end(m_displayProcess, SIGTERM);
 }
 
 bool XSession::Until(const std::function<bool()>& holds)
