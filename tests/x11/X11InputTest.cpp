@@ -1,6 +1,7 @@
 #include "XSession.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
@@ -14,6 +15,9 @@ const std::string kGear = std::string(ORVIK_SOURCE_FOLDER) + "/examples/gear.stl
 
 /// The view lies there at the first start, display pixels.
 const std::string kOverTheModel = "mousemove 640 300";
+
+/// A dialog takes a moment until it listens to keys, microseconds.
+constexpr unsigned kSettleUs = 300'000;
 
 class RealInput : public ::testing::Test
 {
@@ -74,20 +78,24 @@ TEST_F(RealInput, TheOpenDialogLoadsAFile)
     const std::string other = (m_x.Dir().Path() / "other.stl").string();
     std::filesystem::copy_file(kGear, other);
 
-    // Keys that come while the dialog is still on its way may go astray: it is closed and opened
-    // again then.
-    bool isLoaded = false;
-    for (int attempt = 0; attempt < 3 && !isLoaded; ++attempt) {
+    // Keys that come while the dialog is still on its way go astray: it is closed and opened again
+    // then.
+    const auto isLoaded = [&] {
+        return Journal().find("(doc:load \"" + other + "\")") != std::string::npos;
+    };
+    for (int attempt = 0; attempt < 8 && !isLoaded(); ++attempt) {
         m_x.Do("search --onlyvisible --name '^Pellux' windowfocus key ctrl+o");
         EXPECT_TRUE(XSession::Until([&] { return m_x.HasWindow("Open"); }));
-        m_x.Do("search --onlyvisible --name '^Open' windowfocus key ctrl+a type --delay 20 '" +
-               other + "'");
+        usleep(kSettleUs);
+        m_x.Do("search --onlyvisible --name '^Open' windowfocus");
+        m_x.Do("type --delay 20 '" + other + "'");
         m_x.Do("key Return");
-        isLoaded = JournalGets("(doc:load \"" + other + "\")");
-        if (!isLoaded)
+        for (int step = 0; step < 30 && !isLoaded(); ++step)
+            usleep(kSettleUs / 3);
+        if (!isLoaded())
             m_x.Do("key Escape key Escape");
     }
-    EXPECT_TRUE(isLoaded) << Journal();
+    EXPECT_TRUE(isLoaded()) << Journal();
 }
 
 TEST_F(RealInput, AClickPicksAndTheJournalHasIt)

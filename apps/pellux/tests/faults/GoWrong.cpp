@@ -10,6 +10,19 @@
 
 #define PELLUX_TEST_FAULTS __attribute__((noinline, no_sanitize("address", "undefined", "thread")))
 
+/// Calls its own pure virtual function while it is being constructed. Of a class that others can
+/// see the compiler cannot know what is derived from it.
+class Unfinished
+{
+public:
+    Unfinished() { callIt(this); }
+    virtual ~Unfinished() = default;
+    virtual void Missing() = 0;
+
+private:
+    [[gnu::noipa]] static void callIt(Unfinished* object) { object->Missing(); }
+};
+
 namespace {
 
 volatile int s_result;
@@ -38,19 +51,6 @@ void overflowTheStack()
 {
     s_result = recurse(0);
 }
-
-/// Calls its own pure virtual function while it is being constructed.
-class Unfinished
-{
-public:
-    Unfinished() { callIt(this); }
-    virtual ~Unfinished() = default;
-    virtual void Missing() = 0;
-
-private:
-    /// Knows nothing of its caller, who would otherwise call what the finished class has.
-    [[gnu::noipa]] static void callIt(Unfinished* object) { object->Missing(); }
-};
 
 class Finished : public Unfinished
 {
