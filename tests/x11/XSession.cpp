@@ -51,7 +51,8 @@ XSession::XSession()
     if (!m_whyNot.empty())
         return;
     const std::string number = (m_dir.Path() / "display").string();
-    m_displayProcess = start("Xvfb -displayfd 7 -screen 0 1400x1000x24 -nolisten tcp -fbdir '" +
+    // Without repetition: on a loaded machine a key would seem to be held down.
+    m_displayProcess = start("Xvfb -r -displayfd 7 -screen 0 1400x1000x24 -nolisten tcp -fbdir '" +
                              m_dir.Path().string() + "' 7>'" + number + "' >/dev/null 2>&1");
     if (!Until([&] { return !Read("display").empty(); })) {
         m_whyNot = "Xvfb does not start";
