@@ -1,5 +1,7 @@
 #include "kernel/KernelText.h"
 
+#include <OrvikOs/Utf8.h>
+
 namespace OrvikCad {
 
 namespace {
@@ -33,6 +35,11 @@ std::wstring ToWide(const TCollection_ExtendedString& text)
         }
     }
     return wide;
+}
+
+std::wstring ToWide(const Handle(TCollection_HAsciiString) & text)
+{
+    return text.IsNull() ? std::wstring() : OrvikOs::Utf8ToWide(text->ToCString());
 }
 
 TCollection_ExtendedString ToKernel(const std::wstring& text)

@@ -1,11 +1,11 @@
 #include "kernel/PmiReader.h"
 
+#include "kernel/KernelText.h"
 #include "kernel/KernelWatch.h"
+#include "kernel/NodePlaces.h"
 #include "kernel/PartContent.h"
+#include "kernel/PmiKinds.h"
 #include "kernel/PmiText.h"
-
-#include <OrvikOs/Utf8.h>
-#include <TambVizCore/Matrix.h>
 
 #include <TDF_LabelSequence.hxx>
 #include <TopExp_Explorer.hxx>
@@ -16,11 +16,7 @@
 #include <XCAFDoc_GeomTolerance.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
 
-#include <algorithm>
-#include <array>
-#include <cwctype>
 #include <map>
-#include <string_view>
 
 namespace OrvikCad {
 
@@ -30,115 +26,10 @@ using OrvikModel::ModelNode;
 using OrvikModel::NodeKind;
 using TambVizCore::EntityType;
 
-using Matrix = std::vector<double>; ///< double[16] column-major; empty for the identity.
-
-struct TypeName
-{
-    EntityType type;
-    const wchar_t* name;
-};
-constexpr std::array<TypeName, 5> kTypes = {{
-    {EntityType::PmiDimension, L"Dimensions"},
-    {EntityType::PmiGeometricTolerance, L"Geometric tolerances"},
-    {EntityType::PmiDatum, L"Datums"},
-    {EntityType::PmiNote, L"Notes"},
-    {EntityType::PmiSurfaceFinish, L"Surface finishes"},
-}};
-
-/// Tells by the name of an annotation that is only drawn what it is; the first that is found.
-struct Keyword
-{
-    std::wstring_view word; ///< Lower case.
-    EntityType type;
-};
-constexpr std::array<Keyword, 24> kKeywords = {{
-    {L"rough", EntityType::PmiSurfaceFinish},
-    {L"finish", EntityType::PmiSurfaceFinish},
-    {L"texture", EntityType::PmiSurfaceFinish},
-    {L"note", EntityType::PmiNote},
-    {L"datum", EntityType::PmiDatum},
-    {L"feature control", EntityType::PmiGeometricTolerance},
-    {L"toleranc", EntityType::PmiGeometricTolerance},
-    {L"position", EntityType::PmiGeometricTolerance},
-    {L"flatness", EntityType::PmiGeometricTolerance},
-    {L"profile", EntityType::PmiGeometricTolerance},
-    {L"perpendicularity", EntityType::PmiGeometricTolerance},
-    {L"parallelism", EntityType::PmiGeometricTolerance},
-    {L"runout", EntityType::PmiGeometricTolerance},
-    {L"circularity", EntityType::PmiGeometricTolerance},
-    {L"cylindricity", EntityType::PmiGeometricTolerance},
-    {L"concentricity", EntityType::PmiGeometricTolerance},
-    {L"straightness", EntityType::PmiGeometricTolerance},
-    {L"angularity", EntityType::PmiGeometricTolerance},
-    {L"symmetry", EntityType::PmiGeometricTolerance},
-    {L"dimension", EntityType::PmiDimension},
-    {L"diameter", EntityType::PmiDimension},
-    {L"radius", EntityType::PmiDimension},
-    {L"distance", EntityType::PmiDimension},
-    {L"linear size", EntityType::PmiDimension},
-}};
-
-EntityType typeByName(std::wstring name)
-{
-    std::transform(name.begin(), name.end(), name.begin(), [](wchar_t letter) {
-        return letter < 128 ? static_cast<wchar_t>(std::towlower(static_cast<wint_t>(letter)))
-                            : letter;
-    });
-    for (const Keyword& keyword : kKeywords)
-        if (name.find(keyword.word) != std::wstring::npos)
-            return keyword.type;
-    return EntityType::PmiNote;
-}
-
-std::wstring wide(const Handle(TCollection_HAsciiString) & text)
-{
-    return text.IsNull() ? std::wstring() : OrvikOs::Utf8ToWide(text->ToCString());
-}
-
 bool hasEdges(const TopoDS_Shape& shape)
 {
     return !shape.IsNull() && TopExp_Explorer(shape, TopAbs_EDGE).More();
 }
-
-Matrix product(const Matrix& left, const Matrix& right)
-{
-    if (left.empty())
-        return right;
-    if (right.empty())
-        return left;
-    Matrix result(16);
-    TambVizCore::MultiplyMatrices(left.data(), right.data(), result.data());
-    return result;
-}
-
-/// Where nodes stand in the world, before they know their parents.
-class NodePlaces
-{
-public:
-    explicit NodePlaces(const OrvikModel::Model& model)
-    {
-        for (const auto& node : model.nodes)
-            add(*node, {});
-    }
-
-    Matrix Find(const ModelNode* node) const
-    {
-        const auto found = m_places.find(node);
-        return found == m_places.end() ? Matrix() : found->second;
-    }
-
-private:
-    void add(const ModelNode& node, const Matrix& above)
-    {
-        const Matrix place = node.transform ? product(above, *node.transform) : above;
-        if (!place.empty())
-            m_places.emplace(&node, place);
-        for (const auto& child : node.children)
-            add(*child, place);
-    }
-
-    std::map<const ModelNode*, Matrix> m_places; ///< Of nodes that are not in the origin.
-};
 
 /// Collects the annotations of one document.
 class PmiBuilder
@@ -185,7 +76,7 @@ public:
         auto set = std::make_unique<ModelNode>();
         set->kind = NodeKind::PmiSet;
         set->name = L"PMI";
-        for (const TypeName& each : kTypes) {
+        for (const AnnotationType& each : kAnnotationTypes) {
             const auto found = m_annotations.find(each.type);
             if (found == m_annotations.end())
                 continue;
@@ -220,11 +111,12 @@ private:
     void addDimension(const TDF_Label& label,
                       const Handle(XCAFDimTolObjects_DimensionObject) & dimension)
     {
-        const std::wstring drawn = wide(dimension->GetPresentationName());
+        const std::wstring drawn = ToWide(dimension->GetPresentationName());
         const bool isDrawnOnly =
             dimension->GetType() == XCAFDimTolObjects_DimensionType_CommonLabel ||
             dimension->GetType() == XCAFDimTolObjects_DimensionType_DimensionPresentation;
-        ModelNode& node = add(isDrawnOnly ? typeByName(drawn) : EntityType::PmiDimension, label);
+        ModelNode& node =
+            add(isDrawnOnly ? AnnotationTypeByName(drawn) : EntityType::PmiDimension, label);
         node.text = DimensionText(*dimension);
         node.name = !drawn.empty() ? drawn : DimensionWord(dimension->GetType());
         addShape(node, label, dimension->GetPresentation());
@@ -235,9 +127,9 @@ private:
     {
         ModelNode& node = add(EntityType::PmiGeometricTolerance, label);
         node.text = ToleranceText(*tolerance, datumsOf(label));
-        node.name = wide(tolerance->GetPresentationName());
+        node.name = ToWide(tolerance->GetPresentationName());
         if (node.name.empty())
-            node.name = wide(tolerance->GetSemanticName());
+            node.name = ToWide(tolerance->GetSemanticName());
         if (node.name.empty())
             node.name = ToleranceWord(tolerance->GetType());
         addShape(node, label, tolerance->GetPresentation());
@@ -254,7 +146,7 @@ private:
             known = &add(EntityType::PmiDatum, label);
         known->text = text;
         if (known->name.empty())
-            known->name = wide(datum->GetPresentationName());
+            known->name = ToWide(datum->GetPresentationName());
         if (!known->shape)
             addShape(*known, label, datum->GetPresentation());
     }
@@ -275,14 +167,14 @@ private:
         if (!hasEdges(drawn))
             return;
         node.shape = m_context.shapes.Get(drawn, node.name);
-        const Matrix place =
-            product(placeOfBody(label), ToTransform(drawn.Location()).value_or(Matrix()));
+        const Place place =
+            Product(placeOfBody(label), ToTransform(drawn.Location()).value_or(Place()));
         if (!place.empty())
             node.transform = place;
     }
 
     /// @return the first place of the body on whose faces or edges the annotation hangs.
-    Matrix placeOfBody(const TDF_Label& label) const
+    Place placeOfBody(const TDF_Label& label) const
     {
         TDF_LabelSequence first;
         TDF_LabelSequence second;
