@@ -1,12 +1,9 @@
 #include "OrvikCore/PluginRecord.h"
 
 #include "PluginFiles.h"
+#include "RecordInstance.h"
 
 #include "OrvikCore/APluginFactory.h"
-
-#include <OrvikOs/Library.h>
-
-#include <memory>
 
 namespace OrvikCore {
 
@@ -52,38 +49,12 @@ wchar_t* PluginRecord::GetName() const
 
 APluginFactory* PluginRecord::GetInstance()
 {
-    if (instance != nullptr) {
-        return instance;
-    }
-    if (module == nullptr && fileName != nullptr) {
-        auto library = std::make_unique<OrvikOs::Library>();
-        if (library->Load(fileName)) {
-            module = library.release();
-        }
-    }
-    if (module != nullptr) {
-        createFn = module->Symbol("CreatePlugin");
-        if (createFn != nullptr) {
-            instance = reinterpret_cast<APluginFactory* (*)()>(createFn)();
-        }
-    }
-    return instance;
+    return MakeInstance<APluginFactory>({fileName, module, createFn, instance}, "CreatePlugin");
 }
 
 void PluginRecord::DestroyInstance()
 {
-    if (module != nullptr) {
-        // Deliberate: the library stays loaded for the life of the process.
-        // Held by PluginRecordTest.DestroyingTheInstanceKeepsTheLibrary.
-        module->Detach();
-        delete module;
-        module = nullptr;
-    }
-    if (instance != nullptr) {
-        instance->Terminate();
-        delete instance;
-        instance = nullptr;
-    }
+    EndInstance(module, instance);
 }
 
 void PluginRecord::clearMembers()

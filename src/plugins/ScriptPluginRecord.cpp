@@ -1,12 +1,9 @@
 #include "OrvikCore/ScriptPluginRecord.h"
 
 #include "PluginFiles.h"
+#include "RecordInstance.h"
 
 #include "OrvikCore/AScriptModulePluginFactory.h"
-
-#include <OrvikOs/Library.h>
-
-#include <memory>
 
 namespace OrvikCore {
 
@@ -42,38 +39,13 @@ wchar_t* ScriptPluginRecord::GetName() const
 
 AScriptModulePluginFactory* ScriptPluginRecord::GetInstance()
 {
-    if (instance != nullptr) {
-        return instance;
-    }
-    if (module == nullptr && fileName != nullptr) {
-        auto library = std::make_unique<OrvikOs::Library>();
-        if (library->Load(fileName)) {
-            module = library.release();
-        }
-    }
-    if (module != nullptr) {
-        registerFn = module->Symbol("RegisterPlugin");
-        if (registerFn != nullptr) {
-            instance = reinterpret_cast<AScriptModulePluginFactory* (*)()>(registerFn)();
-        }
-    }
-    return instance;
+    return MakeInstance<AScriptModulePluginFactory>({fileName, module, registerFn, instance},
+                                                    "RegisterPlugin");
 }
 
 void ScriptPluginRecord::DestroyInstance()
 {
-    if (module != nullptr) {
-        // Deliberate: the library stays loaded for the life of the process.
-        // Held by ScriptPluginRecordTest.DestroyingTheInstanceKeepsTheLibrary.
-        module->Detach();
-        delete module;
-        module = nullptr;
-    }
-    if (instance != nullptr) {
-        instance->Terminate();
-        delete instance;
-        instance = nullptr;
-    }
+    EndInstance(module, instance);
 }
 
 void ScriptPluginRecord::clearMembers()

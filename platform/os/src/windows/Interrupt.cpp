@@ -1,17 +1,10 @@
-#include <OrvikOs/Interrupt.h>
+#include "common/InterruptHandler.h"
 
 #include <windows.h>
-
-#include <atomic>
-#include <cstdlib>
 
 namespace OrvikOs {
 
 namespace {
-
-std::atomic<bool> g_watched{false};   ///< A watch holds the handler.
-std::atomic<bool> g_requested{false}; ///< Ctrl-C came and was not dealt with yet.
-std::atomic<Event*> g_event{nullptr}; ///< The watch's; not owned.
 
 /// Called on a thread of the system's.
 BOOL WINAPI handleConsoleEvent(DWORD kind)
@@ -19,61 +12,20 @@ BOOL WINAPI handleConsoleEvent(DWORD kind)
     if (kind != CTRL_C_EVENT) {
         return FALSE;
     }
-    if (g_requested.exchange(true, std::memory_order_acq_rel)) {
-        std::_Exit(InterruptWatch::kExitCode);
-    }
-    if (Event* const event = g_event.load(std::memory_order_acquire)) {
-        event->Set();
-    }
+    NoteInterrupt();
     return TRUE;
 }
 
 } // namespace
 
-InterruptWatch::InterruptWatch()
+bool InstallInterruptHandler()
 {
-    if (!m_event.Create() || g_watched.exchange(true, std::memory_order_acq_rel)) {
-        return;
-    }
-    g_requested.store(false, std::memory_order_release);
-    g_event.store(&m_event, std::memory_order_release);
-    m_active = SetConsoleCtrlHandler(&handleConsoleEvent, TRUE) != 0;
-    if (!m_active) {
-        g_event.store(nullptr, std::memory_order_release);
-        g_watched.store(false, std::memory_order_release);
-    }
+    return SetConsoleCtrlHandler(&handleConsoleEvent, TRUE) != 0;
 }
 
-InterruptWatch::~InterruptWatch()
+void RemoveInterruptHandler()
 {
-    if (m_active) {
-        SetConsoleCtrlHandler(&handleConsoleEvent, FALSE);
-        g_event.store(nullptr, std::memory_order_release);
-        g_watched.store(false, std::memory_order_release);
-    }
-}
-
-bool InterruptWatch::IsActive() const
-{
-    return m_active;
-}
-
-bool InterruptWatch::WasRequested() const noexcept
-{
-    return m_active && g_requested.load(std::memory_order_acquire);
-}
-
-Event& InterruptWatch::RequestEvent()
-{
-    return m_event;
-}
-
-void InterruptWatch::Reset() noexcept
-{
-    if (m_active) {
-        m_event.TryTake();
-        g_requested.store(false, std::memory_order_release);
-    }
+    SetConsoleCtrlHandler(&handleConsoleEvent, FALSE);
 }
 
 } // namespace OrvikOs

@@ -33,31 +33,6 @@ HMODULE toModule(void* handle)
 
 } // namespace
 
-Library::Library() = default;
-
-Library::~Library()
-{
-    Close();
-}
-
-Library::Library(Library&& other) noexcept
-    : m_handle(std::exchange(other.m_handle, nullptr)),
-      m_errorCode(std::exchange(other.m_errorCode, 0u)),
-      m_errorText(std::exchange(other.m_errorText, {}))
-{
-}
-
-Library& Library::operator=(Library&& other) noexcept
-{
-    if (this != &other) {
-        Close();
-        m_handle = std::exchange(other.m_handle, nullptr);
-        m_errorCode = std::exchange(other.m_errorCode, 0u);
-        m_errorText = std::exchange(other.m_errorText, {});
-    }
-    return *this;
-}
-
 bool Library::Load(const std::wstring& fileName)
 {
     Close();
@@ -72,30 +47,10 @@ bool Library::Load(const std::wstring& fileName)
     return true;
 }
 
-bool Library::IsLoaded() const
-{
-    return m_handle != nullptr;
-}
-
 void* Library::Symbol(const char* name) const
 {
     return m_handle != nullptr ? reinterpret_cast<void*>(GetProcAddress(toModule(m_handle), name))
                                : nullptr;
-}
-
-unsigned Library::ErrorCode() const
-{
-    return m_errorCode;
-}
-
-const std::wstring& Library::ErrorText() const
-{
-    return m_errorText;
-}
-
-void Library::Detach()
-{
-    m_handle = nullptr;
 }
 
 void Library::Close()
