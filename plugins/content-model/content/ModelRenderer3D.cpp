@@ -65,11 +65,11 @@ Node* ModelRenderer3D::sceneNode(const ModelNode& node) const
 {
     if (!HasSceneNode(node))
         return nullptr;
-    const ModelNode* above = SceneParent(node);
+    const ModelNode* above = node.parent;
     Node* parent = contentNode();
     if (above) {
         std::vector<const ModelNode*> path;
-        for (; above; above = SceneParent(*above))
+        for (; above; above = above->parent)
             path.push_back(above);
         for (auto step = path.rbegin(); parent && step != path.rend(); ++step)
             parent = parent->FindChild((*step)->number);
@@ -83,7 +83,7 @@ void ModelRenderer3D::buildNodes(Node& top) const
     for (const ModelNode* node : m_model->InOrder()) {
         if (!HasSceneNode(*node))
             continue;
-        const ModelNode* above = SceneParent(*node);
+        const ModelNode* above = node->parent;
         Node& parent = above ? *built.at(above) : top;
         built.emplace(node, parent.AddChild(MakeSceneNode(*m_model, *node)));
     }
@@ -194,7 +194,7 @@ bool ModelRenderer3D::findNode(const RenderId& id, Match& match) const
     }
     // From the node upwards the path must be that of the scene.
     int at = end - 1;
-    for (const ModelNode* node = match.node; node; node = SceneParent(*node), --at)
+    for (const ModelNode* node = match.node; node; node = node->parent, --at)
         if (at < 1 || id[at] != node->number || !HasSceneNode(*node))
             return false;
     if (!match.node || at != 0)

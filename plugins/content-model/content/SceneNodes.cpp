@@ -3,7 +3,6 @@
 #include "OrvikModel/ModelEntity.h"
 
 #include <TambVizCore/GeoNode.h>
-#include <TambVizCore/Matrix.h>
 #include <TambVizCore/Utils.h>
 
 namespace OrvikModel {
@@ -13,21 +12,6 @@ using TambVizCore::GeoNode;
 using TambVizCore::Node;
 
 namespace {
-
-bool isGroup(NodeKind kind)
-{
-    switch (kind) {
-    case NodeKind::PmiSet:
-    case NodeKind::PmiType:
-    case NodeKind::Views:
-    case NodeKind::View:
-    case NodeKind::Captures:
-    case NodeKind::Capture:
-        return true;
-    default:
-        return false;
-    }
-}
 
 GeoNode::Category categoryOf(NodeKind kind)
 {
@@ -51,44 +35,31 @@ std::unique_ptr<Node> makeNode(const ModelNode& node)
     return geo;
 }
 
-/// Gives the scene node what a model node says of itself; nearer nodes come first.
-void apply(const ModelNode& node, Node& scene)
-{
-    if (node.transform) {
-        double product[16];
-        TambVizCore::MultiplyMatrices(node.transform->data(), scene.Transform(), product);
-        scene.SetTransform(product);
-    }
-    if (node.color && !scene.Color())
-        scene.SetColor(node.color);
-    if (!node.isShown)
-        scene.SetVisible(false);
-}
-
 } // namespace
 
 bool HasSceneNode(const ModelNode& node)
 {
-    if (isGroup(node.kind))
+    switch (node.kind) {
+    case NodeKind::Views:
+    case NodeKind::View:
+    case NodeKind::Captures:
+    case NodeKind::Capture:
         return false;
-    return node.shape || node.kind != NodeKind::Annotation;
-}
-
-const ModelNode* SceneParent(const ModelNode& node)
-{
-    const ModelNode* parent = node.parent;
-    while (parent && !HasSceneNode(*parent))
-        parent = parent->parent;
-    return parent;
+    case NodeKind::Annotation:
+        return node.shape != nullptr;
+    default:
+        return true;
+    }
 }
 
 std::unique_ptr<Node> MakeSceneNode(const Model& model, const ModelNode& node)
 {
     std::unique_ptr<Node> scene = makeNode(node);
     scene->SetEntity(MakeEntity(model, node));
-    const ModelNode* end = SceneParent(node);
-    for (const ModelNode* at = &node; at != end; at = at->parent)
-        apply(*at, *scene);
+    if (node.transform)
+        scene->SetTransform(node.transform->data());
+    scene->SetColor(node.color);
+    scene->SetVisible(node.isShown);
     return scene;
 }
 

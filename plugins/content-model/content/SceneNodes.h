@@ -15,14 +15,11 @@ class Node;
 /// @thread  Main thread.
 namespace OrvikModel {
 
-/// Tells whether a node stands in space: it has a shape, or places what is below it.
+/// Tells whether a node stands in space: it has a shape, or groups what has one. Saved views,
+/// captures and annotations without curves do not, and nothing below them does.
 bool HasSceneNode(const ModelNode& node);
 
-/// @return the nearest node above that has a scene node, not owned; null for the content's own.
-const ModelNode* SceneParent(const ModelNode& node);
-
-/// Makes the scene node of a node without those below it. Transform, colour and visibility of
-/// groups that have none of their own are carried over.
+/// Makes the scene node of a node without those below it.
 std::unique_ptr<TambVizCore::Node> MakeSceneNode(const Model& model, const ModelNode& node);
 
 /// Gives a scene node the present geometry of the shape and, to parts that are new to it, the

@@ -292,7 +292,7 @@ TEST_F(ModelRendererTest, ColorsNodesAndPartsAsTheModelSays)
     EXPECT_EQ(node.LineWidthPixels(), 3.0f);
 }
 
-TEST(ModelRenderer3D, MirrorsTheModelWithoutItsGroups)
+TEST(ModelRenderer3D, MirrorsTheModelWithoutItsSavedViews)
 {
     Document document(nullptr);
     ModelContent content(document, FullModel(), "Test");
@@ -320,8 +320,50 @@ TEST(ModelRenderer3D, MirrorsTheModelWithoutItsGroups)
         match.node->GetWorldTransform(scene);
         EXPECT_TRUE(std::equal(world, world + 16, scene)) << node->number;
     }
-    // The assembly, its references and bodies, five other bodies, three drawn annotations.
-    EXPECT_EQ(drawn, 13u);
+    // The assembly, its references and bodies, five other bodies, the group of annotations, its
+    // three types and three drawn annotations.
+    EXPECT_EQ(drawn, 17u);
+}
+
+TEST(ModelRenderer3D, GroupsOfAnnotationsHoldWhatIsDrawnOfThem)
+{
+    Document document(nullptr);
+    ModelContent content(document, FullModel(), "Test");
+    FakeView3D view;
+    ModelRenderer3D renderer(content, view);
+    renderer.Render();
+    const Model& model = *content.GetModel();
+
+    RenderId group;
+    RenderId annotation;
+    ASSERT_TRUE(renderer.ConvertToRenderId(MakeEntity(model, NodeNamed(model, L"PMI")), group));
+    ASSERT_TRUE(
+        renderer.ConvertToRenderId(MakeEntity(model, NodeNamed(model, L"drawn")), annotation));
+
+    const TambVizCore::Node* drawn = TambVizCore::FindRenderId(view.m_root, annotation).node;
+    ASSERT_NE(drawn, nullptr);
+    EXPECT_NE(drawn->AsGeoNode(), nullptr);
+    EXPECT_EQ(drawn->Parent()->Parent(), TambVizCore::FindRenderId(view.m_root, group).node);
+    EXPECT_FALSE(
+        renderer.ConvertToRenderId(MakeEntity(model, NodeNamed(model, L"text only")), annotation));
+}
+
+TEST(ModelRenderer3D, HidingAGroupOfAnnotationsHidesWhatIsDrawnOfThem)
+{
+    Document document(nullptr);
+    ModelContent content(document, FullModel(), "Test");
+    FakeView3D view;
+    ModelRenderer3D renderer(content, view);
+    renderer.Render();
+    const Model& model = *content.GetModel();
+    RenderId group;
+    RenderId annotation;
+    renderer.ConvertToRenderId(MakeEntity(model, NodeNamed(model, L"PMI")), group);
+    renderer.ConvertToRenderId(MakeEntity(model, NodeNamed(model, L"drawn")), annotation);
+
+    TambVizCore::FindRenderId(view.m_root, group).node->SetVisible(false);
+
+    EXPECT_FALSE(TambVizCore::FindRenderId(view.m_root, annotation).node->IsVisibleInScene());
 }
 
 TEST(ModelRenderer3D, InstancesShareTheirGeometry)

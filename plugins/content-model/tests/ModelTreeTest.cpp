@@ -108,8 +108,8 @@ TEST_F(ModelTreeTest, EveryRowWithAPictureLeadsToItAndBack)
         ASSERT_TRUE(m_renderer.ConvertToRenderId(drawn, back));
         EXPECT_EQ(back, path);
     }
-    // The container, thirteen nodes, and 26 parts of each of the ten shapes.
-    EXPECT_EQ(pictures, 1u + 13u + 10u * 26u);
+    // The container, seventeen nodes, and 26 parts of each of the ten shapes.
+    EXPECT_EQ(pictures, 1u + 17u + 10u * 26u);
 }
 
 TEST_F(ModelTreeTest, RowsOfViewsAndCapturesNameThemselves)

@@ -28,9 +28,8 @@ struct Visibility;
 /// it one for each node of the model that stands in space, with the node's number as id and its
 /// transform, colour and entity. Nodes that share a shape share its geometry.
 ///
-/// PMI groups, views, captures and their groups have no scene node; what hangs below a group hangs
-/// below the next scene node above. Annotations follow the view's switch for PMI, point clouds and
-/// sets of points the one for point clouds.
+/// Views, captures, their groups and annotations without curves have no scene node. Annotations
+/// follow the view's switch for PMI, point clouds and sets of points the one for point clouds.
 ///
 /// Shapes are drawn as ModelShape::Present() has them. Nodes change to what it has later when an
 /// entity of a part is converted, and at Rerender(), which first has the shapes tessellated anew
