@@ -41,7 +41,7 @@ Value::List rowsBelow(const IEntityProperties& content, const EntityId& entity, 
     TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
     Value::List rows;
     const bool isLeaf =
-        entity.SubEntityIndex() >= 0 || (depth == Depth::Bodies && IsBodyType(entity));
+        entity.SubEntityIndex() >= 0 || (depth == Depth::Bodies && HasPartsBelow(entity));
     std::vector<EntityId> children;
     if (isLeaf || !content.GetChildren(entity, children))
         return rows;

@@ -124,6 +124,12 @@ bool IsBodyType(const EntityId& entity)
     }
 }
 
+bool HasPartsBelow(const EntityId& entity)
+{
+    const bool isPart = entity.SubEntityIndex() >= 0;
+    return !isPart && (IsBodyType(entity) || entity.Type() == EntityType::Annotation);
+}
+
 std::vector<const IEntityProperties*> LoadedProperties()
 {
     std::vector<const IEntityProperties*> loaded;
@@ -162,8 +168,7 @@ void WalkEntities(const IEntityProperties& content, Depth depth,
         waiting.pop_back();
         visit(entity);
         const bool isPart = entity.SubEntityIndex() >= 0;
-        // Asking a body for what is below it makes its faces, edges and vertices.
-        if (!isPart && (depth == Depth::Parts || !IsBodyType(entity)))
+        if (!isPart && (depth == Depth::Parts || !HasPartsBelow(entity)))
             enter(entity);
     }
 }

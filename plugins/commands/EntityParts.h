@@ -46,9 +46,12 @@ std::string KindArgument(const std::string& command, const std::string& paramete
 /// Tells whether a kind stands for faces, edges or vertices.
 bool IsPartKind(const std::string& kind);
 
-/// Tells whether an entity is what has faces, edges and vertices below it: a body, a mesh, a wire,
-/// points.
+/// Tells whether an entity is a body, a mesh, a wire or points.
 bool IsBodyType(const TambVizCore::EntityId& entity);
+
+/// Tells whether an entity has faces, edges and vertices below it, which are made when it is asked
+/// for them: a body or what is drawn of an annotation.
+bool HasPartsBelow(const TambVizCore::EntityId& entity);
 
 /// @return what the contents that are loaded know of their entities, in the order of loading; those
 ///         that know nothing are left out. Not owned, valid while they are loaded.

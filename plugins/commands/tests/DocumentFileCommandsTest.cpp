@@ -162,6 +162,21 @@ TEST_F(DocumentTree, ListsPartsWhenAskedTo)
     EXPECT_EQ(body.AsList()[3].AsList()[0], Value(List({L"face", L"", entity(m_face), List{}})));
 }
 
+TEST_F(DocumentTree, ListsTheCurvesOfAnnotationsOnlyWhenAskedTo)
+{
+    const EntityId note = node(9, EntityType::Annotation);
+    m_bolts.Add(m_firstReference, note, L"note");
+    m_bolts.Add(note, part(note, PartKind::Edge, 0), L"");
+    m_bolts.m_childrenAsked.clear();
+
+    const Value tree = run("doc:tree");
+
+    const Value& assembly = tree.AsList()[0].AsList()[3].AsList()[0];
+    const Value& row = assembly.AsList()[3].AsList()[0].AsList()[3].AsList()[1];
+    EXPECT_EQ(row, Value(List({L"annotation", L"note", entity(note), List{}})));
+    EXPECT_EQ(std::count(m_bolts.m_childrenAsked.begin(), m_bolts.m_childrenAsked.end(), note), 0);
+}
+
 TEST_F(DocumentTree, IsEmptyWhenNothingIsLoaded)
 {
     run("doc:clear");
