@@ -188,7 +188,7 @@ Command boundingBoxCommand()
     command.resultHelp =
         "x-min y-min z-min x-max y-max z-max in world units, or #f when nothing is "
         "loaded";
-    command.summary = "Measures the box around everything that is loaded.";
+    command.summary = "Measures the box around everything that is loaded, in world units.";
     command.example = "(doc:bounding-box)";
     command.handler = [](const Arguments&) {
         double box[6];

@@ -169,7 +169,7 @@ Command lineWidthCommand()
     width.maximum = kWidestLine;
     command.parameters = {width};
     command.result = ValueType::Real;
-    command.resultHelp = "the width that is asked for now";
+    command.resultHelp = "the width in pixels that is asked for now";
     command.summary = "Chooses how wide edges are drawn.";
     command.help = "The graphics system may draw narrower lines than it is asked for.";
     command.example = "(app:line-width 2)";

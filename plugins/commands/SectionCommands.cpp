@@ -85,7 +85,7 @@ Command sectionCommand()
     Parameter normal;
     normal.name = "normal";
     normal.type = ValueType::Vector;
-    normal.help = "points to what is cut away";
+    normal.help = "direction to what is cut away, of any length";
     Parameter number = numberParameter(Presence::Optional);
     number.defaultValue = Value(1);
     command.parameters = {PointParameter("point", "a point of the plane"), normal, number};
