@@ -16,7 +16,8 @@ struct Dimension
 {
     using Point = std::array<double, 3>;
 
-    /// What was measured: a line or an arc as a polyline, with an arrow head at each end.
+    /// What was measured: a line or an arc as a polyline, with an arrow head at each end; see
+    /// startsWithHead.
     std::vector<Point> line;
     /// Plain lines that lead there: the legs of an angle.
     std::vector<std::vector<Point>> legs;
@@ -24,6 +25,8 @@ struct Dimension
     std::wstring text;
     /// What was measured: the dimension goes when one of them does. May be empty.
     std::vector<TambVizCore::EntityId> measured;
+    /// Off for a radius: its line begins in the centre, and only its end has a head.
+    bool startsWithHead = true;
 };
 
 /// A view that draws dimensions over the model; found by dynamic_cast.

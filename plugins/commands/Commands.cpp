@@ -28,6 +28,7 @@ void RegisterAllCommands(TambCommandsInfra::CommandTable& table)
     RegisterSelectionCommands(table);
     RegisterSelectionFindCommands(table);
     RegisterPreferenceCommands(table);
+    RegisterRoundMeasureCommands(table);
     RegisterSavedViewCommands(table);
     RegisterFaceThicknessCommand(table);
     RegisterSettingsCommands(table);

@@ -33,6 +33,7 @@ void RegisterSelectionCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSelectionFindCommands(TambCommandsInfra::CommandTable& table);
 void RegisterPreferenceCommands(TambCommandsInfra::CommandTable& table);
 void RegisterFaceThicknessCommand(TambCommandsInfra::CommandTable& table);
+void RegisterRoundMeasureCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSavedViewCommands(TambCommandsInfra::CommandTable& table);
 void RegisterSettingsCommands(TambCommandsInfra::CommandTable& table);
 void RegisterTessellationCommands(TambCommandsInfra::CommandTable& table);

@@ -21,7 +21,8 @@ Command drawCommand()
     command.name = "measure:draw";
     command.parameters = {SwitchParameter("on", "#t when left out")};
     command.summary = "Chooses whether measures leave dimensions in the picture.";
-    command.help = "They do at first: a distance or a thickness as a line with its length, in "
+    command.help = "They do at first: a distance or a thickness as a line with its length, a "
+                   "radius or a diameter likewise with R or the diameter sign before it, in "
                    "millimetres where it is exact, an angle as an arc with degrees. The newest 100 "
                    "stay. Those that are there stay when it is switched off.";
     command.example = "(measure:draw #f)";

@@ -1,6 +1,8 @@
 #ifndef PLUGINCOMMANDS_DIMENSIONS_H
 #define PLUGINCOMMANDS_DIMENSIONS_H
 
+#include "Triples.h"
+
 #include <OrvikCore/IDimensionDrawer.h>
 #include <TambVizCore/EntityId.h>
 
@@ -8,8 +10,6 @@
 #include <vector>
 
 namespace OrvikCommands {
-
-using Triple = OrvikCore::Dimension::Point;
 
 /// The line along which an entity runs, or the plane that it lies in.
 struct Bearing
@@ -31,6 +31,14 @@ void SetLeavesDimensions(bool leaves);
 /// @param isExact  Exact lengths are those of CAD models, in millimetres; others have no unit.
 OrvikCore::Dimension LengthDimension(const double* from, const double* to, double length,
                                      bool isExact);
+
+/// The dimension of a radius: from the centre, or from the axis, to a point of what is round.
+OrvikCore::Dimension RadiusDimension(const Triple& center, const Triple& end, double radius,
+                                     bool isExact);
+
+/// The dimension of a diameter, between two points of what is round that face each other.
+OrvikCore::Dimension DiameterDimension(const Triple& from, const Triple& to, double diameter,
+                                       bool isExact);
 
 /// The dimension of the angle between two lines, two planes or a line and a plane, 0 to 90 degrees:
 /// an arc around the place where they meet, between the directions that lead nearest to both. Where

@@ -129,6 +129,19 @@ TEST_F(Entities, OfAMeshHaveBoresToo)
         << outcome.output;
 }
 
+TEST_F(Entities, OfAMeshHaveADiameterOfItsTriangles)
+{
+    const Outcome outcome = m_process.Run(
+        {SourceFile("examples/gear.stl"), "--eval", "(define wall (app:pick-face 0 0 5 1 0 0 0))",
+         "--eval", "(app:print (measure:diameter wall))", "--eval",
+         "(app:print \"the top: \" (measure:radius (app:pick-face 12 0 50 0 0 -1 0)))"});
+
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_NE(outcome.output.find("(15.9999999"), std::string::npos) << outcome.output;
+    EXPECT_NE(outcome.output.find(" triangles)\n"), std::string::npos) << outcome.output;
+    EXPECT_NE(outcome.output.find("the top: #f\n"), std::string::npos) << outcome.output;
+}
+
 TEST_F(Entities, ThatAreSelectedLookSo)
 {
     run({"(view:iso)", "(view:save-image \"plain.png\" 320 240)", "(sel:by-name \"box\")",
@@ -194,6 +207,20 @@ TEST_F(EntitiesOfSolids, AreThoseOfTheExampleToo)
     EXPECT_NE(outcome.output.find("hole plate: a bore at (50 30 5) of diameter 12 mm, exact\n"),
               std::string::npos)
         << outcome.output;
+}
+
+TEST_F(EntitiesOfSolids, ShowRadiusAndDiameter)
+{
+    m_process.ExpectGolden(
+        "entity-round",
+        m_process.Run(
+            evals(copy("assembly_ap242.step"),
+                  {"(define wall (app:pick-face 51 30 20 0.6 0 -1 0))",
+                   "(define rim (car (filter (lambda (edge) (equal? (entity:curve edge) "
+                   "\"circle\")) (entity:children (entity:body wall)))))",
+                   "(measure:diameter wall)", "(measure:radius wall)", "(entity:curve rim)",
+                   "(measure:diameter rim)", "(measure:radius (app:pick-face 20 20 50 0 0 -1 0))",
+                   "(measure:radius (entity:body wall))", "(measure:radius 5)"})));
 }
 
 TEST_F(EntitiesOfSolids, HaveNamesColorsLayersAndExactSizes)

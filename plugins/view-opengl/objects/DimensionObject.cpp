@@ -221,6 +221,8 @@ Node* DimensionObject::build(Node& parent)
     if (m_length > 0.0) {
         const auto head = MakeHead();
         for (const std::uint64_t child : {kFirstHead, kLastHead}) {
+            if (child == kFirstHead && !m_dimension.startsWithHead)
+                continue;
             GeoNode* const drawn = node->CreateChildGeoNode(child);
             drawn->SetGeometry(head);
             drawn->SetColor(kColor);
@@ -259,7 +261,8 @@ void DimensionObject::Adapt(const PictureScale& scale)
     m_node->FindChild(kLine)->AsGeoNode()->SetLineWidthPixels(kLinePixels * width);
     if (m_length > 0.0) {
         const std::vector<Point>& line = m_dimension.line;
-        placeHead(kFirstHead, line.front(), line[1], scale);
+        if (m_dimension.startsWithHead)
+            placeHead(kFirstHead, line.front(), line[1], scale);
         placeHead(kLastHead, line.back(), line[line.size() - 2], scale);
     }
     placeText(scale);

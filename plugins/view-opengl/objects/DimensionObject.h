@@ -14,9 +14,9 @@ namespace ViewOpenGl {
 
 class TextLabels;
 
-/// A dimension: lines with a light rim, an arrow head at each end of the measured one, and a text
-/// beside its middle. All but the places keep their size in pixels; heads turn inside out where
-/// there is no room between them.
+/// A dimension: lines with a light rim, an arrow head at each end of the measured one (at the
+/// last one only of a radius), and a text beside its middle. All but the places keep their size in
+/// pixels; heads turn inside out where there is no room between them.
 class DimensionObject final : public NodeObject<OrvikCore::AViewObject>
 {
 public:

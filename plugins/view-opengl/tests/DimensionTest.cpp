@@ -112,6 +112,20 @@ TEST_F(DimensionPicture, KeepsItsSizeInPixelsInPerspective)
     EXPECT_NEAR(count(-0.85, -0.1, -0.7, 0.1), heads, 0.3 * heads);
 }
 
+TEST_F(DimensionPicture, OfARadiusHasAHeadAtItsEndOnly)
+{
+    m_view->SetWindowSize(256, 256);
+    Dimension radius = across();
+    radius.text.clear();
+    radius.startsWithHead = false;
+    draw(radius);
+    Draw(256, 256);
+
+    EXPECT_GT(count(0.7, 0.014, 0.8, 0.06), 0);
+    EXPECT_EQ(count(-0.8, 0.014, -0.7, 0.06), 0);
+    EXPECT_GT(count(-0.8, -0.02, -0.7, 0.02), 10) << "the line begins there";
+}
+
 TEST_F(DimensionPicture, OfAPointIsItsText)
 {
     m_view->SetWindowSize(256, 256);
