@@ -14,6 +14,7 @@
 #include <TambVizCore/AView3DAdapter.h>
 #include <TambVizCore/EntityId.h>
 #include <TambVizCore/IIdPictureProvider.h>
+#include <TambVizCore/IPictureErrorProvider.h>
 #include <TambVizCore/IView3D.h>
 #include <TambVizCore/Image.h>
 #include <TambVizCore/Node.h>
@@ -65,8 +66,12 @@ IView3D* viewFor(const std::wstring& fileName, int& width, int& height, std::wst
     return view;
 }
 
-std::wstring cannotDraw(const std::wstring& fileName, int width, int height)
+/// @return why a view has not drawn a picture.
+std::wstring cannotDraw(const IView3D& view, const std::wstring& fileName, int width, int height)
 {
+    const auto* const provider = dynamic_cast<const TambVizCore::IPictureErrorProvider*>(&view);
+    if (provider != nullptr && !provider->GetPictureError().empty())
+        return fileName + L": " + Utils::StringToWstring(provider->GetPictureError());
     return fileName + L": a picture of " + std::to_wstring(width) + L" x " +
            std::to_wstring(height) + L" pixels cannot be drawn";
 }
@@ -182,7 +187,7 @@ bool BufferManipulator::SaveImage(const std::wstring& fileName, int width, int h
     IView3D* const view = viewFor(fileName, width, height, reason);
     TambVizCore::Image image;
     if (view != nullptr && !view->ReadImage(width, height, image))
-        reason = cannotDraw(fileName, width, height);
+        reason = cannotDraw(*view, fileName, width, height);
     else if (view != nullptr && WritePng(fileName, image, textsOf(*view, m_history), reason))
         return true;
     if (errorText != nullptr)
@@ -199,7 +204,7 @@ bool BufferManipulator::SaveIdPicture(const std::wstring& fileName, int width, i
     IdPicture picture;
     if (view != nullptr &&
         (provider == nullptr || !provider->ReadIdPicture(width, height, picture)))
-        reason = cannotDraw(fileName, width, height);
+        reason = cannotDraw(*view, fileName, width, height);
     if (!reason.empty()) {
         if (errorText != nullptr)
             *errorText = reason;

@@ -18,7 +18,8 @@ using TambVizCore::Utils;
 namespace {
 
 /// Largest side of a picture, pixels.
-constexpr double kMaxPictureSide = 16384;
+/// The longest row of a PNG file; the driver of the view usually allows less, and says so.
+constexpr double kMaxPictureSide = 1000000;
 
 TambServiceSetCollectionBase& services()
 {

@@ -17,16 +17,6 @@ GlRenderbuffer makeStorage(GLenum format, int samples, int width, int height)
     return GlRenderbuffer(name);
 }
 
-/// @return true when there was none.
-bool dropErrors()
-{
-    bool none = true;
-    // A lost context may report without end.
-    for (int i = 0; i < 8 && glGetError() != GL_NO_ERROR; ++i)
-        none = false;
-    return none;
-}
-
 } // namespace
 
 bool FrameTarget::Bind(int width, int height, int samples)
@@ -40,6 +30,7 @@ bool FrameTarget::Bind(int width, int height, int samples)
         m_height = height;
         if (!make(m_drawn, samples) || (samples > 1 && !make(m_resolved, 1))) {
             Clear();
+            m_samples = samples;
             return false;
         }
         m_samples = samples;
@@ -56,7 +47,7 @@ void FrameTarget::Bind()
 
 bool FrameTarget::make(Surface& surface, int samples)
 {
-    dropErrors();
+    TakeErrors();
     surface.color = makeStorage(GL_RGBA8, samples, m_width, m_height);
     surface.depth = makeStorage(GL_DEPTH24_STENCIL8, samples, m_width, m_height);
     GLuint name = 0;
@@ -67,8 +58,8 @@ bool FrameTarget::make(Surface& surface, int samples)
                               surface.color.Get());
     glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_STENCIL_ATTACHMENT, GL_RENDERBUFFER,
                               surface.depth.Get());
-    const bool complete = glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE;
-    return dropErrors() && complete;
+    m_answer = AskFramebuffer();
+    return m_answer.IsGood();
 }
 
 void FrameTarget::resolve()

@@ -2,6 +2,7 @@
 #define VIEWOPENGL_FRAMETARGET_H
 
 #include "GlObjects.h"
+#include "PictureLimits.h"
 
 #include <OrvikCore/IFrameProvider.h>
 #include <TambVizCore/Image.h>
@@ -16,7 +17,7 @@ public:
     /// Binds a framebuffer of a size, made anew where it differs from the last one.
     ///
     /// @param samples  Samples per pixel; 0 and 1 mean one.
-    /// @return false when the driver refuses the size.
+    /// @return false when the driver refuses the size; Answer() says why.
     bool Bind(int width, int height, int samples);
 
     /// Binds the framebuffer that the last Bind() made.
@@ -32,11 +33,16 @@ public:
     /// as viewport.
     void Blit(GLuint framebuffer, int width, int height);
 
+    /// @return what the driver said to the last framebuffer that was made.
+    const FramebufferAnswer& Answer() const { return m_answer; }
+
     /// @return the framebuffer to draw into; 0 for none.
     GLuint Framebuffer() const { return m_drawn.framebuffer.Get(); }
 
     int Width() const { return m_width; }
     int Height() const { return m_height; }
+    /// @return samples of a pixel of the last Bind(), good or not.
+    int Samples() const { return m_samples; }
 
     /// Forgets the framebuffers.
     void Clear();
@@ -57,7 +63,8 @@ private:
     Surface m_resolved; ///< One sample per pixel; used when m_drawn has more.
     int m_width = 0;
     int m_height = 0;
-    int m_samples = -1;
+    int m_samples = -1; ///< Also of a target without framebuffers.
+    FramebufferAnswer m_answer;
 };
 
 } // namespace ViewOpenGl

@@ -226,11 +226,7 @@ bool GlContext::describe(std::string& errorText)
     // as soon as the buffer is deleted.
     m_readsOwnMemory = m_isSoftware && epoxy_has_gl_extension("GL_AMD_pinned_memory");
     m_tellsResets = epoxy_gl_version() >= 45 || epoxy_has_gl_extension("GL_KHR_robustness");
-    GLint renderbuffer = 0;
-    GLint viewport[2] = {};
-    glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &renderbuffer);
-    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, viewport);
-    m_maxSide = std::min({renderbuffer, viewport[0], viewport[1]});
+    m_limits = PictureLimits::Ask();
     m_maxLineWidth = widestLine();
     return true;
 }

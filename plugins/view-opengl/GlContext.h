@@ -3,6 +3,7 @@
 
 #include "ContextDevices.h"
 #include "GlxCurrent.h"
+#include "PictureLimits.h"
 
 #include <memory>
 #include <string>
@@ -90,8 +91,8 @@ public:
     /// @return vendor, renderer and version in one line, UTF-8.
     const std::string& Description() const { return m_description; }
 
-    /// @return the largest side of a framebuffer, pixels.
-    int MaxSide() const { return m_maxSide; }
+    /// @return how large a framebuffer may be.
+    const PictureLimits& Limits() const { return m_limits; }
 
     /// @return the widest line, pixels.
     float MaxLineWidth() const { return m_maxLineWidth; }
@@ -112,7 +113,7 @@ private:
     bool m_tellsResets = false;
     bool m_isSoftware = true;
     bool m_readsOwnMemory = false;
-    int m_maxSide = 0;
+    PictureLimits m_limits;
     float m_maxLineWidth = 1.0f;
     std::string m_description;
 };

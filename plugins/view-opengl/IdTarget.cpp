@@ -18,6 +18,7 @@ template <class T> void turnOver(std::vector<T>& numbers, int height)
 
 IdTarget::IdTarget(int width, int height) : m_width(width), m_height(height)
 {
+    TakeErrors();
     GLuint name = 0;
     glGenFramebuffers(1, &name);
     m_framebuffer = GlFramebuffer(name);
@@ -38,13 +39,14 @@ GlRenderbuffer IdTarget::attach(GLenum attachment, GLenum format) const
     return GlRenderbuffer(name);
 }
 
-bool IdTarget::Bind()
+FramebufferAnswer IdTarget::Bind()
 {
     glBindFramebuffer(GL_FRAMEBUFFER, m_framebuffer.Get());
     const GLenum drawn[3] = {GL_COLOR_ATTACHMENT0, GL_COLOR_ATTACHMENT1, GL_COLOR_ATTACHMENT2};
     glDrawBuffers(3, drawn);
-    if (glCheckFramebufferStatus(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE)
-        return false;
+    const FramebufferAnswer answer = AskFramebuffer();
+    if (!answer.IsGood())
+        return answer;
     glViewport(0, 0, m_width, m_height);
     const GLuint none[4] = {0, 0, 0, 0};
     const GLfloat zero[4] = {0.0f, 0.0f, 0.0f, 0.0f};
@@ -53,7 +55,7 @@ bool IdTarget::Bind()
     glClearBufferfv(GL_COLOR, 2, zero);
     glDepthMask(GL_TRUE);
     glClear(GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
-    return true;
+    return answer;
 }
 
 IdTarget::Pixels IdTarget::Read() const

@@ -2,6 +2,7 @@
 #define VIEWOPENGL_IDTARGET_H
 
 #include "GlObjects.h"
+#include "PictureLimits.h"
 
 #include <cstdint>
 #include <vector>
@@ -22,8 +23,8 @@ public:
 
     IdTarget(int width, int height);
 
-    /// Binds and clears it. @return false when the driver refuses the size.
-    bool Bind();
+    /// Binds and clears it. @return what the driver says to the size; cleared where that is good.
+    FramebufferAnswer Bind();
 
     Pixels Read() const;
 

@@ -18,6 +18,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
+#include <utility>
 
 namespace ViewOpenGl {
 namespace {
@@ -109,7 +111,7 @@ bool View3dOpenGlSG::ReadImage(int width, int height, TambVizCore::Image& image)
 {
     // A context may be lost on the way; the second one is a fresh one.
     for (int attempt = 0; attempt < 2; ++attempt) {
-        if (width < 1 || height < 1 || !prepare())
+        if (!preparePicture(width, height))
             return false;
         const GlContext* const used = m_context.get();
         if (drawImage(width, height, image))
@@ -120,11 +122,36 @@ bool View3dOpenGlSG::ReadImage(int width, int height, TambVizCore::Image& image)
     return false;
 }
 
+/// Keeps why a picture could not be drawn. @return false.
+bool View3dOpenGlSG::refusePicture(std::string reason)
+{
+    OrvikCore::dbg << "-- view: " << reason << std::endl;
+    m_pictureError = std::move(reason);
+    return false;
+}
+
+/// @return whether there is a size and a context to draw with.
+bool View3dOpenGlSG::preparePicture(int width, int height)
+{
+    m_pictureError.clear();
+    if (width < 1 || height < 1)
+        return refusePicture("a picture of " + std::to_string(width) + " x " +
+                             std::to_string(height) + " has no pixels");
+    if (!prepare()) {
+        // It was written down when it was found.
+        m_pictureError = m_contextError;
+        return false;
+    }
+    return true;
+}
+
 bool View3dOpenGlSG::drawImage(int width, int height, TambVizCore::Image& image)
 {
     const GlContext::Current current(*m_context);
     const int samples = GetRenderingOptions()->GetAntialiasLevel();
-    if (!current.IsCurrent() || !bindTarget(m_target, width, height, samples))
+    if (!current.IsCurrent())
+        return refusePicture("the OpenGL context cannot be made current");
+    if (!bindTarget(m_target, width, height, samples))
         return false;
     // A frame that is half drawn begins anew.
     m_isDrawing = false;
@@ -133,28 +160,18 @@ bool View3dOpenGlSG::drawImage(int width, int height, TambVizCore::Image& image)
     endPicture(width, height);
     drawOverlay(width, height);
     m_renderer.EndFrame();
-    if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
-        OrvikCore::dbg << "-- view: OpenGL error " << error << " while drawing" << std::endl;
-        return false;
-    }
+    if (const GLenum error = glGetError(); error != GL_NO_ERROR)
+        return refusePicture("OpenGL error " + std::to_string(error) + " while drawing");
     m_target.Read(image);
-    return !m_context->IsLost();
+    return !m_context->IsLost() || refusePicture("the OpenGL context was lost while drawing");
 }
 
 bool View3dOpenGlSG::bindTarget(FrameTarget& target, int width, int height, int samples)
 {
-    if (width > m_context->MaxSide() || height > m_context->MaxSide()) {
-        OrvikCore::dbg << "-- view: a picture of " << width << " x " << height
-                       << " is larger than the " << m_context->MaxSide()
-                       << " pixels that OpenGL allows here" << std::endl;
-        return false;
-    }
-    if (!target.Bind(width, height, samples)) {
-        OrvikCore::dbg << "-- view: OpenGL has no framebuffer of " << width << " x " << height
-                       << " now" << std::endl;
-        return false;
-    }
-    return true;
+    if (std::string reason = m_context->Limits().Refusal(width, height); !reason.empty())
+        return refusePicture(std::move(reason));
+    return target.Bind(width, height, samples) ||
+           refusePicture(target.Answer().Refusal(width, height, target.Samples()));
 }
 
 void View3dOpenGlSG::DrawDimension(const OrvikCore::Dimension& dimension)

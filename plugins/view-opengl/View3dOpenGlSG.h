@@ -13,12 +13,14 @@
 #include <OrvikCore/IBoxPicker.h>
 #include <OrvikCore/IFrameProvider.h>
 #include <TambVizCore/IIdPictureProvider.h>
+#include <TambVizCore/IPictureErrorProvider.h>
 #include <TambVizCore/RGBAColor.h>
 #include <TambVizCore/ScenePick.h>
 #include <TambVizCore/ViewDoUndoStrategy.h>
 
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace OrvikCore {
 class ViewOpDrag;
@@ -37,7 +39,8 @@ class View3dOpenGlSG : public OrvikCore::AView3D,
                        public ViewObjects,
                        public OrvikCore::IFrameProvider,
                        public OrvikCore::IBoxPicker,
-                       public TambVizCore::IIdPictureProvider
+                       public TambVizCore::IIdPictureProvider,
+                       public TambVizCore::IPictureErrorProvider
 {
 public:
     View3dOpenGlSG();
@@ -60,6 +63,7 @@ public:
     void Rerender() override;
     bool ReadImage(int width, int height, TambVizCore::Image& image) override;
     bool ReadIdPicture(int width, int height, TambVizCore::IdPicture& picture) override;
+    std::string GetPictureError() const override { return m_pictureError; }
 
     bool GetRenderIdAtPixel(int x, int y, TambVizCore::RenderId& id) override;
     bool GetSurfacePointAtPixel(int x, int y, float* point) override;
@@ -121,6 +125,9 @@ private:
     void clearGraphics();
     bool bindTarget(FrameTarget& target, int width, int height, int samples);
     bool drawImage(int width, int height, TambVizCore::Image& image);
+    bool drawIdPicture(int width, int height, TambVizCore::IdPicture& picture);
+    bool refusePicture(std::string reason);
+    bool preparePicture(int width, int height);
     void forgetFrame();
     bool isCheap();
     bool drawFrameNow();
@@ -149,6 +156,8 @@ private:
     std::unique_ptr<TambVizCore::ViewDoUndoStrategy> m_undoStrategy;
     std::unique_ptr<GlContext> m_context; ///< Null until something is drawn.
     bool m_contextFailed = false;         ///< Not tried again.
+    std::string m_contextError;           ///< Why it failed.
+    std::string m_pictureError;           ///< Why the last picture failed; empty if it did not.
     SceneRenderer m_renderer;
     FrameTarget m_target;                        ///< Of pictures.
     OrvikCore::IFrameWindow* m_window = nullptr; ///< Not owned; shows the frames.

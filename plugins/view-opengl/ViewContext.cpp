@@ -29,6 +29,7 @@ bool View3dOpenGlSG::prepare()
     auto made = GlContext::Create(reason);
     if (made == nullptr) {
         m_contextFailed = true;
+        m_contextError = "no OpenGL: " + reason;
         OrvikCore::dbg << "-- view: no OpenGL: " << reason << std::endl;
         return false;
     }

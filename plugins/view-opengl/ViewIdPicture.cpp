@@ -2,11 +2,12 @@
 #include "IdTarget.h"
 #include "View3dOpenGlSG.h"
 
-#include <OrvikCore/Dbg.h>
 #include <TambVizCore/GeoNode.h>
 #include <TambVizCore/Geometry.h>
 
+#include <string>
 #include <unordered_map>
+#include <utility>
 
 namespace ViewOpenGl {
 namespace {
@@ -48,33 +49,27 @@ void nameItems(const std::vector<std::uint32_t>& items, const std::vector<const 
 
 bool View3dOpenGlSG::ReadIdPicture(int width, int height, IdPicture& picture)
 {
-    if (width < 1 || height < 1 || !prepare())
-        return false;
-    if (width > m_context->MaxSide() || height > m_context->MaxSide()) {
-        OrvikCore::dbg << "-- view: a picture of " << width << " x " << height
-                       << " is larger than the " << m_context->MaxSide()
-                       << " pixels that OpenGL allows here" << std::endl;
-        return false;
-    }
+    return preparePicture(width, height) && drawIdPicture(width, height, picture);
+}
+
+bool View3dOpenGlSG::drawIdPicture(int width, int height, IdPicture& picture)
+{
+    if (std::string reason = m_context->Limits().Refusal(width, height); !reason.empty())
+        return refusePicture(std::move(reason));
     const GlContext::Current current(*m_context);
     if (!current.IsCurrent())
-        return false;
+        return refusePicture("the OpenGL context cannot be made current");
     IdTarget target(width, height);
-    if (!target.Bind()) {
-        OrvikCore::dbg << "-- view: OpenGL has no framebuffer of " << width << " x " << height
-                       << " for ids" << std::endl;
-        return false;
-    }
+    if (const FramebufferAnswer answer = target.Bind(); !answer.IsGood())
+        return refusePicture(answer.Refusal(width, height, 1));
     // A frame that is half drawn begins anew.
     m_isDrawing = false;
     std::vector<const GeoNode*> nodes;
     m_renderer.DrawIds(*m_root, *GetRenderingOptions(), projectionOf(width, height), nodes);
     IdTarget::Pixels pixels = target.Read();
     m_renderer.EndFrame();
-    if (const GLenum error = glGetError(); error != GL_NO_ERROR) {
-        OrvikCore::dbg << "-- view: OpenGL error " << error << " while drawing ids" << std::endl;
-        return false;
-    }
+    if (const GLenum error = glGetError(); error != GL_NO_ERROR)
+        return refusePicture("OpenGL error " + std::to_string(error) + " while drawing ids");
     picture = {};
     picture.width = width;
     picture.height = height;

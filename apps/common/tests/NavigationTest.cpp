@@ -1,109 +1,21 @@
-#include "../Navigation.h"
-
 #include "../ConfigurationFile.h"
-#include "../NavigationStrategy.h"
 #include "FakeSession.h"
+#include "NavigationFixture.h"
 #include "RecordingOutputListener.h"
 #include "ScopedTempDir.h"
 
-#include <OrvikCore/Controller.h>
-#include <OrvikCore/IViewOp.h>
-#include <OrvikCore/KeyEventArgs.h>
-#include <OrvikCore/MouseButtonEventArgs.h>
-#include <OrvikCore/MouseClickEventArgs.h>
-#include <OrvikCore/MouseEventArgs.h>
-#include <OrvikCore/ViewOpRayPick.h>
 #include <TambVizCore/EntityType.h>
-
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <utility>
 
 namespace {
 
 using OrvikCore::KeyEventArgs;
 using OrvikCore::ModifierKey;
-using OrvikCore::MouseAction;
 using OrvikCore::MouseButton;
 using OrvikCore::MouseGesture;
-using OrvikCore::ViewOpType;
 using Pellux::NavigationAction;
 using Pellux::NavigationTable;
 using TambVizCore::EntityId;
 using TambVizCore::EntityType;
-
-/// Writes the operations down: their type, and the state of drags.
-class OpLog : public OrvikCore::IControllerListener
-{
-public:
-    void ControllerNotify(OrvikCore::IViewOp* op) override
-    {
-        if (op->Type() == ViewOpType::Drag)
-            m_log += "drag" + std::to_string(static_cast<int>(op->State())) + " ";
-        else if (op->Type() == ViewOpType::RayPick)
-            m_log += static_cast<OrvikCore::ViewOpRayPick*>(op)->IsMultiple() ? "add " : "pick ";
-        else if (op->Type() != ViewOpType::MouseMove)
-            m_log += op->ToString() + "; ";
-    }
-    std::string Take() { return std::exchange(m_log, {}); }
-
-private:
-    std::string m_log;
-};
-
-/// A controller with the strategy of one table, in a window of 200 x 100 pixels.
-class TableStrategy : public testing::Test
-{
-protected:
-    TableStrategy() { m_controller.AddListener(&m_log); }
-
-    void use(const NavigationTable& table)
-    {
-        const auto size = [](int& width, int& height) {
-            width = 200;
-            height = 100;
-        };
-        m_controller.SetStrategy(
-            new Pellux::NavigationStrategy(&m_controller, table, size, m_state));
-    }
-    void use(std::size_t preset) { use(Pellux::NavigationPresets()[preset].table); }
-
-    void move(int x, int y, MouseGesture held = {})
-    {
-        OrvikCore::MouseEventArgs event(MouseAction::Moved, x, y, held.buttons, held.modifiers);
-        m_controller.HandleWindowEvent(&event);
-    }
-    void button(bool press, int x, int y, MouseGesture held)
-    {
-        OrvikCore::MouseButtonEventArgs event(held.buttons, press, x, y, held.modifiers);
-        m_controller.HandleWindowEvent(&event);
-    }
-    void key(int number, bool isUp)
-    {
-        KeyEventArgs event(number, isUp, ModifierKey::None);
-        m_controller.HandleWindowEvent(&event);
-    }
-    std::string drag(MouseGesture held, int x1 = 10, int y1 = 10, int x2 = 60, int y2 = 35)
-    {
-        move(x1, y1, {held.modifiers, MouseButton::None});
-        m_log.Take();
-        button(true, x1, y1, held);
-        move(x2, y2, held);
-        button(false, x2, y2, held);
-        return m_log.Take();
-    }
-    std::string click(MouseGesture held)
-    {
-        OrvikCore::MouseClickEventArgs event(held.buttons, 1, 10, 10, held.modifiers);
-        m_controller.HandleWindowEvent(&event);
-        return m_log.Take();
-    }
-
-    OpLog m_log;
-    std::shared_ptr<Pellux::NavigationState> m_state = std::make_shared<Pellux::NavigationState>();
-    OrvikCore::Controller m_controller;
-};
 
 constexpr MouseGesture kLeft = {ModifierKey::None, MouseButton::Selection};
 constexpr MouseGesture kMiddle = {ModifierKey::None, MouseButton::Zoom};

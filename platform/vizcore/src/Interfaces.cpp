@@ -2,6 +2,7 @@
 #include "TambVizCore/IGeometryIndex.h"
 #include "TambVizCore/IHighlightStrategy.h"
 #include "TambVizCore/IIdPictureProvider.h"
+#include "TambVizCore/IPictureErrorProvider.h"
 #include "TambVizCore/IRendererReportProvider.h"
 #include "TambVizCore/IView3D.h"
 #include "TambVizCore/IViewAttribute.h"
@@ -15,6 +16,7 @@ AView3DAdapterFactory::~AView3DAdapterFactory() = default;
 IGeometryIndex::~IGeometryIndex() = default;
 IHighlightStrategy::~IHighlightStrategy() = default;
 IIdPictureProvider::~IIdPictureProvider() = default;
+IPictureErrorProvider::~IPictureErrorProvider() = default;
 IRendererReportProvider::~IRendererReportProvider() = default;
 IView3D::~IView3D() = default;
 IViewAttribute::~IViewAttribute() = default;

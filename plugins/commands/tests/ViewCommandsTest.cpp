@@ -58,7 +58,7 @@ TEST_F(ViewCommands, ASwitchTakesOnlyBooleans)
 TEST_F(ViewCommands, APictureHasAtLeastOnePixel)
 {
     EXPECT_EQ(errorOf("view:save-image", {L"a.png", 0}),
-              "view:save-image: parameter \"width\": expected an integer from 1 to 16384 in "
+              "view:save-image: parameter \"width\": expected an integer from 1 to 1000000 in "
               "pixels, got the integer 0.");
 }
 

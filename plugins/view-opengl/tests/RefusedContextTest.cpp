@@ -43,5 +43,10 @@ TEST_F(RefusedContext, ReasonIsToldOnce)
               "EGL offers no display without a window system");
 }
 
+TEST_F(RefusedContext, ReasonIsThatOfThePicture)
+{
+    EXPECT_EQ(m_view.GetPictureError(), "no OpenGL: EGL offers no display without a window system");
+}
+
 } // namespace
 } // namespace ViewOpenGl

@@ -81,7 +81,7 @@ public:
     virtual void Rerender() = 0;
 
     /// Draws the scene at any size with the present camera, whatever the window shows.
-    /// @param width, height  pixels, 1 to 16384.
+    /// @param width, height  pixels, at least 1; the driver sets the most.
     /// @return false, with @p image untouched, when the size is out of range or drawing failed.
     virtual bool ReadImage(int width, int height, Image& image) = 0;
 };
