@@ -15,6 +15,8 @@
 #include <TambCommandsInfra/CancelToken.h>
 #include <TambCommandsInfra/Progress.h>
 #include <TambVizCore/IView3D.h>
+#include <TambVizCore/RenderId.h>
+#include <TambVizCore/SelectionHolder.h>
 
 #include <memory>
 
@@ -41,6 +43,7 @@ void PelluxSession::SetPickedEntities(const std::vector<EntityId>& picked)
     }
     m_picks.inOrder = picked;
     m_picks.present = {picked.begin(), picked.end()};
+    drawPicks();
 }
 
 std::vector<EntityId> PelluxSession::GetPickedEntities() const
@@ -66,6 +69,24 @@ void PelluxSession::UnSelect() const
     ASession::UnSelect();
     ASession::UnHighlight();
     m_picks = {};
+    drawPicks();
+}
+
+void PelluxSession::drawPicks() const
+{
+    TambVizCore::IView3D* const view = View3D();
+    if (view == nullptr)
+        return;
+    std::vector<TambVizCore::RenderId> ids;
+    for (const EntityId& entity : m_picks.inOrder) {
+        TambVizCore::RenderId id;
+        IContentRenderer* renderer = nullptr;
+        if (!convert3DViewEntityIdToRenderId(entity, id, renderer))
+            continue;
+        id.SetOrigin(TambVizCore::RenderId::kOriginView3D);
+        ids.push_back(id);
+    }
+    view->GetSelectionHolder()->SetPicked(ids);
 }
 
 void PelluxSession::BeginProgress(const std::wstring& what)

@@ -16,6 +16,9 @@ namespace Pellux {
 
 /// The session of both hosts: shows every content of the document and remembers what was picked.
 ///
+/// What is picked is drawn until something else is picked: a highlight ends when the pointer moves
+/// on or leaves the view, a pick does not.
+///
 /// Renderers are made when a content is first shown and deleted with the session. The tree, where
 /// the host has set one, is filled by one renderer for all contents. Progress goes to
 /// TambCommandsInfra::Progress, cancelling asks TambCommandsInfra::CancelToken. @thread Main
@@ -70,6 +73,9 @@ public:
     OrvikCore::ARendererTree* CreateTreeRenderer() override;
 
 private:
+    /// Has the view mark what is picked.
+    void drawPicks() const;
+
     struct Picks
     {
         std::vector<TambVizCore::EntityId> inOrder;

@@ -91,6 +91,7 @@ void FrameItems::collect(Node& node, const Inherited& above)
     state.opacity *= node.Opacity();
     state.flags |= node.IsHighlighted() ? PartState::kHighlighted : 0u;
     state.flags |= node.IsSelected() ? PartState::kSelected : 0u;
+    state.flags |= node.IsPicked() ? PartState::kPicked : 0u;
     GeoNode* const geoNode = node.AsGeoNode();
     if (geoNode != nullptr && geoNode->GetGeometry() != nullptr && isShown(*geoNode, m_options))
         addItem(*geoNode, state);

@@ -58,7 +58,8 @@ void main()
 }
 )glsl";
 
-// Flags as in TambVizCore::PartState: 1 shown, 2 highlighted, 4 selected, 8 coloured.
+// Flags as in TambVizCore::PartState: 1 shown, 2 highlighted, 4 selected, 8 coloured,
+// 16 picked.
 const char kFragmentText[] = R"glsl(
 #ifdef LIT
 in vec3 viewPosition;
@@ -147,7 +148,7 @@ void main()
         uvec2 state = texelFetch(partStates, int(part)).rg;
         if ((state.g & 1u) == 0u)
             discard;
-        flags |= state.g & 6u;
+        flags |= state.g & 22u;
         if ((state.g & 8u) != 0u)
             color = unpackColor(state.r);
     }
@@ -164,6 +165,8 @@ void main()
         rgb = mix(rgb, highlightColor.rgb, 0.85);
     else if ((flags & 4u) != 0u)
         rgb = mix(rgb, highlightColor.rgb, 0.5);
+    else if ((flags & 16u) != 0u)
+        rgb = mix(rgb, highlightColor.rgb, 0.85);
 #ifdef LIT
     rgb = shade(rgb);
 #endif

@@ -255,6 +255,7 @@ void View3dOpenGlSG::ClearViewport()
 {
     GetSelectionHolder()->ClearHighlight();
     GetSelectionHolder()->ClearSelection();
+    GetSelectionHolder()->SetPicked({});
     m_root->RemoveAllChildren();
     ViewObjects::ClearDimensions();
 }

@@ -1,4 +1,5 @@
 #include "JournalFixture.h"
+#include "Pictures.h"
 
 #include <gtest/gtest.h>
 
@@ -122,6 +123,24 @@ TEST_F(JournalOfTheMouse, HoldsPicksSelectionsAndTheirEnd)
     EXPECT_NE(text.find("\n(sel:add (app:pick-entity "), std::string::npos) << text;
     EXPECT_TRUE(text.ends_with("\n(sel:clear)\n")) << text;
     expectSame("2");
+}
+
+TEST_F(JournalOfTheMouse, DrawsThePickAfterThePointerHasLeftAsItsReplayDoes)
+{
+    const std::string text =
+        recordInput({"(input:click 200 150)", "(input:mouse \"leave\" 200 150)",
+                     "(view:save-image \"left.png\" 400 300)", "(sel:clear)",
+                     "(view:save-image \"cleared.png\" 400 300)"});
+    m_process.Write("run.journal.scm", "(doc:load \"box.stl\")\n(view:iso)\n" +
+                                           text.substr(0, text.find("(view:save-image")));
+    expectEnd(replay({"--size", "400x300", "--output", "replayed.png"}), 0,
+              "1 picks: 1 same, 0 moved, 0 other, 0 gone\n");
+
+    const fs::path folder = m_process.Folder();
+    const PictureDifference same = ComparePictures(folder / "left.png", folder / "replayed.png");
+    EXPECT_EQ(same.pixels, 400 * 300);
+    EXPECT_EQ(same.off, 0);
+    EXPECT_GT(ComparePictures(folder / "left.png", folder / "cleared.png").off, 1000);
 }
 
 TEST_F(JournalOfTheMouse, HoldsThatAnAddingClickBesideTheModelForgets)

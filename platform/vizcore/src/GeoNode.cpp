@@ -101,6 +101,11 @@ bool GeoNode::SetPartSelected(std::uint32_t partIndex, bool selected)
     return setFlag(partIndex, PartState::kSelected, selected);
 }
 
+bool GeoNode::SetPartPicked(std::uint32_t partIndex, bool picked)
+{
+    return setFlag(partIndex, PartState::kPicked, picked);
+}
+
 bool GeoNode::SetPartColor(std::uint32_t partIndex, const RGBAColor& color)
 {
     if (partIndex >= m_partStates.size()) {

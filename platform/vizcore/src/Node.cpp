@@ -216,6 +216,14 @@ void Node::SetSelected(bool selected)
     }
 }
 
+void Node::SetPicked(bool picked)
+{
+    if (m_picked != picked) {
+        m_picked = picked;
+        touch(Change::Appearance);
+    }
+}
+
 void Node::SetOpacity(float opacity)
 {
     const float clamped = std::isnan(opacity) ? 1.0f : std::clamp(opacity, 0.0f, 1.0f);

@@ -23,6 +23,13 @@ bool holds(const std::unordered_set<RenderId>& ids, const RenderId& id)
     return false;
 }
 
+/// How a part and a node are marked.
+struct Setters
+{
+    bool (GeoNode::*part)(std::uint32_t, bool);
+    void (Node::*node)(bool);
+};
+
 } // namespace
 
 SelectionHolder::SelectionHolder(Node* root) : m_root(root) {}
@@ -74,6 +81,14 @@ void SelectionHolder::ClearSelection()
     clear(m_selected, Mark::Selection);
 }
 
+void SelectionHolder::SetPicked(const std::vector<RenderId>& ids)
+{
+    clear(m_picked, Mark::Pick);
+    for (const RenderId& id : ids) {
+        add(m_picked, id, Mark::Pick);
+    }
+}
+
 bool SelectionHolder::IsHighlighted(const RenderId& id) const
 {
     return holds(m_highlighted.set, id);
@@ -92,6 +107,9 @@ void SelectionHolder::Reapply()
     for (const RenderId& id : m_selected.list) {
         apply(id, Mark::Selection, true);
     }
+    for (const RenderId& id : m_picked.list) {
+        apply(id, Mark::Pick, true);
+    }
 }
 
 void SelectionHolder::apply(const RenderId& id, Mark mark, bool on) const
@@ -100,14 +118,18 @@ void SelectionHolder::apply(const RenderId& id, Mark mark, bool on) const
     if (match.node == nullptr) {
         return;
     }
+    // In the order of Mark.
+    static constexpr Setters kSetters[] = {
+        {&GeoNode::SetPartHighlighted, &Node::SetHighlighted},
+        {&GeoNode::SetPartSelected, &Node::SetSelected},
+        {&GeoNode::SetPartPicked, &Node::SetPicked},
+    };
+    const Setters& setters = kSetters[static_cast<std::size_t>(mark)];
     if (match.part >= 0) {
-        const auto part = static_cast<std::uint32_t>(match.part);
-        GeoNode& geoNode = *match.node->AsGeoNode();
-        mark == Mark::Highlight ? geoNode.SetPartHighlighted(part, on)
-                                : geoNode.SetPartSelected(part, on);
+        (match.node->AsGeoNode()->*setters.part)(static_cast<std::uint32_t>(match.part), on);
         return;
     }
-    mark == Mark::Highlight ? match.node->SetHighlighted(on) : match.node->SetSelected(on);
+    (match.node->*setters.node)(on);
 }
 
 void SelectionHolder::add(Ids& ids, const RenderId& id, Mark mark)

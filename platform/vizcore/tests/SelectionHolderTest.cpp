@@ -37,6 +37,7 @@ struct MarkedScene : ::testing::Test
 
     bool isFaceHighlighted() const { return body->PartStates()[0].Has(PartState::kHighlighted); }
     bool isFaceSelected() const { return body->PartStates()[0].Has(PartState::kSelected); }
+    bool isFacePicked() const { return body->PartStates()[0].Has(PartState::kPicked); }
     bool isFaceShown() const { return body->PartStates()[0].Has(PartState::kShown); }
 
     Node root{1};
@@ -58,6 +59,40 @@ TEST_F(SelectionHolderTest, HighlightMarksAPart)
     EXPECT_TRUE(isFaceHighlighted());
     EXPECT_FALSE(isFaceSelected());
     EXPECT_THAT(holder.GetHighlighted(), ElementsAre(faceId));
+}
+
+TEST_F(SelectionHolderTest, APickOutlivesTheHighlight)
+{
+    holder.Highlight(faceId);
+    holder.SetPicked({faceId});
+    holder.ClearHighlight();
+    holder.ClearSelection();
+
+    EXPECT_FALSE(isFaceHighlighted());
+    EXPECT_TRUE(isFacePicked());
+    EXPECT_THAT(holder.GetPicked(), ElementsAre(faceId));
+}
+
+TEST_F(SelectionHolderTest, APickReplacesTheOneBefore)
+{
+    holder.SetPicked({faceId, RenderId(), faceId});
+    const std::uint64_t before = holder.Revision();
+    holder.SetPicked({bodyId});
+
+    EXPECT_FALSE(isFacePicked());
+    EXPECT_TRUE(body->IsPicked());
+    EXPECT_THAT(holder.GetPicked(), ElementsAre(bodyId));
+    EXPECT_GT(holder.Revision(), before);
+}
+
+TEST_F(SelectionHolderTest, APickMarksGeometryThatCameLater)
+{
+    body->SetGeometry(nullptr);
+    holder.SetPicked({faceId});
+    body->SetGeometry(MakeSquare());
+    holder.Reapply();
+
+    EXPECT_TRUE(isFacePicked());
 }
 
 TEST_F(SelectionHolderTest, HighlightMarksANode)

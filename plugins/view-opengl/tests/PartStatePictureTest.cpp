@@ -43,6 +43,35 @@ TEST_F(PartStatePicture, SelectedPartHasSomeOfTheHighlightColour)
     EXPECT_GT(ColorAt(0.4, 0).r, 80);
 }
 
+TEST_F(PartStatePicture, PickedPartLooksAsAHighlightedOne)
+{
+    Options().SetHighlightColor(kGreen);
+    GeoNode& node = addPair();
+    node.SetPartHighlighted(1, true);
+    Draw();
+    const auto highlighted = ColorAt(0.4, 0);
+    node.SetPartPicked(1, true);
+    Draw();
+    const auto both = ColorAt(0.4, 0);
+    node.SetPartHighlighted(1, false);
+    Draw();
+
+    EXPECT_EQ(At(-0.4, 0), Shows::Red);
+    EXPECT_EQ(At(0.4, 0), Shows::Green);
+    EXPECT_EQ(ColorAt(0.4, 0), highlighted);
+    EXPECT_EQ(both, highlighted);
+}
+
+TEST_F(PartStatePicture, PickedNodeIsPickedBelow)
+{
+    Options().SetHighlightColor(kGreen);
+    addPair().SetPicked(true);
+    Draw();
+
+    EXPECT_EQ(At(-0.4, 0), Shows::Green);
+    EXPECT_EQ(At(0.4, 0), Shows::Green);
+}
+
 TEST_F(PartStatePicture, StateThatChangesBetweenFramesIsDrawn)
 {
     Options().SetHighlightColor(kGreen);

@@ -68,6 +68,7 @@ public:
     bool SetPartShown(std::uint32_t partIndex, bool shown);
     bool SetPartHighlighted(std::uint32_t partIndex, bool highlighted);
     bool SetPartSelected(std::uint32_t partIndex, bool selected);
+    bool SetPartPicked(std::uint32_t partIndex, bool picked);
     bool SetPartColor(std::uint32_t partIndex, const RGBAColor& color);
     /// Takes the colour of its own away.
     bool ClearPartColor(std::uint32_t partIndex);

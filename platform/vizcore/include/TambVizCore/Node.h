@@ -26,10 +26,11 @@ struct NodeStamps
     /// Children added or removed, or another geometry set. A child that was not there before is
     /// new with all below, whatever its own stamps say.
     std::uint64_t structure = 0;
-    std::uint64_t transform = 0;  ///< Transform or displacement set.
-    std::uint64_t appearance = 0; ///< Visible, highlighted, selected, colour or opacity changed.
-    std::uint64_t parts = 0;      ///< State of a part changed.
-    std::uint64_t subtree = 0;    ///< The largest stamp of this node and all below.
+    std::uint64_t transform = 0; ///< Transform or displacement set.
+    /// Visible, highlighted, selected, picked, colour or opacity changed.
+    std::uint64_t appearance = 0;
+    std::uint64_t parts = 0;   ///< State of a part changed.
+    std::uint64_t subtree = 0; ///< The largest stamp of this node and all below.
 };
 
 /// A named, placed group of the scene: the meeting point of content renderers and views.
@@ -38,8 +39,8 @@ struct NodeStamps
 /// subtree stamp of the root learns with one comparison that nothing changed, and otherwise walks
 /// only into children whose subtree stamp is larger than the one it remembers.
 ///
-/// Visibility, highlight, selection and colour of a node hold for everything below it: below a
-/// hidden node nothing is drawn or picked, and the colour nearest above a part wins.
+/// Visibility, highlight, selection, pick and colour of a node hold for everything below it: below
+/// a hidden node nothing is drawn or picked, and the colour nearest above a part wins.
 ///
 /// @thread The main thread once it hangs below a view's root. A subtree without parent may be
 ///         built on any one thread and added later.
@@ -119,6 +120,8 @@ public:
     void SetHighlighted(bool highlighted);
     bool IsSelected() const { return m_selected; }
     void SetSelected(bool selected);
+    bool IsPicked() const { return m_picked; }
+    void SetPicked(bool picked);
     /// The colour of everything below that has none of its own.
     const std::optional<RGBAColor>& Color() const { return m_color; }
     void SetColor(const std::optional<RGBAColor>& color);
@@ -180,6 +183,7 @@ private:
     bool m_visible = true;
     bool m_highlighted = false;
     bool m_selected = false;
+    bool m_picked = false;
     bool m_auxiliary = false;
     std::optional<RGBAColor> m_color;
     float m_opacity = 1.0f;

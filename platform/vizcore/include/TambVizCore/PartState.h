@@ -16,6 +16,8 @@ struct PartState
     static constexpr std::uint32_t kSelected = 4u;
     /// The colour field counts; otherwise the node's colour or the default holds.
     static constexpr std::uint32_t kColored = 8u;
+    /// Picked last; drawn as what is highlighted.
+    static constexpr std::uint32_t kPicked = 16u;
 
     bool Has(std::uint32_t flag) const { return (flags & flag) != 0; }
     bool operator==(const PartState& other) const = default;

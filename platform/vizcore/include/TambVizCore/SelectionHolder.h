@@ -12,11 +12,12 @@ namespace TambVizCore {
 
 class Node;
 
-/// What is highlighted and what is selected in one view.
+/// What is highlighted, selected and was picked last in one view.
 ///
 /// The holder keeps the ids and, when it has a scene root, marks the nodes and parts that they
 /// name. Ids that name nothing (yet) are kept all the same; Reapply marks them once the scene has
-/// them. A highlight replaces the one before, selections gather.
+/// them. A highlight replaces the one before, selections gather. A highlight follows the pointer
+/// and ends with it; what was picked last stays marked until something else is picked.
 ///
 /// @thread Main thread.
 class TAMBVIZCORE_API SelectionHolder
@@ -44,6 +45,9 @@ public:
     virtual void Deselect(const RenderId& id);
     virtual void ClearSelection();
 
+    /// Marks ids as those that were picked last, and nothing else; empty ids are passed over.
+    void SetPicked(const std::vector<RenderId>& ids);
+
     /// @return true when that very id is highlighted, or a node above it.
     virtual bool IsHighlighted(const RenderId& id) const;
     /// @return true when that very id is selected, or a node above it.
@@ -52,6 +56,7 @@ public:
     /// In the order in which they came; valid until the next change.
     const std::vector<RenderId>& GetHighlighted() const { return m_highlighted.list; }
     const std::vector<RenderId>& GetSelected() const { return m_selected.list; }
+    const std::vector<RenderId>& GetPicked() const { return m_picked.list; }
 
     /// Marks everything again, after nodes were added or their geometry replaced.
     void Reapply();
@@ -63,7 +68,8 @@ private:
     enum class Mark
     {
         Highlight,
-        Selection
+        Selection,
+        Pick
     };
     /// Ids in the order in which they came, and the same as a set.
     struct Ids
@@ -78,6 +84,7 @@ private:
     Node* m_root; ///< Not owned.
     Ids m_highlighted;
     Ids m_selected;
+    Ids m_picked;
     std::uint64_t m_revision = 0;
 };
 
