@@ -52,7 +52,7 @@ void addSphere(Arrays& out, std::uint32_t rings, const double* place)
         }
 }
 
-std::shared_ptr<const Geometry> build(Arrays& arrays, bool withFaces)
+std::shared_ptr<const Geometry> build(Arrays arrays, bool withFaces)
 {
     constexpr std::uint32_t kTrianglesPerFace = 10;
     GeometryBuilder builder;
@@ -81,30 +81,46 @@ void placeOf(int number, int side, double* place)
     place[14] = number / side / side;
 }
 
+/// The geometries of a scene, made once for all runs that follow each other with it.
+const std::vector<std::shared_ptr<const Geometry>>& geometriesOf(const Spheres& spheres, int side)
+{
+    static Spheres madeFor{.count = 0};
+    static std::vector<std::shared_ptr<const Geometry>> made;
+    Spheres wanted = spheres;
+    wanted.isCut = false;
+    if (wanted == madeFor)
+        return made;
+    made.clear();
+    madeFor = wanted;
+    double place[16];
+    TambVizCore::SetIdentity(place);
+    Arrays arrays;
+    for (int i = 0; i < spheres.count; ++i) {
+        if (spheres.inOneBody)
+            placeOf(i, side, place);
+        addSphere(arrays, spheres.rings, place);
+        if (!spheres.inOneBody || i + 1 == spheres.count)
+            made.push_back(build(std::exchange(arrays, {}), spheres.withFaces));
+    }
+    return made;
+}
+
 } // namespace
 
 void Fill(ViewOpenGl::View3dOpenGlSG& view, const Spheres& spheres)
 {
     view.SetWindowSize(kWidth, kHeight);
     const int side = static_cast<int>(std::ceil(std::cbrt(spheres.count)));
-    double place[16];
-    double identity[16];
-    TambVizCore::SetIdentity(identity);
-    Arrays all;
-    for (int i = 0; i < spheres.count; ++i) {
-        placeOf(i, side, place);
-        if (spheres.inOneBody) {
-            addSphere(all, spheres.rings, place);
+    std::uint64_t id = 0;
+    for (const auto& geometry : geometriesOf(spheres, side)) {
+        auto& node = *view.GetSceneRoot().CreateChildGeoNode(++id);
+        node.SetGeometry(geometry);
+        if (spheres.inOneBody)
             continue;
-        }
-        Arrays arrays;
-        addSphere(arrays, spheres.rings, identity);
-        auto& node = *view.GetSceneRoot().CreateChildGeoNode(static_cast<std::uint64_t>(i + 1));
-        node.SetGeometry(build(arrays, spheres.withFaces));
+        double place[16];
+        placeOf(static_cast<int>(id) - 1, side, place);
         node.SetTransform(place);
     }
-    if (spheres.inOneBody)
-        view.GetSceneRoot().CreateChildGeoNode(1)->SetGeometry(build(all, spheres.withFaces));
     if (spheres.isCut)
         view.GetRenderingOptions()->SetClipPlanes(
             {{{-1.0f, 0.0f, 0.0f}, view.GetGeometryCenter()[0]}});

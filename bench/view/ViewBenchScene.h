@@ -13,6 +13,8 @@ constexpr int kHeight = 1080;
 /// Spheres on a cube's grid.
 struct Spheres
 {
+    bool operator==(const Spheres& other) const = default;
+
     int count = 1;
     std::uint32_t rings = 707; ///< Each of as many quadrangles, which are two triangles.
     bool inOneBody = false;    ///< Else each is a body with a geometry of its own.
