@@ -3,6 +3,7 @@
 #include <TambVizCore/Geometry.h>
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <span>
 #include <utility>
@@ -19,7 +20,10 @@ constexpr std::array<double, 4> kCells = {320.0, 128.0, 48.0, 16.0};
 constexpr double kKeptShare = 0.6;
 
 constexpr std::uint32_t kNoCell = 0xFFFFFFFFu;
-constexpr std::size_t kFirstTable = std::size_t{1} << 12;
+
+/// A surface passes through at most about so many of the cells, as a share of those on one side of
+/// the box.
+constexpr double kSurfaceShare = 6.0;
 
 /// Between two looks at the clock.
 constexpr std::size_t kStretch = 4096;
@@ -42,6 +46,13 @@ std::span<const std::uint32_t> indicesOf(const Geometry& geometry, const DetailL
 std::size_t hashOf(std::size_t number)
 {
     return static_cast<std::size_t>((number * 2654435761ull) >> 8);
+}
+
+/// @return the slots of a hash table that is half full with so many entries. It has its size from
+/// the start, because entering all anew in a larger one would be a long piece of work.
+std::size_t tableFor(std::size_t entries)
+{
+    return std::bit_ceil(std::max<std::size_t>(2 * entries, 64));
 }
 
 /// Triangles that are turned, not mirrored, are equal then.
@@ -80,9 +91,10 @@ void DetailBuilder::beginGrid(const Geometry& geometry)
     m_level = DetailLevel();
     m_level.cell = longest / kCells[m_grid];
     m_clusters.clear();
-    m_triangles.assign(kFirstTable, 0);
-    m_keys.assign(kFirstTable, kNoCell);
-    m_values.assign(kFirstTable, 0);
+    const auto cells = static_cast<std::size_t>(kSurfaceShare * kCells[m_grid] * kCells[m_grid]);
+    const std::size_t slots = tableFor(std::min<std::size_t>(geometry.VertexCount(), cells));
+    m_keys.assign(slots, kNoCell);
+    m_values.assign(slots, 0);
     m_clusterOf.resize(geometry.VertexCount());
     m_next = 0;
     m_kind = 0;
@@ -101,6 +113,9 @@ bool DetailBuilder::gatherVertices(const Geometry& geometry, const TimeSlice& sl
     }
     m_next = 0;
     m_step = Step::Map;
+    // A closed surface has two triangles a vertex.
+    m_triangles.assign(
+        tableFor(std::min<std::size_t>(geometry.TriangleCount(), 3 * m_clusters.size())), 0);
     return true;
 }
 
@@ -210,22 +225,15 @@ bool DetailBuilder::isKnown(std::size_t kind, const std::uint32_t* from,
 bool DetailBuilder::isKnownTriangle(const std::uint32_t* corners)
 {
     const std::size_t count = m_level.primitives[0].sources.size();
-    if (2 * count >= m_triangles.size())
-        growTriangles();
+    // Triangles beyond are drawn twice rather than waited for: a larger table means to enter all
+    // anew.
+    if (4 * count >= 3 * m_triangles.size())
+        return false;
     std::uint32_t& found = m_triangles[findTriangle(corners)];
     if (found != 0)
         return true;
     found = static_cast<std::uint32_t>(count + 1);
     return false;
-}
-
-void DetailBuilder::growTriangles()
-{
-    const std::size_t count = m_level.primitives[0].sources.size();
-    m_triangles.assign(2 * m_triangles.size(), 0);
-    for (std::size_t i = 0; i < count; ++i)
-        m_triangles[findTriangle(m_level.primitives[0].indices.data() + 3 * i)] =
-            static_cast<std::uint32_t>(i + 1);
 }
 
 /// @return the slot of a triangle, or the free one where it belongs.

@@ -65,7 +65,6 @@ private:
     void growTable();
     bool isKnown(std::size_t kind, const std::uint32_t* from, const std::uint32_t* mapped);
     bool isKnownTriangle(const std::uint32_t* corners);
-    void growTriangles();
     std::size_t findTriangle(const std::uint32_t* corners) const;
     void mapPrimitive(const std::uint32_t* corners, std::size_t kind, std::uint32_t source);
     bool endGrid(const TambVizCore::Geometry& geometry);
