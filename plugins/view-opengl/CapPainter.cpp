@@ -4,16 +4,16 @@
 #include <TambVizCore/Geometry.h>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 namespace ViewOpenGl {
 namespace {
 
-TambVizCore::RGBAColor opaque(TambVizCore::RGBAColor color)
-{
-    color.a = 255;
-    return color;
-}
+/// Smallest differences of depth for each time that a body is half as large as another, and at
+/// most.
+constexpr double kStepsPerHalf = 64.0;
+constexpr double kMostSteps = 1024.0;
 
 } // namespace
 
@@ -23,16 +23,30 @@ bool CapPainter::isSeen(const float* plane) const
     return m_painter.GetProjection().orthographic ? plane[2] < 0.0f : plane[3] < 0.0f;
 }
 
-void CapPainter::Begin()
+bool CapPainter::IsTransparent(const FrameItem& item)
 {
+    return item.color.a != 255 || item.opacity < 1.0f || item.unselectedOpacity < 1.0f;
+}
+
+/// Caps on one plane are equally deep but for rounding. Of bodies within each other the smaller one
+/// is seen.
+float CapPainter::towardEye(const FrameItem& item) const
+{
+    const double radius = item.box.Radius();
+    const double halves = radius > 0.0 ? std::log2(m_largest / radius) : 0.0;
+    return static_cast<float>(std::clamp(kStepsPerHalf * halves, 0.0, kMostSteps));
+}
+
+void CapPainter::Begin(double largest)
+{
+    m_largest = largest;
     m_plane = 0;
     m_next = 0;
 }
 
 bool CapPainter::Draw(const FrameItem& item, FrameBudget& budget)
 {
-    if (!item.hasOpacity || item.asBox || !item.node->GetGeometry()->IsClosed() ||
-        item.states->hasHiddenParts)
+    if (item.asBox || !item.node->GetGeometry()->IsClosed() || item.states->hasHiddenParts)
         return true;
     const auto planes = m_painter.ClipPlanes();
     for (; m_plane < planes.size(); ++m_plane) {
@@ -78,11 +92,15 @@ void CapPainter::drawCap(const FrameItem& item)
     std::fill(std::begin(flat.normalMatrix), std::end(flat.normalMatrix), 0.0f);
     flat.normalMatrix[0] = flat.normalMatrix[4] = flat.normalMatrix[8] = 1.0f;
     glDisable(GL_CULL_FACE);
-    if (!m_painter.UseFlat(flat, opaque(item.color)))
+    if (!m_painter.UseFlat(flat, item.color))
         return;
     glStencilFunc(GL_NOTEQUAL, 0, 0xFF);
     glStencilOp(GL_KEEP, GL_KEEP, GL_KEEP);
+    glDepthMask(IsTransparent(item) ? GL_FALSE : GL_TRUE);
+    glEnable(GL_POLYGON_OFFSET_FILL);
+    glPolygonOffset(0.0f, -towardEye(item));
     m_cap.DrawKept();
+    glDisable(GL_POLYGON_OFFSET_FILL);
     // The counts are cleared for the next body, also where other planes cut the cap away.
     glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
     glDepthMask(GL_FALSE);

@@ -23,10 +23,20 @@ public:
     CapPainter(const CapPainter&) = delete;
     CapPainter& operator=(const CapPainter&) = delete;
 
+    /// @return whether the cap of a body lets see through: it is as transparent as the body,
+    /// whatever
+    ///         parts of that are.
+    static bool IsTransparent(const FrameItem& item);
+
     /// Begins a picture.
-    void Begin();
+    ///
+    /// @param largest  Radius of the largest body, eye space.
+    void Begin(double largest);
 
     /// Draws the caps of a body on all planes in use; nothing where it is not closed or not cut.
+    /// Transparent ones are drawn over what is there, for which the caller has set the blending;
+    /// writing of depths is on afterwards.
+    ///
     /// @return false when the budget ended before; the next call goes on with the same body.
     bool Draw(const FrameItem& item, FrameBudget& budget);
 
@@ -37,9 +47,11 @@ private:
     bool isSeen(const float* plane) const;
     bool countBehindPlane(const FrameItem& item, FrameBudget& budget);
     void drawCap(const FrameItem& item);
+    float towardEye(const FrameItem& item) const;
 
     Painter& m_painter;
     SectionCap m_cap;
+    double m_largest = 0.0;  ///< Radius of the largest body.
     std::size_t m_plane = 0; ///< Where the next slice goes on.
     int m_next = 0;          ///< Triangle to be counted there.
 };

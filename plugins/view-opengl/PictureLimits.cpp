@@ -11,6 +11,11 @@ std::string sizeText(int width, int height)
     return "a picture of " + std::to_string(width) + " x " + std::to_string(height);
 }
 
+std::string tooLarge(int width, int height)
+{
+    return sizeText(width, height) + " is larger than the OpenGL driver allows: at most ";
+}
+
 } // namespace
 
 PictureLimits PictureLimits::Ask()
@@ -23,13 +28,12 @@ PictureLimits PictureLimits::Ask()
 
 std::string PictureLimits::Refusal(int width, int height) const
 {
-    const std::string start =
-        sizeText(width, height) + " is larger than the OpenGL driver allows: at most ";
     if (width > renderbuffer || height > renderbuffer)
-        return start + std::to_string(renderbuffer) + " pixels a side (GL_MAX_RENDERBUFFER_SIZE)";
+        return tooLarge(width, height) + std::to_string(renderbuffer) +
+               " pixels a side (GL_MAX_RENDERBUFFER_SIZE)";
     if (width > viewport[0] || height > viewport[1])
-        return start + std::to_string(viewport[0]) + " x " + std::to_string(viewport[1]) +
-               " pixels (GL_MAX_VIEWPORT_DIMS)";
+        return tooLarge(width, height) + std::to_string(viewport[0]) + " x " +
+               std::to_string(viewport[1]) + " pixels (GL_MAX_VIEWPORT_DIMS)";
     return {};
 }
 

@@ -115,9 +115,7 @@ bool SceneRenderer::drawFaces(const Items& items, Layer layer, FrameBudget& budg
         const FrameItem& item = *items[m_next];
         if (item.leftOut || (isOpaque && !item.hasOpacity))
             continue;
-        isDone = item.asBox
-                     ? drawAsBox(item, layer)
-                     : m_painter.DrawPieces(item, faceStyle(item, layer), m_nextPrimitive, budget);
+        isDone = drawFacesOf(item, layer, budget);
     }
     glDisable(GL_POLYGON_OFFSET_FILL);
     if (!isOpaque)
@@ -125,11 +123,28 @@ bool SceneRenderer::drawFaces(const Items& items, Layer layer, FrameBudget& budg
     return isDone;
 }
 
+/// The cap of what is transparent lies in front of all its faces that are seen, so it comes next.
+bool SceneRenderer::drawFacesOf(const FrameItem& item, Layer layer, FrameBudget& budget)
+{
+    if (item.asBox)
+        return drawAsBox(item, layer);
+    if (!m_areFacesDrawn &&
+        !m_painter.DrawPieces(item, faceStyle(item, layer), m_nextPrimitive, budget))
+        return false;
+    if (layer == Layer::Opaque || !item.cut || !m_options->GetShowCaps() ||
+        !CapPainter::IsTransparent(item))
+        return true;
+    m_areFacesDrawn = !m_caps.Draw(item, budget);
+    beginBlending();
+    return !m_areFacesDrawn;
+}
+
 bool SceneRenderer::drawCaps(FrameBudget& budget)
 {
     for (; m_next < m_inOrder.size(); ++m_next) {
         const FrameItem& item = *m_inOrder[m_next];
-        if (item.cut && !item.leftOut && !m_caps.Draw(item, budget))
+        if (item.cut && !item.leftOut && !CapPainter::IsTransparent(item) &&
+            !m_caps.Draw(item, budget))
             return false;
     }
     return true;

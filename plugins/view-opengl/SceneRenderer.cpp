@@ -100,7 +100,11 @@ void SceneRenderer::Begin(Node& root, Node& objects, const RenderingOptions& opt
     m_pass = Pass::Background;
     m_next = 0;
     m_nextPrimitive = 0;
-    m_caps.Begin();
+    m_areFacesDrawn = false;
+    double largest = 0.0;
+    for (const FrameItem& item : m_items)
+        largest = std::max(largest, item.box.Radius());
+    m_caps.Begin(largest);
 }
 
 /// Bodies in front hide what lies behind before its pixels are computed.
@@ -155,6 +159,8 @@ void SceneRenderer::DrawIds(Node& root, const RenderingOptions& options,
         item.number = static_cast<std::uint32_t>(nodes.size());
         item.hasOpacity = true;
         item.hasTransparency = false;
+        item.color.a = 255;
+        item.opacity = item.unselectedOpacity = 1.0f;
     }
     beginDrawing();
     glDisable(GL_BLEND);

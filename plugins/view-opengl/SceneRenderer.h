@@ -147,6 +147,7 @@ private:
     bool drawEdges(const Items& items, FrameBudget& budget);
     bool drawVertices(const Items& items, FrameBudget& budget);
     bool drawTessellation(FrameBudget& budget);
+    bool drawFacesOf(const FrameItem& item, Layer layer, FrameBudget& budget);
     bool drawAsBox(const FrameItem& item, Layer layer);
     TambVizCore::GeoNode& boxNode();
 
@@ -167,8 +168,9 @@ private:
     Items m_objectsInTurn;            ///< Of an inset or beside the model.
     // Where the next slice goes on.
     Pass m_pass = Pass::Done;
-    std::size_t m_next = 0;  ///< Body.
-    int m_nextPrimitive = 0; ///< Of that body.
+    std::size_t m_next = 0;       ///< Body.
+    int m_nextPrimitive = 0;      ///< Of that body.
+    bool m_areFacesDrawn = false; ///< Of that body; its transparent caps are next.
     // The box that stands for a body.
     std::unique_ptr<TambVizCore::Node> m_boxRoot;
     GpuNode m_boxStates; ///< All plain.

@@ -181,6 +181,134 @@ TEST_F(SectionCaps, CapKeepsItsColourBesideOthersOnThePlane)
     EXPECT_EQ(strange, 0);
 }
 
+/// Eyes that look at the plane x = 0 from where x is positive.
+constexpr float kEyes[][3] = {{10.0f, 10.0f, 10.0f}, {10.0f, -7.0f, 3.0f}, {9.0f, 2.0f, -8.0f}};
+
+/// Bodies within each other, cut by the plane x = 0; the innermost is blue.
+class NestedCaps : public SectionCaps
+{
+protected:
+    void SetUp() override
+    {
+        SectionCaps::SetUp();
+        addBox(kGreen).SetTransform(stretched({0.5, 0.5, 0.5}, {0.0, 0.0, 0.0}).data());
+        addBox(kRed);
+        addBox(kBlue).SetTransform(stretched({0.45, 0.45, 0.45}, {0.0, 0.0, 0.0}).data());
+        Options().SetClipPlanes({leftOf(0.0f)});
+    }
+    void lookFrom(const float* from)
+    {
+        float eye[3] = {from[0], from[1], from[2]}, target[3] = {0, 0, 0}, up[3] = {0, 1, 0};
+        m_view->GetCamera()->SetCamera(eye, target, up);
+        Draw(512, 512);
+    }
+    bool isBlueAt(double x, double y) const
+    {
+        const TambVizCore::RGBAColor color = ColorAt(x, y);
+        return color.b > color.r + 20 && color.b > color.g + 20;
+    }
+};
+
+TEST_F(NestedCaps, InnermostIsSeenWhole)
+{
+    for (const auto& eye : kEyes) {
+        lookFrom(eye);
+        for (double y = -0.21; y < 0.22; y += 0.02)
+            for (double z = -0.21; z < 0.22; z += 0.02) {
+                double place[2];
+                placeInPicture(0.0, y, z, place);
+                ASSERT_TRUE(isBlueAt(place[0], place[1])) << eye[0] << ": " << y << " " << z;
+            }
+    }
+}
+
+TEST_F(NestedCaps, InnermostIsSeenWholeInPerspective)
+{
+    UsePerspective();
+    for (const auto& eye : kEyes) {
+        lookFrom(eye);
+        for (double x = -0.04; x < 0.05; x += 0.005)
+            for (double y = -0.04; y < 0.05; y += 0.005)
+                ASSERT_TRUE(isBlueAt(x, y)) << eye[0] << ": " << x << " " << y;
+    }
+}
+
+TEST_F(SectionCaps, CapOfATransparentBodyIsAsTransparent)
+{
+    GeoNode& box = addBox();
+    Add(MakeRectangles({{.left = -0.9f, .bottom = -0.9f, .right = 0.9f, .top = 0.9f, .z = -2.0f}}),
+        kBlue);
+    Options().SetClipPlanes({below(0.0f)});
+    box.SetOpacity(0.5f);
+    Options().SetShowCaps(false);
+    Draw();
+    const TambVizCore::RGBAColor open = ColorAt(0.0, 0.0);
+    Options().SetShowCaps(true);
+    Draw();
+    const TambVizCore::RGBAColor closed = ColorAt(0.0, 0.0);
+
+    // Half of what is seen through the open cut, half of the cap.
+    EXPECT_GT(closed.r, open.r + 30);
+    EXPECT_NEAR(closed.b, 0.5 * open.b, 6.0);
+    EXPECT_GT(closed.b, 10);
+}
+
+TEST_F(SectionCaps, OpaqueBodyWithinATransparentOneHasItsCapInFront)
+{
+    addBox(kRed).SetOpacity(0.4f);
+    addBox(kGreen).SetTransform(stretched({0.5, 0.5, 0.5}, {0.0, 0.0, 0.0}).data());
+    Options().SetClipPlanes({below(0.0f)});
+    Draw();
+
+    EXPECT_EQ(At(0.0, 0.0), Shows::Green);
+    EXPECT_GT(ColorAt(0.4, 0.4).r, ColorAt(0.4, 0.4).g + 20) << "the cap around it";
+    EXPECT_GT(ColorAt(0.4, 0.4).g, 40) << "the background is seen through";
+}
+
+TEST_F(SectionCaps, TransparentCapsAreLeftOutBehindWhatIsOpaque)
+{
+    addBox(kRed).SetOpacity(0.4f);
+    Options().SetClipPlanes({below(0.0f)});
+    Add(MakeRectangles({{.left = -0.2f, .bottom = -0.2f, .right = 0.2f, .top = 0.2f, .z = 0.9f}}),
+        kGreen);
+    m_view->GetSceneRoot().ChildAt(1)->SetAuxiliary(true);
+    Draw();
+
+    EXPECT_EQ(At(0.0, 0.0), Shows::Green);
+    EXPECT_NE(At(0.4, 0.4), Shows::Green);
+}
+
+TEST_F(SectionCaps, TransparentBodiesBehindEachOtherAreClosedInTheirOrder)
+{
+    // Two planes keep what lies left of x = 0.3 and below z = 0: two caps, the second body's too.
+    addBox(kRed).SetTransform(stretched({0.6, 0.6, 0.6}, {0.0, 0.0, 0.0}).data());
+    addBox(kBlue).SetTransform(stretched({1.0, 1.0, 0.4}, {0.0, 0.0, -0.8}).data());
+    m_view->GetSceneRoot().ChildAt(0)->AsGeoNode()->SetOpacity(0.5f);
+    m_view->GetSceneRoot().ChildAt(1)->AsGeoNode()->SetOpacity(0.5f);
+    Options().SetClipPlanes({below(0.0f)});
+    Draw();
+
+    // The red cap in front counts for half; blue and background share the rest.
+    EXPECT_GT(ColorAt(0.0, 0.0).r, ColorAt(0.0, 0.0).b);
+    EXPECT_GT(ColorAt(0.45, 0.0).b, ColorAt(0.45, 0.0).r + 20);
+}
+
+TEST_F(SectionCaps, XRayedBodyIsClosedSeeThrough)
+{
+    addBox();
+    Add(MakeRectangles({{.left = -0.9f, .bottom = -0.9f, .right = 0.9f, .top = 0.9f, .z = -2.0f}}),
+        kBlue);
+    Options().SetClipPlanes({below(0.0f)});
+    Options().SetXRay(true);
+    Draw();
+    const TambVizCore::RGBAColor closed = ColorAt(0.0, 0.0);
+    Options().SetShowCaps(false);
+    Draw();
+
+    EXPECT_GT(closed.r, ColorAt(0.0, 0.0).r + 5);
+    EXPECT_LT(closed.r, 200);
+}
+
 TEST_F(SectionCaps, CapThatFacesAwayLeavesNoSpecklesAtTheBorderOfTheCut)
 {
     float eye[3] = {10.0f, -10.0f, 10.0f}, target[3] = {0, 0, 0}, up[3] = {0, 0, 1};
