@@ -10,6 +10,7 @@ target_sources(OrvikOs PRIVATE
     src/posix/Library.cpp
     src/posix/MemoryMappedFile.cpp
     src/posix/Process.cpp
+    src/posix/RunApart.cpp
     src/posix/System.cpp
     src/posix/Thread.cpp
     src/posix/ThreadWatch.cpp

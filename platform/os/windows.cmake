@@ -14,6 +14,7 @@ target_sources(OrvikOs PRIVATE
     src/windows/MemoryMappedFile.cpp
     src/windows/MessageSource.cpp
     src/windows/Process.cpp
+    src/windows/RunApart.cpp
     src/windows/System.cpp
     src/windows/Thread.cpp
     src/windows/ThreadWatch.cpp)
