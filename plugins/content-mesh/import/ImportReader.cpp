@@ -1,6 +1,7 @@
 #include "import/ImportReader.h"
 
 #include "import/ImportTexts.h"
+#include "import/ImportWire.h"
 #include "import/MeshImport.h"
 #include "import/ModelSink.h"
 #include "readers/ReaderTexts.h"
@@ -10,6 +11,9 @@
 #include <OrvikOs/Utf8.h>
 
 #include <algorithm>
+#include <cctype>
+#include <optional>
+#include <string_view>
 #include <vector>
 
 namespace OrvikMesh {
@@ -38,6 +42,12 @@ constexpr ImportFormat kFormats[] = {
 
 constexpr std::size_t kErrorBytes = 1000;
 
+constexpr std::uint64_t kMegabyte = 1000000;
+constexpr std::uint64_t kBaseMemory = 64 * kMegabyte;
+constexpr std::uint64_t kMemoryPerByte = 40;
+constexpr std::uint32_t kBaseSeconds = 30;
+constexpr std::uint64_t kBytesPerSecond = 500000; ///< Less than any reader of the library manages.
+
 std::string lowerExtension(const std::wstring& path)
 {
     std::string extension = OrvikOs::WideToUtf8(path.substr(path.rfind(L'.') + 1));
@@ -45,6 +55,17 @@ std::string lowerExtension(const std::wstring& path)
         if (character >= 'A' && character <= 'Z')
             character = static_cast<char>(character - 'A' + 'a');
     return extension;
+}
+
+/// Tells whether a reason of the library says where in the file it was found.
+bool namesPlace(const std::string& reason)
+{
+    constexpr std::string_view kWords[] = {"line ", "Line ", "offset "};
+    return std::any_of(std::begin(kWords), std::end(kWords), [&](std::string_view word) {
+        const std::size_t number = reason.find(word);
+        return number != std::string::npos && number + word.size() < reason.size() &&
+               std::isdigit(static_cast<unsigned char>(reason[number + word.size()])) != 0;
+    });
 }
 
 /// @return the library's function; null with an error in the messages.
@@ -64,7 +85,8 @@ ReadMeshFileFn loadReader(const std::wstring& name, ReadMessages& messages)
     return read;
 }
 
-bool isReadable(const std::wstring& path, ReadMessages& messages)
+/// @return the size of the file; nothing with an error in the messages.
+std::optional<std::uint64_t> readableSize(const std::wstring& path, ReadMessages& messages)
 {
     OrvikOs::MemoryMappedFile file;
     if (!file.Open(path))
@@ -74,22 +96,85 @@ bool isReadable(const std::wstring& path, ReadMessages& messages)
     else if (file.Size() > kMaxImportBytes)
         messages.Fail(FillText(kImportTooLarge,
                                {std::to_wstring(file.Size()), std::to_wstring(kMaxImportBytes)}));
-    return !messages.HasError();
+    return messages.HasError() ? std::nullopt : std::optional<std::uint64_t>(file.Size());
 }
 
-bool readWith(ReadMeshFileFn read, const std::wstring& path, ModelSink& sink,
-              ReadMessages& messages)
+/// A call of the library's function.
+class ImportCall
 {
-    const ImportSink functions = sink.Functions();
-    std::vector<char> error(kErrorBytes, '\0');
-    const bool isRead = read(OrvikOs::WideToUtf8(path).c_str(), lowerExtension(path).c_str(),
-                             &functions, error.data(), error.size());
-    sink.Rethrow();
-    if (isRead)
-        return sink.Finish();
-    messages.Fail(FillText(kImportFailed, {OrvikOs::Utf8ToWide(error.data())}));
-    return false;
-}
+public:
+    ImportCall(ReadMeshFileFn read, const std::wstring& path, std::uint64_t fileBytes)
+        : m_read(read),
+          m_path(OrvikOs::WideToUtf8(path)),
+          m_extension(lowerExtension(path)),
+          m_fileBytes(fileBytes)
+    {
+    }
+
+    /// @return false with an error in the messages, or without one when the sink wants no more or
+    ///         the library failed.
+    bool Run(const ImportSink& sink, ReadMessages& messages) const
+    {
+        const OrvikOs::ApartLimits limits = ImportLimits(m_fileBytes);
+        WireReader reader(sink, limits.memoryBytes);
+        const OrvikOs::ApartEnd end = OrvikOs::RunApart(
+            [this](const OrvikOs::ApartWriter& write) {
+                WireWriter writer(write);
+                std::string reason;
+                const bool isRead = call(writer.Functions(), reason);
+                writer.End(isRead, reason);
+            },
+            limits,
+            [&](const void* bytes, std::size_t count) {
+                return sink.isWanted(sink.context) && reader.Take(bytes, count);
+            });
+        if (end == OrvikOs::ApartEnd::Unavailable)
+            return runHere(sink, messages);
+        if (end == OrvikOs::ApartEnd::TimeUp)
+            messages.Fail(FillText(kImportTime, {std::to_wstring(limits.processorSeconds),
+                                                 std::to_wstring(m_fileBytes)}));
+        else if (reader.IsEnded() && !reader.IsRead())
+            fail(reader.Reason(), messages);
+        return reader.IsEnded() && reader.IsRead();
+    }
+
+private:
+    bool call(const ImportSink& sink, std::string& reason) const
+    {
+        std::vector<char> error(kErrorBytes, '\0');
+        const bool isRead =
+            m_read(m_path.c_str(), m_extension.c_str(), &sink, error.data(), error.size());
+        reason = error.data();
+        return isRead;
+    }
+
+    bool runHere(const ImportSink& sink, ReadMessages& messages) const
+    {
+        std::string reason;
+        const bool isRead = call(sink, reason);
+        if (!isRead)
+            fail(reason, messages);
+        return isRead;
+    }
+
+    void fail(const std::string& reason, ReadMessages& messages) const
+    {
+        const std::uint64_t megabytes = ImportLimits(m_fileBytes).memoryBytes / kMegabyte;
+        if (reason.find("std::bad_alloc") != std::string::npos)
+            messages.Fail(FillText(kImportMemory,
+                                   {std::to_wstring(megabytes), std::to_wstring(m_fileBytes)}));
+        else if (reason.find("mNumMeshes is 0") != std::string::npos)
+            messages.Fail(kImportNoGeometry);
+        else
+            messages.Fail(FillText(namesPlace(reason) ? kImportFailed : kImportFailedSomewhere,
+                                   {OrvikOs::Utf8ToWide(reason)}));
+    }
+
+    ReadMeshFileFn m_read;
+    const std::string m_path;
+    const std::string m_extension;
+    const std::uint64_t m_fileBytes;
+};
 
 } // namespace
 
@@ -104,15 +189,32 @@ bool IsImportFormat(std::wstring_view extension)
                        [&](const ImportFormat& format) { return format.extension == extension; });
 }
 
+OrvikOs::ApartLimits ImportLimits(std::uint64_t fileBytes)
+{
+    OrvikOs::ApartLimits limits;
+    limits.memoryBytes = kBaseMemory + kMemoryPerByte * fileBytes;
+    limits.processorSeconds =
+        kBaseSeconds + static_cast<std::uint32_t>(fileBytes / kBytesPerSecond);
+    return limits;
+}
+
 bool ReadImported(const std::wstring& path, const ReadOptions& options, const ShapeMaker& make,
                   Model& model, ReadMessages& messages, const std::wstring& library)
 {
-    return isReadable(path, messages) &&
+    const std::optional<std::uint64_t> fileBytes = readableSize(path, messages);
+    return fileBytes &&
            ReadGuarded(
                [&] {
                    const ReadMeshFileFn read = loadReader(library, messages);
+                   if (!read)
+                       return false;
                    ModelSink sink(path, options, make, model, messages);
-                   return read && readWith(read, path, sink, messages);
+                   const bool isRead =
+                       ImportCall(read, path, *fileBytes).Run(sink.Functions(), messages);
+                   sink.Rethrow();
+                   if (!isRead && !messages.HasError())
+                       messages.Fail(kImportFault);
+                   return isRead && sink.Finish();
                },
                messages);
 }
