@@ -23,6 +23,7 @@ inline constexpr wchar_t kWhileValidating[] = L"comparing validation properties"
 inline constexpr wchar_t kWhileWriting[] = L"writing";
 
 inline constexpr wchar_t kNotStep[] = L"this is no STEP file: it does not begin with ISO-10303-21";
+inline constexpr wchar_t kStepScope[] = L"entities that hold others (\"&SCOPE\") are not read";
 inline constexpr wchar_t kStepNesting[] = L"brackets are nested more than %1 deep";
 inline constexpr wchar_t kStepTwice[] = L"the entity #%1 is defined a second time";
 inline constexpr wchar_t kStepNumber[] = L"an entity has a number beyond %1";

@@ -26,11 +26,31 @@ std::wstring textOf(const Standard_Failure& failure)
     return OrvikOs::Utf8ToWide(text && *text ? name + ": " + text : name);
 }
 
+/// Makes machine faults of the calling thread into OrvikOs::MachineFault while it lives: that has a
+/// text of one line.
+class FaultsAsExceptions
+{
+public:
+    FaultsAsExceptions() : m_previous(OrvikOs::SetFaultTranslator(&throwFault)) {}
+    ~FaultsAsExceptions() { OrvikOs::SetFaultTranslator(m_previous); }
+    FaultsAsExceptions(const FaultsAsExceptions&) = delete;
+    FaultsAsExceptions& operator=(const FaultsAsExceptions&) = delete;
+
+private:
+    static void throwFault(const OrvikOs::EXCEPTION_RECORD& record)
+    {
+        throw OrvikOs::MachineFault(record);
+    }
+
+    OrvikOs::FaultTranslator m_previous;
+    OrvikOs::FaultScope m_scope;
+};
+
 } // namespace
 
 std::wstring RunGuarded(const std::function<void()>& body)
 {
-    const OrvikOs::FaultScope faults;
+    const FaultsAsExceptions faults;
     const OrvikOs::FpMasked masked;
     try {
         body();

@@ -85,6 +85,9 @@ private:
         case ';':
             endStatement();
             break;
+        case '&':
+            refuse(m_at, kStepScope);
+            break;
         default:
             break;
         }

@@ -18,8 +18,9 @@ struct StepScan
     bool hasData = false; ///< Holds a data section.
     bool isUtf8 = true;   ///< Every byte is ASCII or belongs to valid UTF-8.
     /// Line of the first thing for which the kernel must not see the file, because it would run
-    /// without end or without bounds: brackets nested deeper than kMaxStepNesting, an entity number
-    /// that is there twice or beyond 2147483647. 0 when there is none.
+    /// without end or bounds or spoil memory: brackets nested deeper than kMaxStepNesting, an
+    /// entity number that is there twice or beyond 2147483647, an entity that holds others. 0 when
+    /// there is none.
     std::uint64_t refusedLine = 0;
     std::wstring refusal;        ///< Why; empty when there is nothing.
     bool isComplete = false;     ///< Ends as it should.

@@ -109,6 +109,17 @@ TEST(HostileStep, WithDeeplyNestedBracketsNamesTheLine)
               std::wstring::npos);
 }
 
+TEST(HostileStep, WithEntitiesThatHoldOthersNamesTheLine)
+{
+    const std::string head = "ISO-10303-21;\nHEADER;\nENDSEC;\nDATA;\n/* & */#1=A('&');\n";
+    const std::string tail = "ENDSEC;\nEND-ISO-10303-21;\n";
+
+    EXPECT_NE(ReadCadText(head + "#2=&SCOPE\n#3=A();\nENDSCOPE B();\n" + tail, "a.step")
+                  .error.find(L": line 6: entities that hold others (\"&SCOPE\") are not read"),
+              std::wstring::npos);
+    EXPECT_EQ(ReadCadText(head + tail, "a.step").error.find(L"SCOPE"), std::wstring::npos);
+}
+
 TEST(HostileStep, WithANumberTwiceOrTooLargeNamesTheLine)
 {
     const std::string head = "ISO-10303-21;\nHEADER;\nENDSEC;\nDATA;\n#1=A();\n#3=A(#1);\n";
