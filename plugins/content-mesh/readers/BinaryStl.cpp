@@ -45,11 +45,26 @@ bool isPlausible(float value)
     return size == 0.0f || (size > 1e-15f && size < 1e15f);
 }
 
+bool isTextByte(char byte)
+{
+    const auto code = static_cast<unsigned char>(byte);
+    return (code >= 0x20 && code < 0x7F) || code == '\t' || code == '\n' || code == '\r';
+}
+
+bool isZeroByte(char byte)
+{
+    return byte == 0;
+}
+
 /// Whether at least half of the first triangles could be triangles: a file whose count does not fit
-/// its size may be no STL file at all.
+/// its size may be no STL file at all, but a text or nothing but zeros.
 bool looksLikeRecords(std::string_view content, std::size_t available)
 {
     const std::size_t probed = std::min(available, kProbeTriangles);
+    const std::string_view records = content.substr(kBinaryStlHeader, probed * kBinaryStlRecord);
+    if (std::all_of(records.begin(), records.end(), isTextByte) ||
+        std::all_of(records.begin(), records.end(), isZeroByte))
+        return false;
     std::size_t good = 0;
     for (std::size_t i = 0; i < probed; ++i) {
         float corners[9];

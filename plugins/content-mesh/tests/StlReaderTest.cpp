@@ -184,6 +184,17 @@ TEST(BinaryStl, BytesOfAnotherFormatAreAnError)
                             L"triangles that its header announces do not fit its 5000 bytes");
 }
 
+TEST(BinaryStl, ATextOfAnotherKindAndZerosAloneAreAnError)
+{
+    for (const char byte : {'(', '\0', '\n'}) {
+        const ReadResult result = ReadStlBytes(std::string(5000, byte));
+
+        EXPECT_FALSE(result.ok);
+        EXPECT_EQ(result.error.find(L"test: this is no STL file: it is no text, and the "), 0u)
+            << result.error;
+    }
+}
+
 TEST(BinaryStl, TrianglesWithInfinitiesAndNansAreLeftOutAndCounted)
 {
     Triangle infinite = triangleAt(3.0f);
