@@ -82,13 +82,35 @@ private:
         }
     }
 
+    /// A form that runs behind some of the events.
+    struct Command
+    {
+        int period; ///< Events from one to the next.
+        int first;
+        const char* form;
+    };
+
     static std::string command(int i)
     {
+        static constexpr Command kCommands[] = {
+            {25, 0, "(if (pair? (sel:get)) (view:hide (sel:get)))"},
+            {25, 10, "(view:undo)"},
+            {30, 28, "(view:redo)"},
+            {40, 35, "(if (pair? (sel:get)) (view:transparency 0.5 (sel:get)))"},
+            {60, 15, "(view:explode 0.4)"},
+            {60, 45, "(view:explode 0)"},
+            {80, 20, "(view:xray #t)"},
+            {80, 70, "(view:xray #f)"},
+            {90, 30, "(if (pair? (sel:get)) (view:isolate (sel:get)))"},
+            {90, 50, "(view:show-all)"},
+            {100, 60, "(view:projection \"perspective\")"},
+            {100, 90, "(view:projection \"parallel\")"},
+            {100, 58, "(view:section '(0 0 0) '(1 0 0) 2)"},
+        };
         std::string text;
-        if (i % 25 == 0)
-            text += "(if (pair? (sel:get)) (view:hide (sel:get)))\n";
-        if (i % 25 == 10)
-            text += "(view:undo)\n";
+        for (const Command& command : kCommands)
+            if (i % command.period == command.first)
+                text += std::string(command.form) + "\n";
         if (i % 50 == 5)
             text += "(let ((b (doc:bounding-box)))\n"
                     "  (view:section (map (lambda (l h) (/ (+ l h) 2)) (list-head b 3)\n"
