@@ -52,6 +52,9 @@ inline constexpr wchar_t kTooManyNodes[] =
 inline constexpr wchar_t kTooDeep[] =
     L"the assembly is nested more than %1 deep; what lies deeper was left out";
 
+inline constexpr wchar_t kBadPlace[] =
+    L"the place of \"%1\" is not made of numbers that place anything and was left out";
+
 inline constexpr wchar_t kCannotWrite[] = L"the file cannot be written: %1";
 inline constexpr wchar_t kNotWritable[] =
     L"the model has no exact shapes of the geometry kernel, so it cannot be written in this format";

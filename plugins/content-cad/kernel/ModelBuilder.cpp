@@ -6,6 +6,9 @@
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
 #include <utility>
 
 namespace OrvikCad {
@@ -29,6 +32,22 @@ void ModelBuilder::Build()
     for (const TDF_Label& top : tops)
         if (Node node = makeDefinition(top, m_fallbackName))
             m_context.model.nodes.push_back(std::move(node));
+    for (const Node& node : m_context.model.nodes)
+        dropBadPlaces(*node);
+}
+
+/// A place whose numbers a view cannot hold is left out, with a warning.
+void ModelBuilder::dropBadPlaces(ModelNode& node)
+{
+    const auto isUsable = [](double number) {
+        return std::abs(number) <= double{std::numeric_limits<float>::max()};
+    };
+    if (node.transform && !std::all_of(node.transform->begin(), node.transform->end(), isUsable)) {
+        node.transform.reset();
+        m_context.messages.Warn(FillText(kBadPlace, {node.name}));
+    }
+    for (const Node& child : node.children)
+        dropBadPlaces(*child);
 }
 
 /// @return false when the model is full; tells it once.

@@ -53,6 +53,7 @@ private:
     const PartContent& partOf(const TDF_Label& label, const std::wstring& fallbackName);
     std::optional<TambVizCore::RGBAColor> placementColor() const;
     bool takeNode();
+    void dropBadPlaces(OrvikModel::ModelNode& node);
 
     ReadContext& m_context; ///< Not owned.
     Appearance m_appearance;

@@ -173,6 +173,22 @@ TEST(HostileStep, WithBrokenTopologyKeepsTheRest)
     EXPECT_GT(read.model.nodes[0]->shape->Present()->TriangleCount(), 0u);
 }
 
+TEST(HostileStep, WithAPlaceBeyondAllNumbersNamesTheBody)
+{
+    std::string text = TestModelText("hole_plate.step");
+    const std::string origin = "CARTESIAN_POINT('',(0.,0.,0.))";
+    text.replace(text.find(origin), origin.size(), "CARTESIAN_POINT('',(1.E400,0.,0.))");
+
+    const ReadResult read = ReadCadText(text, "far.step");
+
+    EXPECT_EQ(read.error, L"");
+    ASSERT_EQ(read.warnings.size(), 1u);
+    EXPECT_NE(read.warnings[0].find(L": the place of \"hole plate\" is not made of numbers that "
+                                    L"place anything and was left out"),
+              std::wstring::npos)
+        << OrvikOs::WideToUtf8(read.warnings[0]);
+}
+
 TEST(HostileStep, WithoutANumberWhereOneBelongsNamesTheEntity)
 {
     std::string text = TestModelText("hole_plate.step");
