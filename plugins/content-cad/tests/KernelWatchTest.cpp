@@ -4,12 +4,12 @@
 #include <TambCommandsInfra/CancelToken.h>
 
 #include <ElCLib.hxx>
-#include <NCollection_Vector.hxx>
 #include <gp_Circ.hxx>
 #include <gtest/gtest.h>
 
 #include <ctime>
 #include <string>
+#include <vector>
 
 namespace OrvikCad {
 namespace {
@@ -35,11 +35,14 @@ void computeForEver()
         computeInKernel();
 }
 
+/// Grows outside of the kernel's code, so that the end never meets a list half made longer.
 void fillForEver()
 {
-    NCollection_Vector<gp_Pnt> points;
-    for (;;)
-        points.Append(gp_Pnt(1, 2, 3));
+    std::vector<std::string> blocks;
+    for (;;) {
+        blocks.emplace_back(std::size_t{1} << 16, 'x');
+        computeInKernel();
+    }
 }
 
 class KernelWatching : public testing::Test
