@@ -8,8 +8,8 @@ namespace OrvikCore {
 /// What a 3D view asks of the window that shows its frames. The host supplies it and hands it to
 /// IFrameProvider::SetFrameWindow.
 ///
-/// A host that lends the view an OpenGL context of its own overrides the last two operations; the
-/// others leave them alone.
+/// A host that lends the view an OpenGL context of its own overrides MakeContextCurrent() and
+/// DoneContextCurrent(); the others leave them alone.
 ///
 /// @thread  Main thread.
 class ORVIKCORE_API IFrameWindow
@@ -35,6 +35,10 @@ public:
     /// Ends the last good MakeContextCurrent(): with the outermost one, what was current before is
     /// current again. Does nothing by default.
     virtual void DoneContextCurrent();
+
+    /// @return device pixels per pixel of the user interface, more than 0: lines, points and texts
+    ///         of a frame are drawn so many times as large. 1 by default.
+    virtual double GetPixelRatio();
 };
 
 } // namespace OrvikCore

@@ -32,6 +32,7 @@ struct SceneState
 
     int width = 0;
     int height = 0;
+    double pixelRatio = 1.0;   ///< Of the window.
     std::uint64_t model = 0;   ///< Stamps of the scenes; see TambVizCore::NodeStamps.
     std::uint64_t objects = 0; ///< In the world.
     std::uint64_t front = 0;   ///< In front of the model.

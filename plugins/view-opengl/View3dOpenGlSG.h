@@ -144,6 +144,7 @@ private:
     void endPicture(int width, int height);
     Projection projectionOf(int width, int height);
     PictureScale scaleOf(const Projection& projection, int height) const;
+    double windowRatio() const;
     void drawAxes(const Projection& projection, int width, int height);
     void drawOverlay(int width, int height);
     void followDrag(const OrvikCore::ViewOpDrag& op);
@@ -176,6 +177,7 @@ private:
     bool m_isTurning = false; ///< The mouse turns the camera.
     int m_width = 0;
     int m_height = 0;
+    double m_pixelRatio = 1.0; ///< Of what is being drawn; see IFrameWindow::GetPixelRatio.
     mutable float m_center[3] = {0.0f, 0.0f, 0.0f}; ///< Answer of GetGeometryCenter.
 };
 

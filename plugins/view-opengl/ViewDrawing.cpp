@@ -4,6 +4,7 @@
 #include "objects/RotationMark.h"
 
 #include <OrvikCore/ACamera.h>
+#include <OrvikCore/IFrameWindow.h>
 #include <OrvikCore/ViewObjectManager.h>
 #include <TambVizCore/Matrix.h>
 
@@ -47,13 +48,21 @@ Projection View3dOpenGlSG::projectionOf(int width, int height)
     return projection;
 }
 
+double View3dOpenGlSG::windowRatio() const
+{
+    return m_window != nullptr ? m_window->GetPixelRatio() : 1.0;
+}
+
 PictureScale View3dOpenGlSG::scaleOf(const Projection& projection, int height) const
 {
-    return {projection, m_height > 0 ? static_cast<double>(height) / m_height : 1.0};
+    return {projection,
+            m_pixelRatio * (m_height > 0 ? static_cast<double>(height) / m_height : 1.0)};
 }
 
 void View3dOpenGlSG::beginPicture(int width, int height, Purpose purpose, const TimeSlice& upload)
 {
+    // Saved pictures are those of a replay, whatever the screen was.
+    m_pixelRatio = purpose == Purpose::Frame ? windowRatio() : 1.0;
     Background background;
     GetViewportBackground(1, background.top);
     GetViewportBackground(2, background.bottom);
@@ -116,6 +125,7 @@ void View3dOpenGlSG::drawOverlay(int width, int height)
     pixels.halfHeight = 0.5 * m_height;
     pixels.aspect = static_cast<double>(m_width) / m_height;
     pixels.pixelSize = static_cast<double>(m_height) / height;
+    pixels.lineScale = m_pixelRatio;
     glViewport(0, 0, width, height);
     m_renderer.DrawInset(overlayObjects(), *GetRenderingOptions(), pixels);
 }

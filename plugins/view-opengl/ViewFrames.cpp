@@ -263,6 +263,7 @@ bool View3dOpenGlSG::showFrame()
         return false;
     m_frame.Blit(m_present.Framebuffer(), m_width, m_height);
     m_present.Bind();
+    m_pixelRatio = windowRatio();
     drawOverlay(m_width, m_height);
     return true;
 }
@@ -294,10 +295,11 @@ View3dOpenGlSG::FrameShown View3dOpenGlSG::wantedFrame()
     wanted.frame.camera = CameraState::Of(*GetCamera());
     const Projection projection =
         MakeProjection(*GetCamera(), std::max(m_width, 1), std::max(m_height, 1));
-    prepareScene({projection, 1.0}, Purpose::Frame);
+    prepareScene({projection, windowRatio()}, Purpose::Frame);
     SceneState& scene = wanted.frame.scene;
     scene.width = m_width;
     scene.height = m_height;
+    scene.pixelRatio = windowRatio();
     scene.model = GetSceneRoot().Stamps().subtree;
     scene.objects = worldObjects().Stamps().subtree;
     scene.front = frontObjects().Stamps().subtree;

@@ -11,4 +11,9 @@ bool IFrameWindow::MakeContextCurrent()
 
 void IFrameWindow::DoneContextCurrent() {}
 
+double IFrameWindow::GetPixelRatio()
+{
+    return 1.0;
+}
+
 } // namespace OrvikCore

@@ -156,6 +156,11 @@ void ViewScreen::DoneContextCurrent()
         m_surface->Leave();
 }
 
+double ViewScreen::GetPixelRatio()
+{
+    return m_widget.devicePixelRatioF();
+}
+
 void ViewScreen::BeginLending()
 {
     std::string reason;

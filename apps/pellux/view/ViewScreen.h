@@ -71,6 +71,7 @@ public:
     void WorkWaits() override;
     bool MakeContextCurrent() override;
     void DoneContextCurrent() override;
+    double GetPixelRatio() override;
 
     /// For the surface: its context is there and current.
     void BeginLending();

@@ -31,6 +31,7 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QMenu>
+#include <QScreen>
 #include <QToolBar>
 #include <QVBoxLayout>
 #include <utility>
@@ -40,6 +41,10 @@ namespace {
 
 constexpr int kFirstWidth = 1280;
 constexpr int kFirstHeight = 860;
+
+/// What a window manager may put around a window.
+constexpr int kFrameWidth = 10;
+constexpr int kFrameHeight = 40;
 
 /// @return the path of a file in the user's state folder.
 QString stateFile(const QString& name)
@@ -70,7 +75,9 @@ MainWindow::MainWindow(CommandRunner& runner, HostRuntime& host, GraphicsPath pa
     column->addWidget(m_view, 1);
     setCentralWidget(middle);
     setStatusBar(m_status);
-    resize(kFirstWidth, kFirstHeight);
+    // On a screen with few of the user interface's pixels all of the window is to be seen.
+    resize(QSize(kFirstWidth, kFirstHeight)
+               .boundedTo(screen()->availableSize() - QSize(kFrameWidth, kFrameHeight)));
     addPanels();
     addPreferences();
     m_firstLayout = saveState();

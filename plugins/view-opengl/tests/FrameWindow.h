@@ -24,6 +24,9 @@ public:
     }
 
     void WorkWaits() override { ++m_waits; }
+    double GetPixelRatio() override { return m_ratio; }
+
+    void SetPixelRatio(double ratio) { m_ratio = ratio; }
 
     /// Lets the view do all that it has put off, and reads the frame.
     void Settle()
@@ -51,6 +54,7 @@ private:
     View3dOpenGlSG& m_view;
     int m_paints = 0;
     int m_waits = 0;
+    double m_ratio = 1.0;
     std::vector<unsigned char> m_pixels;
 };
 

@@ -11,8 +11,10 @@
 #include <TambVizCore/IView3D.h>
 #include <TambVizCore/Node.h>
 
+#include <cstdlib>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace ViewOpenGl {
 namespace {
@@ -43,6 +45,16 @@ protected:
         return after == before + 1 && m_view->GetFrameCount() == after;
     }
 
+    /// @return how many pixels of the frame show something.
+    std::ptrdiff_t Covered() const
+    {
+        const std::vector<unsigned char>& pixels = m_window.Pixels();
+        std::ptrdiff_t count = 0;
+        for (std::size_t i = 0; i < pixels.size(); i += 4)
+            count += std::abs(pixels[i] - pixels[0]) > 60 ? 1 : 0;
+        return count;
+    }
+
     FrameWindow m_window{*m_view};
     GeoNode* m_body = nullptr;
 };
@@ -52,6 +64,22 @@ TEST_F(WindowFrame, IsFoundFromTheInterfaceOfViews)
     TambVizCore::IView3D* const view = m_view.get();
 
     EXPECT_NE(dynamic_cast<OrvikCore::IFrameProvider*>(view), nullptr);
+}
+
+TEST_F(WindowFrame, LinesAreWiderWhereAPixelOfTheWindowIsSeveral)
+{
+    m_body->SetVisible(false);
+    Add(MakeLine(0.0f)).SetLineWidthPixels(3.0f);
+    m_view->UpdateDisplay();
+    m_window.Settle();
+    const std::ptrdiff_t narrow = Covered();
+    m_window.SetPixelRatio(2.0);
+    EXPECT_TRUE(drawsOnce());
+    m_window.Settle();
+
+    EXPECT_GT(narrow, 0);
+    EXPECT_NEAR(static_cast<double>(Covered()), 2.0 * static_cast<double>(narrow),
+                0.2 * static_cast<double>(narrow));
 }
 
 TEST_F(WindowFrame, IsWhatAPictureOfItsSizeShows)
