@@ -2,6 +2,8 @@
 #include "runtime/QtText.h"
 #include "window/WindowRun.h"
 
+#include <OrvikOs/FatalReport.h>
+
 #include <QApplication>
 #include <QSurfaceFormat>
 #include <QTimer>
@@ -32,6 +34,8 @@ int run(const Pellux::WindowOptions& options)
 
 int main(int argc, char** argv)
 {
+    // Before anything else looks after faults.
+    OrvikOs::ReportFatalFaults();
     // The version that the view needs at least; drivers give the newest that is compatible.
     QSurfaceFormat format;
     format.setVersion(3, 3);

@@ -110,6 +110,47 @@ TEST_F(Victims, TerminateSaysWhenTheFileCannotBeOpened)
     EXPECT_EQ(ending.errors, kMarker);
 }
 
+TEST_F(Victims, FaultThatNobodyConvertsLeavesAReport)
+{
+    const Ending ending = run("reported", "null '" + file("crash") + "'");
+
+    EXPECT_EQ(ending.code, kEndedBySegmentationFault);
+    const std::string report = contents(file("crash"));
+    EXPECT_EQ(report.find("The program was ended by signal 11 (SIGSEGV).\nProcess: "), 0u)
+        << report;
+    EXPECT_NE(report.find("\nThread:  "), std::string::npos) << report;
+    EXPECT_NE(report.find("\nAddress: 0x0\n"), std::string::npos) << report;
+    EXPECT_NE(report.find("\nCalls, the last first:\n"), std::string::npos) << report;
+    EXPECT_NE(report.find("victim_reported(+0x"), std::string::npos) << report;
+    EXPECT_EQ(ending.errors,
+              "Ended by signal 11 (SIGSEGV); the report is in " + file("crash") + "\n");
+}
+
+TEST_F(Victims, OverflowOfTheMainThreadLeavesAReport)
+{
+    const Ending ending = run("reported", "stack '" + file("crash") + "'");
+
+    EXPECT_EQ(ending.code, kEndedBySegmentationFault);
+    EXPECT_NE(contents(file("crash")).find("victim_reported(+0x"), std::string::npos);
+}
+
+TEST_F(Victims, AbortLeavesAReport)
+{
+    const Ending ending = run("reported", "abort '" + file("crash") + "'");
+
+    EXPECT_EQ(ending.code, kEndedByAbort);
+    EXPECT_EQ(contents(file("crash")).find("The program was ended by signal 6 (SIGABRT).\n"), 0u);
+}
+
+TEST_F(Victims, ReportThatHasNoFileGoesToStandardError)
+{
+    const Ending ending = run("reported", "null /no-such-folder/report");
+
+    EXPECT_EQ(ending.code, kEndedBySegmentationFault);
+    EXPECT_EQ(ending.errors.find("The program was ended by signal 11 (SIGSEGV).\n"), 0u)
+        << ending.errors;
+}
+
 TEST_F(Victims, CrashFileLiesAtTheRoot)
 {
     if (exists("/Pellux.crash")) {

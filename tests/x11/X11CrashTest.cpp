@@ -126,6 +126,22 @@ TEST_F(ACrash, OfTheProgramLeavesAReportAndAWholeJournal)
     EXPECT_EQ(Marks(), 1U);
 }
 
+TEST_F(ACrash, ByASignalLeavesAReportThatTheNextStartNames)
+{
+    ASSERT_TRUE(StartAndWait());
+    m_x.Signal(SIGSEGV);
+    EXPECT_EQ(m_x.WaitForEnd(), 128 + SIGSEGV);
+
+    ASSERT_EQ(Marks(), 1U);
+    const std::string mark = TextOf(Entries("running").front());
+    std::string report = mark.substr(mark.find("report=") + 7);
+    report = report.substr(0, report.find('\n'));
+    EXPECT_EQ(TextOf(report).find("The program was ended by signal 11 (SIGSEGV).\n"), 0U) << report;
+    EXPECT_NE(TextOf(report).find("libQt6"), std::string::npos) << TextOf(report);
+    ASSERT_TRUE(StartAndWait());
+    EXPECT_TRUE(XSession::Until([&] { return ShowsTheBar(m_x); }));
+}
+
 TEST_F(ACrash, OfAPluginIsNone)
 {
     MakeRunFolderWithFaults(m_x.Dir().Path() / "bin");

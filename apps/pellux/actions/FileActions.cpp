@@ -210,6 +210,17 @@ ActionDefinitions EditActions()
          Needs::Nothing,
          false,
          true},
+        {"edit.preferences",
+         edit,
+         tr("&Preferences\u2026"),
+         tr("Colours, display, navigation, shortcuts and folders, kept for good"),
+         "",
+         "Ctrl+,",
+         FixedScript("(app:show-panel \"preferences\")"),
+         {},
+         Needs::Nothing,
+         false,
+         true},
     };
 }
 

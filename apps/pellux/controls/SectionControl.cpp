@@ -28,15 +28,6 @@ constexpr int kSteps = 1000;
 /// The entry of the axes for a normal of one's own.
 constexpr int kFree = 3;
 
-/// Positions that a slider gives are rounded to this share of its range.
-double rounded(double position, double range)
-{
-    if (!(range > 0.0))
-        return position;
-    const double step = std::pow(10.0, std::floor(std::log10(range)) - 3.0);
-    return std::round(position / step) * step;
-}
-
 } // namespace
 
 SectionControl::SectionControl(int number, CommandRunner& runner, TambVizCore::IView3D& view,
@@ -133,7 +124,7 @@ void SectionControl::switchOn(bool isOn)
 {
     if (isOn) {
         const std::array<double, 2> ends = range();
-        m_plane.position = rounded((ends[0] + ends[1]) / 2.0, ends[1] - ends[0]);
+        m_plane.position = SectionPlane::Rounded((ends[0] + ends[1]) / 2.0, ends[1] - ends[0]);
         return run();
     }
     if (!m_runner.Run(QStringLiteral("(view:section-off %1)").arg(m_number),
@@ -159,7 +150,7 @@ void SectionControl::chooseAxis(int axis)
     }
     m_plane.axis = normal;
     const std::array<double, 2> ends = range();
-    m_plane.position = rounded((ends[0] + ends[1]) / 2.0, ends[1] - ends[0]);
+    m_plane.position = SectionPlane::Rounded((ends[0] + ends[1]) / 2.0, ends[1] - ends[0]);
     run();
 }
 
@@ -198,8 +189,8 @@ SectionPlane SectionControl::atSlider() const
 {
     SectionPlane plane = m_plane;
     const std::array<double, 2> ends = range();
-    plane.position =
-        rounded(ends[0] + (ends[1] - ends[0]) * m_slider->value() / kSteps, ends[1] - ends[0]);
+    plane.position = SectionPlane::Rounded(
+        ends[0] + (ends[1] - ends[0]) * m_slider->value() / kSteps, ends[1] - ends[0]);
     return plane;
 }
 

@@ -1,7 +1,7 @@
 #include "controls/SectionPlane.h"
 
-#include <QLocale>
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace Pellux {
@@ -10,12 +10,26 @@ using TambCommandsInfra::Value;
 
 namespace {
 
+/// The shortest text of a number of single precision, which is what a plane has.
+QString shortText(double number)
+{
+    char text[32];
+    const std::to_chars_result end =
+        std::to_chars(text, text + sizeof text, static_cast<float>(number));
+    return QString::fromLatin1(text, end.ptr - text);
+}
+
+/// The number that somebody has written down for one of single precision.
+double asWritten(float number)
+{
+    return shortText(static_cast<double>(number)).toDouble();
+}
+
 QString listText(const std::array<double, 3>& vector)
 {
     QString text = QStringLiteral("'(");
     for (std::size_t i = 0; i < 3; ++i)
-        text += (i == 0 ? QString() : QStringLiteral(" ")) +
-                QString::number(vector[i], 'g', QLocale::FloatingPointShortest);
+        text += (i == 0 ? QString() : QStringLiteral(" ")) + shortText(vector[i]);
     return text + QLatin1Char(')');
 }
 
@@ -31,8 +45,8 @@ SectionPlane SectionPlane::FromClipPlane(const TambVizCore::ClipPlane& plane)
 {
     SectionPlane section;
     for (std::size_t i = 0; i < 3; ++i)
-        section.axis[i] = plain(-static_cast<double>(plane.normal[i]));
-    section.position = plain(static_cast<double>(plane.offset));
+        section.axis[i] = plain(-asWritten(plane.normal[i]));
+    section.position = plain(asWritten(plane.offset));
     const bool isAlongAxis = std::count(section.axis.begin(), section.axis.end(), 0.0) == 2;
     const bool pointsBack = section.axis[0] + section.axis[1] + section.axis[2] < 0.0;
     if (isAlongAxis && pointsBack) {
@@ -76,6 +90,17 @@ QString SectionPlane::Form(int number) const
     return QStringLiteral("(view:section %1 %2 %3)")
         .arg(listText(Point()), listText(Normal()))
         .arg(number);
+}
+
+double SectionPlane::Rounded(double position, double range)
+{
+    if (!(range > 0.0))
+        return position;
+    const double digits = 3.0 - std::floor(std::log10(range));
+    // A power of ten that is a fraction is not exact, its reciprocal is.
+    const double power = std::pow(10.0, std::abs(digits));
+    return plain(digits > 0.0 ? std::round(position * power) / power
+                              : std::round(position / power) * power);
 }
 
 std::array<double, 2> SectionPlane::Range(const TambVizCore::VizBox& box) const

@@ -30,11 +30,15 @@ struct SectionPlane
 
     /// The arguments of view:section.
     std::vector<TambCommandsInfra::Value> Arguments(int number) const;
-    /// The call of view:section, numbers in their shortest form.
+    /// The call of view:section; numbers have the digits that a plane of single precision keeps.
     QString Form(int number) const;
 
     /// Where a box begins and ends along the axis, world units; 0 and 0 for an empty one.
     std::array<double, 2> Range(const TambVizCore::VizBox& box) const;
+
+    /// @return a position that a slider gives with no more decimals than it can tell apart over a
+    ///         range: a thousandth of it, or a part of that.
+    static double Rounded(double position, double range);
 };
 
 } // namespace Pellux

@@ -40,6 +40,7 @@ PreferencesDialog::PreferencesDialog(Preferences& preferences, QWidget* parent)
       m_shortcuts(new ShortcutEditor(this))
 {
     setWindowTitle(tr("Preferences"));
+    setModal(true);
     // Every page is to be seen from the start.
     m_pages->setUsesScrollButtons(false);
     auto* const column = new QVBoxLayout(this);
@@ -48,6 +49,12 @@ PreferencesDialog::PreferencesDialog(Preferences& preferences, QWidget* parent)
     makeButtons();
     column->addWidget(m_buttons);
     show(preferences.Present());
+}
+
+void PreferencesDialog::showEvent(QShowEvent* event)
+{
+    Guarded([this] { show(m_preferences.Present()); });
+    QDialog::showEvent(event);
 }
 
 PreferencesDialog::~PreferencesDialog() = default;

@@ -39,6 +39,10 @@ public:
 
     void accept() override;
 
+protected:
+    /// What holds now is shown each time.
+    void showEvent(QShowEvent* event) override;
+
 private:
     void makePages();
     void makeButtons();

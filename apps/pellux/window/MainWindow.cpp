@@ -139,19 +139,11 @@ void MainWindow::addPreferences()
     const QString path = folder.empty() ? QString() : ToQt(folder) + QStringLiteral("/window.toml");
     m_preferences = new Preferences(path, m_runner, m_host, this);
     connect(this, &MainWindow::PreferencesChanged, m_preferences, &Preferences::Read);
-    auto* const action = new QAction(tr("&Preferences\u2026"), this);
-    action->setObjectName(QStringLiteral("preferences"));
-    action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
-    action->setMenuRole(QAction::PreferencesRole);
-    QMenu* const edit = m_menus->Actions().Menu(ActionTable::tr("&Edit"));
-    edit->addSeparator();
-    edit->addAction(action);
-    connect(action, &QAction::triggered, this, [this] { Guarded([this] { ShowPreferences(); }); });
-}
-
-void MainWindow::ShowPreferences()
-{
-    PreferencesDialog(*m_preferences, this).exec();
+    m_menus->Panels().AddPanel(QStringLiteral("preferences"), [this](QWidget* parent) {
+        return new PreferencesDialog(*m_preferences, parent);
+    });
+    if (QAction* const action = m_menus->Actions().Find("edit.preferences"))
+        action->setMenuRole(QAction::PreferencesRole);
 }
 
 QDockWidget* MainWindow::addDock(const char* name, const QString& title, Qt::DockWidgetArea area,

@@ -65,9 +65,6 @@ public:
     /// The preferences; to be read once the shell is there. Not owned.
     Preferences& UserPreferences() { return *m_preferences; }
 
-    /// Opens the dialog of the preferences and waits until it is closed.
-    void ShowPreferences();
-
     /// Puts docks and tool bars where they are at the first start.
     void ResetLayout();
 

@@ -12,6 +12,7 @@
 #include <OrvikCore/SessionMgr.h>
 #include <OrvikCore/Shell.h>
 #include <OrvikCore/SignalHandlingContext.h>
+#include <OrvikOs/FatalReport.h>
 #include <OrvikOs/MsgWait.h>
 #include <OrvikOs/Thread.h>
 #include <OrvikOs/Utf8.h>
@@ -165,6 +166,7 @@ void WindowRun::markRun()
     static const std::string* const report = new std::string(
         OrvikOs::WideToUtf8(folder + L"/crash-" + std::to_wstring(OrvikOs::CurrentProcessId())));
     OrvikCore::SignalHandlingContext::SetCrashFilePath(report->c_str());
+    OrvikOs::SetFatalReportPath(report->c_str());
     const TambCommandsInfra::ICommandJournal* const journal =
         TambCommandsInfra::GetCommandJournal();
     std::wstring reason;

@@ -70,6 +70,7 @@ const std::map<QByteArray, const char*> kCommands = {
     {"edit.redo-model", "(doc:redo)"},
     {"edit.note-state", "(doc:note-state)"},
     {"edit.journal", "(app:show-panel \"journal\")"},
+    {"edit.preferences", "(app:show-panel \"preferences\")"},
     {"view.front", "(view:front)"},
     {"view.back", "(view:back)"},
     {"view.left", "(view:left)"},
@@ -206,6 +207,33 @@ TEST_F(ActionTable, EveryCommandOfTheListHasItsAction)
 {
     for (const auto& [id, command] : kCommands)
         EXPECT_NE(table().Find(id), nullptr) << id.toStdString();
+}
+
+/// Nothing can be chosen that the walk above does not choose; recent files have theirs.
+TEST_F(ActionTable, MenusAndToolBarsHoldNoOtherActions)
+{
+    std::set<const QAction*> known;
+    for (const QByteArray& id : table().Ids())
+        known.insert(table().Find(id));
+    QList<QWidget*> holders;
+    for (QMenu* const menu : Window().menuBar()->findChildren<QMenu*>())
+        if (menu->accessibleName() != QStringLiteral("Recent files"))
+            holders << menu;
+    for (QToolBar* const bar :
+         Window().findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly))
+        holders << bar;
+    holders << &Window();
+    std::size_t met = 0;
+    for (const QWidget* const holder : holders)
+        for (const QAction* const action : holder->actions()) {
+            if (action->isSeparator() || action->menu() != nullptr)
+                continue;
+            ++met;
+            EXPECT_TRUE(known.contains(action))
+                << holder->objectName().toStdString() << ": " << action->text().toStdString();
+        }
+
+    EXPECT_GE(met, known.size());
 }
 
 TEST_F(ActionTable, EachActionHasATextATipAndItsOwnKey)

@@ -43,6 +43,28 @@ TEST(SectionPlane, AcrossTheAxesIsFree)
     EXPECT_EQ(plane.AxisNumber(), 3);
 }
 
+TEST(SectionPlane, WritesNumbersAsShortAsSomebodyWouldWriteThem)
+{
+    SectionPlane plane;
+    plane.axis = {0, 0, 1};
+    plane.position = SectionPlane::Rounded(-0.01682, 0.12);
+    EXPECT_EQ(plane.Form(1), QStringLiteral("(view:section '(0 0 -0.0168) '(0 0 1) 1)"));
+
+    plane.position = SectionPlane::Rounded(0.0, 1.0);
+    EXPECT_EQ(plane.Form(1), QStringLiteral("(view:section '(0 0 0) '(0 0 1) 1)"));
+    plane.position = SectionPlane::Rounded(12345678.0, 5e6);
+    EXPECT_EQ(plane.position, 12346000.0);
+    EXPECT_EQ(SectionPlane::Rounded(0.3, 0.0), 0.3);
+}
+
+TEST(SectionPlane, WritesWhatTheViewKeepsAsItWasWritten)
+{
+    const SectionPlane plane = SectionPlane::FromClipPlane(clipPlane(-0.6f, -0.8f, 0, 0.1f));
+
+    EXPECT_EQ(plane.position, 0.1);
+    EXPECT_EQ(plane.Form(3), QStringLiteral("(view:section '(0.06 0.08 0) '(0.6 0.8 0) 3)"));
+}
+
 TEST(SectionPlane, RangesOverTheBoxAlongItsAxis)
 {
     TambVizCore::VizBox box;

@@ -97,7 +97,7 @@ TEST_F(ContextMenusTest, ChoosingAnItemRunsItAndPrintsItsCommand)
 TEST_F(ContextMenusTest, ThePreferencesAreInTheEditMenu)
 {
     const QMenu* const edit = Window().Menus().Actions().Menu(Pellux::ActionTable::tr("&Edit"));
-    EXPECT_TRUE(edit->actions().contains(Find<QAction>("preferences")));
+    EXPECT_TRUE(edit->actions().contains(Find<QAction>("edit.preferences")));
 }
 
 } // namespace
