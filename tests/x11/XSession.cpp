@@ -124,6 +124,18 @@ bool XSession::Close() const
            AskToClose(m_display.substr(1), static_cast<std::uint32_t>(std::stoul(window)));
 }
 
+bool XSession::RunBeside(const std::string& command, const std::function<bool()>& does) const
+{
+    const int process =
+        start("env DISPLAY=" + m_display + " QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR='" +
+              m_dir.Path().string() + "' " + command + " >/dev/null 2>&1 </dev/null");
+    int status = -1;
+    const bool isDone = does() && Until([&] { return waitpid(process, &status, WNOHANG) != 0; });
+    if (!isDone)
+        end(process, SIGKILL);
+    return isDone && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
 void XSession::Signal(int number) const
 {
     kill(m_process, number);

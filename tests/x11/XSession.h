@@ -45,6 +45,11 @@ public:
     /// Asks the program's main window to close, as a window manager does.
     bool Close() const;
 
+    /// Runs another program on the display while something is done to it.
+    /// @param command  For a shell; must end by itself then.
+    /// @return whether what was done says so and the program has ended with 0.
+    bool RunBeside(const std::string& command, const std::function<bool()>& does) const;
+
     /// Sends a signal to the program.
     void Signal(int number) const;
 
