@@ -7,13 +7,29 @@
 #include <QApplication>
 #include <QSurfaceFormat>
 #include <QTimer>
+#include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <string>
 
 namespace {
 
 /// Exit code of a program that cannot start.
 constexpr int kCannotStart = 3;
+
+/// Qt ends the program itself when it reaches no display; the reason is told as every other.
+void tellWhyNot(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    const std::string text = message.toStdString();
+    if (type != QtFatalMsg) {
+        std::cerr << text << std::endl;
+        return;
+    }
+    // Its first line says what has happened, the others what users of Qt may do.
+    std::cerr << "pellux: no window can be opened: " << text.substr(0, text.find('\n'))
+              << std::endl;
+    std::_Exit(kCannotStart);
+}
 
 int run(const Pellux::WindowOptions& options)
 {
@@ -50,7 +66,9 @@ int main(int argc, char** argv)
             return parsed.exitCode;
         }
         int noArguments = 1;
+        const QtMessageHandler previous = qInstallMessageHandler(&tellWhyNot);
         QApplication application(noArguments, argv);
+        qInstallMessageHandler(previous);
         QApplication::setApplicationName(QStringLiteral("Pellux"));
         QApplication::setApplicationVersion(Pellux::ToQt(Pellux::ProgramVersion()));
         QApplication::setDesktopFileName(QStringLiteral("pellux"));

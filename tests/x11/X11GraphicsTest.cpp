@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdint>
+#include <fstream>
+#include <iterator>
+#include <string>
 #include <vector>
 
 namespace {
@@ -47,5 +50,19 @@ TEST_P(Graphics, ShowsTheModelAndTurnsIt)
 }
 
 INSTANTIATE_TEST_SUITE_P(Paths, Graphics, ::testing::Values("image", "window"));
+
+TEST(ADisplayThatDoesNotAnswer, EndsTheStartWithALine)
+{
+    XSession x;
+    if (!x.WhyNot().empty())
+        GTEST_SKIP() << x.WhyNot();
+    EXPECT_FALSE(x.Start({}, "DISPLAY=:9876"));
+
+    EXPECT_EQ(x.WaitForEnd(), 3);
+    std::ifstream errors(x.Dir().Path() / "errors");
+    const std::string text{std::istreambuf_iterator<char>(errors), {}};
+    EXPECT_NE(text.find("\npellux: no window can be opened: "), std::string::npos) << text;
+    EXPECT_EQ(text.find("Calls, the last first:"), std::string::npos) << text;
+}
 
 } // namespace
