@@ -1,7 +1,9 @@
 #include "FrameWindow.h"
 #include "Shapes.h"
+#include "TickingClock.h"
 #include "ViewTest.h"
 
+#include <OrvikCore/ACamera.h>
 #include <OrvikCore/TextItem3D.h>
 
 #include <memory>
@@ -69,6 +71,34 @@ TEST_F(LostContext, IsReplacedForTheFrameOfAWindow)
     window.Settle();
 
     EXPECT_EQ(window.Pixels(), before);
+    m_view->SetFrameWindow(nullptr);
+}
+
+TEST_F(LostContext, IsReplacedInTheMiddleOfAFrameThatIsDrawnInSlices)
+{
+    fill();
+    Add(MakeSphere(100));
+    TickingClock clock(0);
+    FrameWindow window(*m_view);
+    m_view->SetWindowSize(200, 200);
+    m_view->SetFrameWindow(&window);
+    clock.SetStep(60000);
+    for (int i = 1; i < 40 && window.Waits() == 0; ++i) {
+        float eye[3] = {0.01f * static_cast<float>(i), 0.0f, 10.0f};
+        float target[3] = {0.0f, 0.0f, 0.0f};
+        float up[3] = {0.0f, 1.0f, 0.0f};
+        m_view->GetCamera()->SetCamera(eye, target, up);
+        m_view->UpdateDisplay();
+    }
+    ASSERT_GT(window.Waits(), 0);
+    ASSERT_TRUE(m_view->Refine(1));
+
+    m_fragile->LoseContext();
+    m_view->UpdateDisplay();
+    window.Settle();
+
+    Draw(200, 200);
+    EXPECT_EQ(window.Pixels(), m_image.rgba);
     m_view->SetFrameWindow(nullptr);
 }
 
