@@ -147,7 +147,7 @@ ActionDefinitions MeasureActions()
          tr("Measures the round faces and edges that are selected"),
          "",
          "",
-         FixedScript("(map entity:radius (sel:get))"),
+         FixedScript("(map measure:radius (sel:get))"),
          {},
          some},
         {"measure.area",

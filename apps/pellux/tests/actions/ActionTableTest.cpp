@@ -117,7 +117,7 @@ const std::map<QByteArray, const char*> kCommands = {
     {"measure.angle", "(apply measure:angle (sel:get))"},
     {"measure.thickness", "(measure:face-thickness (car (sel:get)))"},
     {"measure.length", "(map entity:length (sel:get))"},
-    {"measure.radius", "(map entity:radius (sel:get))"},
+    {"measure.radius", "(map measure:radius (sel:get))"},
     {"measure.area", "(map entity:area (sel:get))"},
     {"measure.volume", "(map entity:volume (sel:get))"},
     {"measure.box", "(map entity:box (sel:get))"},
