@@ -31,7 +31,7 @@ infra::Command volumeCommand()
     margin.name = "margin";
     margin.type = infra::ValueType::Real;
     margin.help = "room left on every side of the model";
-    margin.unit = "world units";
+    margin.unit = "mm";
     margin.presence = infra::Presence::Optional;
     margin.defaultValue = infra::Value(0.0);
     margin.minimum = 0.0;
@@ -40,7 +40,7 @@ infra::Command volumeCommand()
     command.name = "box:volume";
     command.parameters = {margin};
     command.result = infra::ValueType::Real;
-    command.resultHelp = "the volume, in world units to the third";
+    command.resultHelp = "the volume in mm3";
     command.summary = "Measures the box around everything that is loaded.";
     command.help = "Its sides run along the axes; parcels are charged by it.";
     command.example = "(box:volume 2.5)";

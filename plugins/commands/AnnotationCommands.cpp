@@ -87,7 +87,7 @@ Command drawPolylineCommand()
     points.name = "points";
     points.type = ValueType::List;
     points.help = "lists of x, y and z";
-    points.unit = "world units";
+    points.unit = "mm";
     Parameter closed = SwitchParameter("closed", "#t joins the last point with the first");
     closed.defaultValue = Value(false);
     Parameter filled = SwitchParameter("filled", "#t fills the area inside a closed one");

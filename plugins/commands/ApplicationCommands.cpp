@@ -74,14 +74,13 @@ Command pickCommand(const std::string& word, PartKind kind, const std::string& s
     Command command;
     command.name = "app:pick-" + word;
     for (const char* axis : {"x", "y", "z"})
-        command.parameters.push_back(RealParameter(std::string("origin-") + axis,
-                                                   std::string(axis) + " of the ray's origin",
-                                                   "world units"));
+        command.parameters.push_back(RealParameter(
+            std::string("origin-") + axis, std::string(axis) + " of the ray's origin", "mm"));
     for (const char* axis : {"x", "y", "z"})
         command.parameters.push_back(RealParameter(
             std::string("direction-") + axis, std::string(axis) + " of the ray's direction", ""));
     command.parameters.push_back(
-        RealParameter("radius", "how far an edge or a vertex may be off", "world units"));
+        RealParameter("radius", "how far an edge or a vertex may be off", "mm"));
     command.parameters.back().minimum = 0.0;
     command.result = ValueType::Any;
     command.resultHelp = "the entity, or #f when nothing is hit";

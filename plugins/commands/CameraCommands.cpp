@@ -135,7 +135,7 @@ Command upAxisCommand()
 /// A camera that was saved under a name.
 struct SavedCamera
 {
-    std::array<float, 9> triple; ///< Eye, target, up; world units.
+    std::array<float, 9> triple; ///< Eye, target, up; mm.
     float fieldOfView;           ///< Radians.
     std::string up;              ///< The class of the camera, without its projection.
     bool perspective;
@@ -223,12 +223,12 @@ Command rotationCenterCommand()
     Parameter point;
     point.name = "point";
     point.type = ValueType::Any;
-    point.help = "x, y and z in world units, or #f for the middle of the model; left out, nothing "
+    point.help = "x, y and z in mm, or #f for the middle of the model; left out, nothing "
                  "changes";
     point.presence = TambCommandsInfra::Presence::Optional;
     command.parameters = {point};
     command.result = ValueType::List;
-    command.resultHelp = "the point that holds now, in world units";
+    command.resultHelp = "the point that holds now, in mm";
     command.summary = "Chooses the point that the mouse turns the model about.";
     command.help = "A pick chooses another, and so does whatever moves the camera to a new target.";
     command.example = "(view:rotation-center '(0 0 10))";

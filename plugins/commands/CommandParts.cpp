@@ -64,7 +64,7 @@ Parameter PointParameter(std::string name, std::string help)
     parameter.name = std::move(name);
     parameter.type = ValueType::Point;
     parameter.help = std::move(help);
-    parameter.unit = "world units";
+    parameter.unit = "mm";
     return parameter;
 }
 

@@ -185,10 +185,9 @@ Command boundingBoxCommand()
     Command command;
     command.name = "doc:bounding-box";
     command.result = ValueType::Any;
-    command.resultHelp =
-        "x-min y-min z-min x-max y-max z-max in world units, or #f when nothing is "
-        "loaded";
-    command.summary = "Measures the box around everything that is loaded, in world units.";
+    command.resultHelp = "x-min y-min z-min x-max y-max z-max in mm, or #f when nothing is "
+                         "loaded";
+    command.summary = "Measures the box around everything that is loaded, in mm.";
     command.example = "(doc:bounding-box)";
     command.handler = [](const Arguments&) {
         double box[6];

@@ -128,7 +128,7 @@ Command drawMeshCommand()
     Command command;
     command.name = kDrawMesh;
     command.parameters = {
-        listParameter("points", "lists of x, y and z", "world units", Presence::Required),
+        listParameter("points", "lists of x, y and z", "mm", Presence::Required),
         listParameter("triangles", "lists of the numbers of three points, counted from 0", "",
                       Presence::Required),
         listParameter("normals", "one list of x, y and z for each point, or none", "",

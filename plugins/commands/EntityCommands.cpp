@@ -160,9 +160,9 @@ Command boxCommand()
                                         corners.insert(corners.end(), box.Hi(), box.Hi() + 3);
                                         return Value(std::move(corners));
                                     });
-    command.resultHelp = "x-min y-min z-min x-max y-max z-max in world units, or #f for what has "
+    command.resultHelp = "x-min y-min z-min x-max y-max z-max in mm, or #f for what has "
                          "no extent";
-    command.summary = "Measures the box around an entity, in world units.";
+    command.summary = "Measures the box around an entity, in mm.";
     command.help = "The box is that of the triangles, lines and points that are drawn.";
     return command;
 }

@@ -45,18 +45,16 @@ struct MeasureEntry
 
 constexpr MeasureEntry kMeasures[] = {
     {"area", EntityMeasure::Area, Form::Number,
-     "Measures the area of a face, or of all faces of a body, in square world units.",
-     "the area in square world units, or #f for what has no faces"},
+     "Measures the area of a face, or of all faces of a body, in mm2.",
+     "the area in mm2, or #f for what has no faces"},
     {"length", EntityMeasure::Length, Form::Number,
-     "Measures the length of an edge, or of all edges of a wire, in world units.",
-     "the length in world units, or #f for what has no length"},
-    {"volume", EntityMeasure::Volume, Form::Number,
-     "Measures the volume of a closed body, in cubic world units.",
-     "the volume in cubic world units, or #f for what is not closed"},
+     "Measures the length of an edge, or of all edges of a wire, in mm.",
+     "the length in mm, or #f for what has no length"},
+    {"volume", EntityMeasure::Volume, Form::Number, "Measures the volume of a closed body, in mm3.",
+     "the volume in mm3, or #f for what is not closed"},
     {"center", EntityMeasure::Center, Form::Triple,
-     "Finds the centre of mass of a body, a face or an edge, or the place of a vertex, in world "
-     "units.",
-     "x, y and z in world units, or #f for what has none"},
+     "Finds the centre of mass of a body, a face or an edge, or the place of a vertex, in mm.",
+     "x, y and z in mm, or #f for what has none"},
     {"normal", EntityMeasure::Normal, Form::Triple,
      "Finds the normal of a planar face, a direction without unit.",
      "x, y and z of length 1, out of the body, or #f for what is not planar"},
@@ -65,12 +63,11 @@ constexpr MeasureEntry kMeasures[] = {
      "unit.",
      "x, y and z of length 1, or #f for what has no direction"},
     {"origin", EntityMeasure::Origin, Form::Triple,
-     "Finds a point on the axis of a round face or edge, such as a circle's centre, in world "
-     "units.",
-     "x, y and z in world units, or #f for what is not round"},
+     "Finds a point on the axis of a round face or edge, such as a circle's centre, in mm.",
+     "x, y and z in mm, or #f for what is not round"},
     {"radius", EntityMeasure::Radius, Form::Number,
-     "Measures the radius of a round face or edge, in world units.",
-     "the radius in world units, or #f for what is not round"},
+     "Measures the radius of a round face or edge, in mm.",
+     "the radius in mm, or #f for what is not round"},
     {"surface", EntityMeasure::Surface, Form::Word, "Names the surface of a face.",
      "\"plane\", \"cylinder\", \"cone\", \"sphere\", \"torus\", \"freeform\", ..., or #f for what "
      "is no face"},
@@ -152,7 +149,7 @@ Command measureWithHowCommand()
     command.result = ValueType::Any;
     command.resultHelp = "a list: what the command of that name gives, in its unit, and how it is "
                          "known, \"exact\" or \"triangles\"; or #f";
-    command.summary = "Measures an entity, in world units, and says how the answer is known.";
+    command.summary = "Measures an entity, in mm, and says how the answer is known.";
     command.help = "Solids are measured exactly, meshes by their triangles and lines. The number "
                    "alone is given by the command of that name: (entity:radius entity).";
     command.example = "(entity:measure (app:pick-face 0 0 100 0 0 -1 0.5) 'area)";

@@ -158,7 +158,7 @@ void RegisterFaceThicknessCommand(CommandTable& table)
     command.result = ValueType::Any;
     command.resultHelp = "as measure:thickness; #f for what is no face, is not shown, or has "
                          "nothing behind it";
-    command.summary = "Measures how thick the material is behind a face, in world units.";
+    command.summary = "Measures how thick the material is behind a face, in mm.";
     command.help = "It is measured at one point of the face, against the face's normal: in its "
                    "middle, or beside that where the face has a hole there. The list says where.";
     command.effect = CommandEffect::Changes;

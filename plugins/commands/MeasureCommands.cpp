@@ -51,10 +51,10 @@ Command distanceCommand()
     command.parameters = {EntityParameter("from", "a body, face, edge, vertex, ..."),
                           EntityParameter("to", "another; also of another file")};
     command.result = ValueType::Any;
-    command.resultHelp = "a list: the distance in world units, the nearest point on the first and "
-                         "that on the second (x, y and z in world units each), \"exact\" or "
+    command.resultHelp = "a list: the distance in mm, the nearest point on the first and "
+                         "that on the second (x, y and z in mm each), \"exact\" or "
                          "\"triangles\"; #f for what has no shape";
-    command.summary = "Measures the least distance between two entities, in world units.";
+    command.summary = "Measures the least distance between two entities, in mm.";
     command.help = "Exact between solids, else from triangles, lines and points; the end of the "
                    "list says which. (car (measure:distance a b)) is the distance alone. "
                    "The picture shows it until measure:clear; measure:draw switches that off. "
@@ -187,10 +187,10 @@ Command thicknessCommand()
     command.parameters = {PointParameter("origin", "where the ray begins, outside the body"),
                           direction, alongParameter()};
     command.result = ValueType::Any;
-    command.resultHelp = "a list: the thickness in world units, the point where the material "
-                         "begins and that where it ends (x, y and z in world units each), "
+    command.resultHelp = "a list: the thickness in mm, the point where the material "
+                         "begins and that where it ends (x, y and z in mm each), "
                          "\"exact\" or \"triangles\"; #f when nothing is hit";
-    command.summary = "Measures how thick the material is behind a point, in world units.";
+    command.summary = "Measures how thick the material is behind a point, in mm.";
     command.help = "The first body that the ray enters counts, up to where it leaves that body "
                    "again. What is hidden or cut away by section planes does not count; where a "
                    "plane cuts a closed body, its material begins or ends there. The faces must "

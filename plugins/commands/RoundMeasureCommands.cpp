@@ -84,17 +84,17 @@ Command roundCommand(const char* name, const char* summary, const char* help,
 void RegisterRoundMeasureCommands(CommandTable& table)
 {
     table.Register(roundCommand(
-        "measure:radius", "Measures the radius of a round face or edge, in world units.",
+        "measure:radius", "Measures the radius of a round face or edge, in mm.",
         "(car (measure:radius entity)) is the radius alone.",
-        "a list: the radius in world units, a point on the axis and one on what is round (x, y and "
-        "z in world units each), \"exact\" or \"triangles\"; #f for what is not round",
+        "a list: the radius in mm, a point on the axis and one on what is round (x, y and "
+        "z in mm each), \"exact\" or \"triangles\"; #f for what is not round",
         radius));
-    table.Register(roundCommand(
-        "measure:diameter", "Measures the diameter of a round face or edge, in world units.",
-        "(car (measure:diameter entity)) is the diameter alone.",
-        "a list: the diameter in world units, two points that face each other (x, y and z in world "
-        "units each), \"exact\" or \"triangles\"; #f for what is not round",
-        diameter));
+    table.Register(
+        roundCommand("measure:diameter", "Measures the diameter of a round face or edge, in mm.",
+                     "(car (measure:diameter entity)) is the diameter alone.",
+                     "a list: the diameter in mm, two points that face each other (x, y and z in "
+                     "mm each), \"exact\" or \"triangles\"; #f for what is not round",
+                     diameter));
 }
 
 } // namespace OrvikCommands

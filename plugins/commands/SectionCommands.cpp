@@ -104,9 +104,8 @@ Command sectionsCommand()
     Command command;
     command.name = "view:sections";
     command.result = ValueType::List;
-    command.resultHelp =
-        "for each section a point (world units) and the normal that points to what "
-        "is cut away";
+    command.resultHelp = "for each section a point (mm) and the normal that points to what "
+                         "is cut away";
     command.summary = "Lists the planes that cut the model open.";
     command.example = "(view:sections)";
     command.handler = [](const Arguments&) {

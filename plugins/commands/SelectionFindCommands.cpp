@@ -168,8 +168,7 @@ Value selectByBox(const std::string& name, const Arguments& arguments)
 
 Command byBoxCommand()
 {
-    Command command =
-        findCommand("box", "Selects what lies in a box or touches it, in world units.");
+    Command command = findCommand("box", "Selects what lies in a box or touches it, in mm.");
     Parameter how;
     how.name = "how";
     how.type = ValueType::String;

@@ -39,7 +39,7 @@ Command tessellationCommand()
     command.name = "view:tessellation";
     command.parameters = {
         RealParameter("sag", "greatest distance of a chord from its curve; 0 for the default",
-                      "world units"),
+                      "mm"),
         RealParameter("max-angle",
                       "greatest angle between neighbouring chords; 0, or left out, for the default",
                       "degrees")};
@@ -48,9 +48,9 @@ Command tessellationCommand()
         parameter.minimum = 0.0;
     }
     command.result = ValueType::Any;
-    command.resultHelp = "sag and step in world units and the greatest angle in degrees, as they "
+    command.resultHelp = "sag and step in mm and the greatest angle in degrees, as they "
                          "were set last, or #f when nothing is loaded";
-    command.summary = "Sets how finely curved faces are drawn, by a sag in world units and an "
+    command.summary = "Sets how finely curved faces are drawn, by a sag in mm and an "
                       "angle in degrees, or tells it.";
     command.help = "What is loaded is drawn anew with them at once; without arguments nothing is "
                    "changed. The default follows the size of the model.";
@@ -76,8 +76,8 @@ Command setTessellationCommand()
     Command command;
     command.name = "view:set-tessellation!";
     command.parameters = {
-        RealParameter("sag", "greatest distance of a chord from its curve", "world units"),
-        RealParameter("step", "greatest length of a chord", "world units"),
+        RealParameter("sag", "greatest distance of a chord from its curve", "mm"),
+        RealParameter("step", "greatest length of a chord", "mm"),
         RealParameter("max-angle", "greatest angle between neighbouring chords", "degrees")};
     command.result = ValueType::Bool;
     command.resultHelp = "#f when nothing is loaded; nothing is set then";

@@ -13,7 +13,7 @@ class IEntityProperties;
 
 namespace OrvikCommands {
 
-/// A piece of a line inside one body, world units.
+/// A piece of a line inside one body, mm.
 struct ThicknessResult
 {
     double thickness = 0.0;

@@ -7,7 +7,7 @@
 
 namespace OrvikCommands {
 
-/// A point or a direction, world units.
+/// A point or a direction, mm.
 using Triple = OrvikCore::Dimension::Point;
 
 inline double Dot(const Triple& a, const Triple& b)

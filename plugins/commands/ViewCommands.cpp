@@ -75,8 +75,7 @@ Command zoomToBoxCommand()
     Command command;
     command.name = "view:zoom-to-box";
     for (const char* name : {"x-min", "y-min", "z-min", "x-max", "y-max", "z-max"})
-        command.parameters.push_back(
-            RealParameter(name, std::string(name) + " of the box", "world units"));
+        command.parameters.push_back(RealParameter(name, std::string(name) + " of the box", "mm"));
     command.summary = "Moves the camera so that a box is seen.";
     command.example = "(view:zoom-to-box 0 0 0 10 10 10)";
     command.effect = CommandEffect::Changes;
@@ -93,7 +92,7 @@ Command cameraCommand()
     Command command;
     command.name = "view:camera";
     command.result = ValueType::List;
-    command.resultHelp = "three lists of three numbers: eye and target in world units, up";
+    command.resultHelp = "three lists of three numbers: eye and target in mm, up";
     command.summary = "Tells where the camera is and where it looks.";
     command.example = "(view:camera)";
     command.handler = [](const Arguments&) {

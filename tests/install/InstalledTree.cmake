@@ -89,7 +89,7 @@ elseif(STEP STREQUAL "command")
     run(1 ${batch} --no-config --eval "(box:volume)")
     expect("box:volume: nothing is loaded")
     run(1 ${batch} --no-config --eval "(box:volume -1)")
-    expect("box:volume: parameter \"margin\": expected a number of at least 0 in world units, got")
+    expect("box:volume: parameter \"margin\": expected a number of at least 0 in mm, got")
 
 elseif(STEP STREQUAL "host")
     build_example(minimal-host)

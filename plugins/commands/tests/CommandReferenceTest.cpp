@@ -77,7 +77,7 @@ TEST(CommandReference, EveryCommandThatMeasuresSaysInItsLineInWhatUnit)
             name != "entity:center" && name != "entity:origin" && name != "sel:by-box")
             continue;
         ++checked;
-        EXPECT_TRUE(summary.find("world units") != std::string::npos ||
+        EXPECT_TRUE(summary.find("in mm") != std::string::npos ||
                     summary.find("in degrees") != std::string::npos ||
                     summary.find("in pixels") != std::string::npos)
             << name << ": " << summary;

@@ -30,8 +30,8 @@ TEST_F(DocumentCommands, APathIsAText)
 TEST_F(DocumentCommands, ANegativeRadiusIsRefused)
 {
     EXPECT_EQ(errorOf("app:pick-face", {0, 0, 9, 0, 0, -1, -1}),
-              "app:pick-face: parameter \"radius\": expected a number of at least 0 in world "
-              "units, got the integer -1.");
+              "app:pick-face: parameter \"radius\": expected a number of at least 0 in mm, got the "
+              "integer -1.");
 }
 
 TEST_F(DocumentCommands, WhatIsNoEntityHasNoType)

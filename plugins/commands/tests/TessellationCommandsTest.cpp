@@ -56,8 +56,8 @@ TEST_F(TessellationCommands, WithoutArgumentsNothingChanges)
 TEST_F(TessellationCommands, ANegativeSagIsRefused)
 {
     EXPECT_EQ(errorOf("view:tessellation", {-1}),
-              "view:tessellation: parameter \"sag\": expected a number of at least 0 in world "
-              "units, got the integer -1.");
+              "view:tessellation: parameter \"sag\": expected a number of at least 0 in mm, got "
+              "the integer -1.");
 }
 
 } // namespace

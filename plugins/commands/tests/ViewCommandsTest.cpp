@@ -30,8 +30,8 @@ TEST_F(ViewCommands, StandardViewsTakeNoArguments)
 TEST_F(ViewCommands, APointOfTwoNumbersIsRefused)
 {
     EXPECT_EQ(errorOf("view:draw-arrow", {List{1, 2}, List{0, 0, 0}}),
-              "view:draw-arrow: parameter \"from\": expected a point (three numbers) in world "
-              "units, got a list of 2 elements.");
+              "view:draw-arrow: parameter \"from\": expected a point (three numbers) in mm, got a "
+              "list of 2 elements.");
 }
 
 TEST_F(ViewCommands, AMissingArgumentIsNamed)
