@@ -210,10 +210,12 @@ void ConsoleInput::focusOutEvent(QFocusEvent* event)
     QPlainTextEdit::focusOutEvent(event);
 }
 
-bool ConsoleInput::focusNextPrevChild(bool)
+bool ConsoleInput::focusNextPrevChild(bool next)
 {
-    // Tab completes; Ctrl+Tab and the mouse leave.
-    return false;
+    // Tab completes what is being typed; an empty input holds nobody back who goes by keys.
+    if (next && !document()->isEmpty())
+        return false;
+    return QAbstractScrollArea::focusNextPrevChild(next);
 }
 
 int ConsoleInput::heightOf(int lines) const

@@ -13,8 +13,8 @@ class CompletionPopup;
 ///
 /// Return runs what is whole and makes a new line in what is not; Shift+Return always makes a new
 /// line, Ctrl+Return always runs. Up and Down in the first and last line go through the history.
-/// Tab and Ctrl+Space complete; Ctrl+Tab leaves the input. The bracket that belongs to the one at
-/// the cursor is marked. @thread Main thread.
+/// Tab and Ctrl+Space complete; Shift+Tab leaves the input, and Tab while it is empty. The
+/// bracket that belongs to the one at the cursor is marked. @thread Main thread.
 class ConsoleInput final : public QPlainTextEdit
 {
     Q_OBJECT

@@ -1,9 +1,13 @@
 #include <WindowFixture.h>
+#include <view/ViewWidget.h>
 #include <window/WindowLayout.h>
 
+#include <QApplication>
 #include <QDockWidget>
 #include <QMainWindow>
+#include <QSet>
 #include <QTest>
+#include <algorithm>
 #include <filesystem>
 
 namespace {
@@ -86,6 +90,26 @@ TEST_F(Frame, WidgetsThatTakeTheKeyboardHaveAccessibleNames)
         EXPECT_TRUE(!isReached || isNamed)
             << widget->metaObject()->className() << ' ' << qPrintable(widget->objectName());
     }
+}
+
+TEST_F(Frame, TabReachesTheViewAndEveryPanel)
+{
+    Open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+    Window().View().setFocus();
+    QSet<const QWidget*> met;
+    for (int i = 0; i < 100; ++i) {
+        ASSERT_NE(QApplication::focusWidget(), nullptr);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        met.insert(QApplication::focusWidget());
+    }
+
+    EXPECT_TRUE(met.contains(&Window().View()));
+    for (const QDockWidget* const dock : Window().findChildren<QDockWidget*>())
+        EXPECT_TRUE(dock->isHidden() ||
+                    std::any_of(met.begin(), met.end(),
+                                [dock](const QWidget* w) { return dock->isAncestorOf(w); }))
+            << qPrintable(dock->objectName());
 }
 
 } // namespace
