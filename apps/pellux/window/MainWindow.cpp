@@ -174,6 +174,16 @@ void MainWindow::ResizeView(int width, int height)
     resize(size() + wanted - m_view->size());
 }
 
+QMenu* MainWindow::createPopupMenu()
+{
+    // Owned by the caller, as Qt wants it.
+    auto* const menu = new QMenu(this);
+    for (const QByteArray& id : m_menus->Actions().Ids())
+        if (id.startsWith("panel."))
+            menu->addAction(m_menus->Actions().Find(id));
+    return menu;
+}
+
 void MainWindow::ResetLayout()
 {
     restoreState(m_firstLayout);

@@ -65,6 +65,9 @@ public:
     /// The preferences; to be read once the shell is there. Not owned.
     Preferences& UserPreferences() { return *m_preferences; }
 
+    /// The menu of tool bars and titles of docks: the switches of the panels, which are commands.
+    QMenu* createPopupMenu() override;
+
     /// Puts docks and tool bars where they are at the first start.
     void ResetLayout();
 

@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QTest>
+#include <memory>
 
 namespace {
 
@@ -92,6 +93,17 @@ TEST_F(ContextMenusTest, ChoosingAnItemRunsItAndPrintsItsCommand)
 
     ASSERT_EQ(echoed.size(), 1);
     EXPECT_TRUE(echoed.front().startsWith(QStringLiteral("(view:hide (entity:by-id ")));
+}
+
+TEST_F(ContextMenusTest, TheMenuOfToolBarsAndTitlesHasTheSwitchesOfThePanels)
+{
+    const std::unique_ptr<QMenu> menu(Window().createPopupMenu());
+    ASSERT_GE(menu->actions().size(), 4);
+    echoed.clear();
+    menu->actions().front()->trigger();
+
+    ASSERT_EQ(echoed.size(), 1);
+    EXPECT_TRUE(echoed.front().startsWith(QStringLiteral("(app:show-panel \"")));
 }
 
 TEST_F(ContextMenusTest, ThePreferencesAreInTheEditMenu)
