@@ -27,6 +27,9 @@ constexpr char kLeaks[] = "leak:libfontconfig\n"
 /// the atomics by which their threads agree on them.
 constexpr char kThreads[] = "called_from_lib:libembree3.so\n"
                             "called_from_lib:libtbb.so\n"
+                            "called_from_lib:libQt6Core.so\n"
+                            "called_from_lib:libQt6Gui.so\n"
+                            "called_from_lib:libQt6Widgets.so\n"
                             "race:swrast_dri.so\n";
 
 bool isGraphicsDriver(void* library)

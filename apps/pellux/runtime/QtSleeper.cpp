@@ -9,25 +9,25 @@
 
 namespace Pellux {
 
-QtSleeper::QtSleeper(HeldInput& held)
-    : m_held(held), m_former(OrvikOs::SetSleeper(this)), m_mainThread(QThread::currentThreadId())
+QtSleeper::QtSleeper(HeldInput& held) : m_held(held), m_mainThread(QThread::currentThreadId())
 {
+    // The worker may sleep in it from here on, so all else is set by now.
+    m_former.store(OrvikOs::SetSleeper(this), std::memory_order_release);
 }
 
 QtSleeper::~QtSleeper()
 {
-    OrvikOs::SetSleeper(m_former);
+    OrvikOs::SetSleeper(m_former.load(std::memory_order_acquire));
 }
 
 void QtSleeper::SleepMs(int milliseconds)
 {
-    const bool isInside = m_mainThread != QThread::currentThreadId() || m_depth > 0;
-    if (isInside && m_former != nullptr)
-        m_former->SleepMs(milliseconds);
-    else if (isInside)
-        QThread::msleep(static_cast<unsigned long>(milliseconds));
-    else
+    if (m_mainThread == QThread::currentThreadId() && m_depth == 0)
         sleepOnMainThread(milliseconds);
+    else if (OrvikOs::ISleeper* const former = m_former.load(std::memory_order_acquire))
+        former->SleepMs(milliseconds);
+    else
+        QThread::msleep(static_cast<unsigned long>(milliseconds));
 }
 
 void QtSleeper::sleepOnMainThread(int milliseconds)

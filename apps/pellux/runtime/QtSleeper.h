@@ -4,6 +4,7 @@
 #include <OrvikOs/Sleeper.h>
 
 #include <Qt>
+#include <atomic>
 
 namespace Pellux {
 
@@ -30,9 +31,9 @@ private:
     void sleepOnMainThread(int milliseconds);
 
     HeldInput& m_held;
-    OrvikOs::ISleeper* m_former; ///< Not owned.
-    Qt::HANDLE m_mainThread;
-    int m_depth = 0; ///< A pause within what a pause lets run just sleeps.
+    std::atomic<OrvikOs::ISleeper*> m_former{nullptr}; ///< Not owned; null for the system's.
+    const Qt::HANDLE m_mainThread;
+    int m_depth = 0; ///< A pause within what a pause lets run just sleeps; main thread.
 };
 
 } // namespace Pellux
