@@ -37,6 +37,9 @@ public:
 
     /// Chooses whether what is loaded is read again when its files change.
     virtual void SetWatching(bool watch) = 0;
+
+    /// Puts panels where they were at the very first start.
+    virtual void ResetLayout() = 0;
 };
 
 /// An application that may have a window; scripts find it by a dynamic_cast of

@@ -83,6 +83,19 @@ Command showPanelCommand()
     return command;
 }
 
+Command resetLayoutCommand()
+{
+    Command command;
+    command.name = "app:reset-layout";
+    command.summary = "Puts the panels of the window where they were at the very first start.";
+    command.example = "(app:reset-layout)";
+    command.handler = [](const Arguments&) {
+        CallGate::Call([] { hostWindow().ResetLayout(); });
+        return Value();
+    };
+    return command;
+}
+
 Command watchCommand()
 {
     Command command;
@@ -154,6 +167,7 @@ void RegisterWindowCommands(CommandTable& table)
 {
     table.Register(panelsCommand());
     table.Register(showPanelCommand());
+    table.Register(resetLayoutCommand());
     table.Register(watchCommand());
     table.Register(copyImageCommand());
     table.Register(quitCommand());

@@ -71,8 +71,8 @@ TEST_F(CommandExamples, OfInputWork)
 TEST_F(CommandExamples, OfTheApplicationWork)
 {
     EXPECT_EQ(failuresOf("app", {"app:quit"}),
-              (std::set<std::string>{"app:panels" + noWindow(), "app:show-panel" + noWindow(),
-                                     "app:watch" + noWindow()}));
+              (std::set<std::string>{"app:panels" + noWindow(), "app:reset-layout" + noWindow(),
+                                     "app:show-panel" + noWindow(), "app:watch" + noWindow()}));
     EXPECT_GT(m_count, 30);
 }
 

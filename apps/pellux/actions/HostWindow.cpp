@@ -40,6 +40,11 @@ HostWindow::~HostWindow()
         current->SetHostWindow(nullptr);
 }
 
+void HostWindow::RememberLayout()
+{
+    m_firstLayout = m_window.saveState();
+}
+
 void HostWindow::AddPanel(const QString& name, Make make)
 {
     m_panels.push_back({name, std::move(make)});
@@ -126,6 +131,11 @@ bool HostWindow::IsWatching() const
 void HostWindow::SetWatching(bool watch)
 {
     m_watch.SetOn(watch);
+}
+
+void HostWindow::ResetLayout()
+{
+    m_window.restoreState(m_firstLayout);
 }
 
 } // namespace Pellux

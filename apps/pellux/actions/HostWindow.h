@@ -3,6 +3,7 @@
 
 #include <OrvikCore/IHostWindow.h>
 
+#include <QByteArray>
 #include <QString>
 #include <functional>
 #include <vector>
@@ -36,6 +37,9 @@ public:
     HostWindow(const HostWindow&) = delete;
     HostWindow& operator=(const HostWindow&) = delete;
 
+    /// ResetLayout puts docks and tool bars back to where they lie now.
+    void RememberLayout();
+
     /// Adds a panel that is a window of its own.
     void AddPanel(const QString& name, Make make);
 
@@ -45,6 +49,7 @@ public:
     bool CopyImage(int width, int height, std::wstring* errorText) override;
     bool IsWatching() const override;
     void SetWatching(bool watch) override;
+    void ResetLayout() override;
 
 private:
     struct Panel
@@ -59,6 +64,7 @@ private:
     QMainWindow& m_window;
     FileWatch& m_watch;
     std::vector<Panel> m_panels;
+    QByteArray m_firstLayout;
 };
 
 } // namespace Pellux

@@ -33,6 +33,17 @@ ActionDefinition panelAction(const QString& name, const QString& title)
     return action;
 }
 
+ActionDefinition resetAction()
+{
+    ActionDefinition action;
+    action.id = "view.reset-layout";
+    action.menu = WindowMenus::tr("&View") + u'/' + WindowMenus::tr("&Panels");
+    action.text = WindowMenus::tr("&Reset layout");
+    action.tip = WindowMenus::tr("Puts the panels where they were at the very first start");
+    action.script = FixedScript("(app:reset-layout)");
+    return action;
+}
+
 } // namespace
 
 WindowMenus::WindowMenus(QMainWindow& window, CommandRunner& runner, HostRuntime& host,
@@ -101,6 +112,7 @@ void WindowMenus::addPanelActions()
     for (const auto* const bar :
          m_window.findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly))
         actions.push_back(panelAction(bar->objectName(), bar->windowTitle()));
+    actions.push_back(resetAction());
     m_actions.Add(actions);
 }
 

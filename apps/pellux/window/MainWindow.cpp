@@ -80,7 +80,7 @@ MainWindow::MainWindow(CommandRunner& runner, HostRuntime& host, GraphicsPath pa
                .boundedTo(screen()->availableSize() - QSize(kFrameWidth, kFrameHeight)));
     addPanels();
     addPreferences();
-    m_firstLayout = saveState();
+    m_menus->Panels().RememberLayout();
     WindowLayout::Restore(*this);
     connectParts();
     OrvikCore::SessionMgr::Instance().CurrentSession().SetOutputObserver(this);
@@ -158,16 +158,6 @@ QDockWidget* MainWindow::addDock(const char* name, const QString& title, Qt::Doc
     return dock;
 }
 
-QList<QAction*> MainWindow::PanelActions() const
-{
-    QList<QAction*> actions;
-    for (const QDockWidget* const dock : findChildren<QDockWidget*>(Qt::FindDirectChildrenOnly))
-        actions << dock->toggleViewAction();
-    for (const QToolBar* const bar : findChildren<QToolBar*>(Qt::FindDirectChildrenOnly))
-        actions << bar->toggleViewAction();
-    return actions;
-}
-
 void MainWindow::ResizeView(int width, int height)
 {
     const QSize wanted = QSize(width, height) / devicePixelRatioF();
@@ -182,11 +172,6 @@ QMenu* MainWindow::createPopupMenu()
         if (id.startsWith("panel."))
             menu->addAction(m_menus->Actions().Find(id));
     return menu;
-}
-
-void MainWindow::ResetLayout()
-{
-    restoreState(m_firstLayout);
 }
 
 void MainWindow::Notify(int eventCode)

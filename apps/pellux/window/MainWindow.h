@@ -55,10 +55,6 @@ public:
     CrashNotice& Crashes() { return *m_crashes; }
     ContextMenus& Context() { return *m_contextMenus; }
 
-    /// @return the item for the View menu that shows and hides each dock and tool bar, in the order
-    ///         in which they were made.
-    QList<QAction*> PanelActions() const;
-
     /// Makes the window as large as the view needs to have a size; the screen may allow less.
     /// @param width, height  Device pixels.
     void ResizeView(int width, int height);
@@ -67,9 +63,6 @@ public:
 
     /// The menu of tool bars and titles of docks: the switches of the panels, which are commands.
     QMenu* createPopupMenu() override;
-
-    /// Puts docks and tool bars where they are at the first start.
-    void ResetLayout();
 
 Q_SIGNALS:
     /// The preferences are to be read again.
@@ -99,7 +92,6 @@ private:
     TreePanel* m_tree = nullptr;          ///< Owned by the window as its child; null without tree.
     std::unique_ptr<WindowMenus> m_menus;
     std::unique_ptr<ContextMenus> m_contextMenus;
-    QByteArray m_firstLayout;
     std::uint64_t m_countedScene = 0; ///< The scene's stamp when its triangles were counted.
 };
 

@@ -10,6 +10,7 @@ TEST_F(WindowCommands, NeedAWindow)
 {
     EXPECT_EQ(errorOf("app:panels"), "This program has no window.");
     EXPECT_EQ(errorOf("app:show-panel", {L"console"}), "This program has no window.");
+    EXPECT_EQ(errorOf("app:reset-layout"), "This program has no window.");
     EXPECT_EQ(errorOf("app:watch"), "This program has no window.");
     EXPECT_EQ(errorOf("view:copy-image"), "This program has no window.");
 }

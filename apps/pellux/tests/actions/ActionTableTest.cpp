@@ -78,6 +78,7 @@ const std::map<QByteArray, const char*> kCommands = {
     {"view.top", "(view:top)"},
     {"view.bottom", "(view:bottom)"},
     {"view.iso", "(view:iso)"},
+    {"view.reset-layout", "(app:reset-layout)"},
     {"view.fit", "(view:zoom-all)"},
     {"view.fit-selection", "(view:zoom-to (sel:get))"},
     {"view.parallel", "(view:projection \"parallel\")"},
