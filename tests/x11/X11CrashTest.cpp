@@ -152,7 +152,7 @@ TEST_F(ACrash, OfAPluginIsNone)
     ASSERT_TRUE(m_x.Start({(m_x.Dir().Path() / "a.wrong").string()}));
     const std::string next = m_x.Writing("next", "2");
     ASSERT_TRUE(XSession::Until([&] {
-        m_x.Do("mousemove 616 785 click 1 type '" + next + "'");
+        m_x.Do("mousemove 616 808 click 1 type '" + next + "'");
         m_x.Do("key Return");
         return m_x.Read("next") == "2";
     }));
