@@ -5,8 +5,6 @@
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace {
 
@@ -27,13 +25,6 @@ protected:
         return m_x.Start({"--eval", "(view:front)", "--eval", m_x.Writing("ready", "1"), "--eval",
                           form}) &&
                XSession::Until([&] { return m_x.Read("ready") == "1"; });
-    }
-
-    std::string Journal() const
-    {
-        std::string path = m_x.Journals();
-        std::ifstream file(path.substr(0, path.find('\n')));
-        return {std::istreambuf_iterator<char>(file), {}};
     }
 
     bool HasMarks() const { return !fs::is_empty(m_x.Dir().Path() / "state/pellux/running"); }
@@ -57,7 +48,7 @@ TEST_F(Closing, WaitsForWhatRuns)
 
     EXPECT_EQ(m_x.WaitForEnd(), 0);
     EXPECT_EQ(m_x.Read("done"), "1");
-    EXPECT_NE(Journal().find("usleep"), std::string::npos);
+    EXPECT_NE(m_x.Journal().find("usleep"), std::string::npos);
 }
 
 TEST_F(Closing, ByForceEndsTheProcessAndKeepsTheJournal)
@@ -75,8 +66,8 @@ TEST_F(Closing, ByForceEndsTheProcessAndKeepsTheJournal)
 
     EXPECT_EQ(m_x.WaitForEnd(), 1);
     EXPECT_FALSE(HasMarks());
-    EXPECT_NE(Journal().find("\n(view:front)\n"), std::string::npos) << Journal();
-    EXPECT_TRUE(Journal().ends_with("\n")) << Journal();
+    EXPECT_NE(m_x.Journal().find("\n(view:front)\n"), std::string::npos) << m_x.Journal();
+    EXPECT_TRUE(m_x.Journal().ends_with("\n")) << m_x.Journal();
 }
 
 } // namespace

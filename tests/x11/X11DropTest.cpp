@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -50,19 +48,6 @@ protected:
         });
     }
 
-    std::string Journal() const
-    {
-        std::string path = m_x.Journals();
-        path = path.substr(0, path.find('\n'));
-        std::ifstream file(path);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    bool JournalGets(const std::string& text)
-    {
-        return XSession::Until([&] { return Journal().find(text) != std::string::npos; });
-    }
-
     XSession m_x;
 };
 
@@ -72,7 +57,7 @@ TEST_F(RealDrop, OpensAFile)
     ASSERT_TRUE(StartWindow());
 
     EXPECT_TRUE(Drag({file}));
-    EXPECT_TRUE(JournalGets("(doc:load \"" + file + "\")")) << Journal();
+    EXPECT_TRUE(m_x.JournalGets("(doc:load \"" + file + "\")")) << m_x.Journal();
 }
 
 TEST_F(RealDrop, OpensTheFirstOfTwoFilesAndAddsTheOther)
@@ -82,8 +67,8 @@ TEST_F(RealDrop, OpensTheFirstOfTwoFilesAndAddsTheOther)
     ASSERT_TRUE(StartWindow());
 
     EXPECT_TRUE(Drag({one, two}));
-    EXPECT_TRUE(JournalGets("(doc:load \"" + one + "\")\n(doc:import \"" + two + "\")"))
-        << Journal();
+    EXPECT_TRUE(m_x.JournalGets("(doc:load \"" + one + "\")\n(doc:import \"" + two + "\")"))
+        << m_x.Journal();
 }
 
 TEST_F(RealDrop, OfWhatIsNoModelLeavesTheProgramAsItWas)
@@ -95,7 +80,7 @@ TEST_F(RealDrop, OfWhatIsNoModelLeavesTheProgramAsItWas)
 
     EXPECT_TRUE(Drag({text}));
     EXPECT_TRUE(Drag({file}));
-    EXPECT_TRUE(JournalGets("(doc:load \"" + file + "\")")) << Journal();
+    EXPECT_TRUE(m_x.JournalGets("(doc:load \"" + file + "\")")) << m_x.Journal();
 }
 
 TEST_F(RealDrop, WhileSomethingRunsIsDoneAfterwards)
@@ -105,8 +90,8 @@ TEST_F(RealDrop, WhileSomethingRunsIsDoneAfterwards)
 
     EXPECT_TRUE(Drag({file}));
     EXPECT_EQ(m_x.Read("done"), "");
-    EXPECT_TRUE(JournalGets("(doc:load \"" + file + "\")")) << Journal();
-    EXPECT_LT(Journal().find("usleep"), Journal().find("later.stl"));
+    EXPECT_TRUE(m_x.JournalGets("(doc:load \"" + file + "\")")) << m_x.Journal();
+    EXPECT_LT(m_x.Journal().find("usleep"), m_x.Journal().find("later.stl"));
 }
 
 } // namespace

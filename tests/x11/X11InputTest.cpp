@@ -5,8 +5,6 @@
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <vector>
 
 namespace {
@@ -36,19 +34,6 @@ protected:
                XSession::Until([&] { return m_x.Read("ready") == "1"; });
     }
 
-    std::string Journal() const
-    {
-        std::string path = m_x.Journals();
-        path = path.substr(0, path.find('\n'));
-        std::ifstream file(path);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    bool JournalGets(const std::string& text)
-    {
-        return XSession::Until([&] { return Journal().find(text) != std::string::npos; });
-    }
-
     XSession m_x;
 };
 
@@ -58,7 +43,7 @@ TEST_F(RealInput, ADragTurnsTheCameraAndTheJournalHasIt)
     ASSERT_TRUE(m_x.Do(kOverTheModel + " mousedown 1 mousemove_relative 60 20 "
                                        "mousemove_relative 60 20 mouseup 1"));
 
-    EXPECT_TRUE(JournalGets("(view:set-camera")) << Journal();
+    EXPECT_TRUE(m_x.JournalGets("(view:set-camera")) << m_x.Journal();
 }
 
 TEST_F(RealInput, ADragIsShownBeforeTheButtonIsLetGo)
@@ -69,7 +54,7 @@ TEST_F(RealInput, ADragIsShownBeforeTheButtonIsLetGo)
     ASSERT_TRUE(m_x.Do("mousemove_relative 60 20 mousemove_relative 60 20"));
 
     EXPECT_TRUE(XSession::Until([&] { return m_x.Pixels(400, 150, 500, 300) != before; }));
-    EXPECT_EQ(Journal().find("(view:set-camera"), std::string::npos);
+    EXPECT_EQ(m_x.Journal().find("(view:set-camera"), std::string::npos);
 }
 
 TEST_F(RealInput, TheOpenDialogLoadsAFile)
@@ -86,7 +71,7 @@ TEST_F(RealInput, TheOpenDialogLoadsAFile)
     // Keys that come while the dialog is still on its way go astray: it is closed and opened again
     // then.
     const auto isLoaded = [&] {
-        return Journal().find("(doc:load \"" + other + "\")") != std::string::npos;
+        return m_x.Journal().find("(doc:load \"" + other + "\")") != std::string::npos;
     };
     for (int attempt = 0; attempt < 8 && !isLoaded(); ++attempt) {
         m_x.Do("search --onlyvisible --name '^Pellux' windowfocus key ctrl+o");
@@ -100,7 +85,7 @@ TEST_F(RealInput, TheOpenDialogLoadsAFile)
         if (!isLoaded())
             m_x.Do("key Escape key Escape");
     }
-    EXPECT_TRUE(isLoaded()) << Journal();
+    EXPECT_TRUE(isLoaded()) << m_x.Journal();
 }
 
 TEST_F(RealInput, AClickPicksAndTheJournalHasIt)
@@ -108,7 +93,7 @@ TEST_F(RealInput, AClickPicksAndTheJournalHasIt)
     ASSERT_TRUE(StartWithModel());
     ASSERT_TRUE(m_x.Do(kOverTheModel + " click 1"));
 
-    EXPECT_TRUE(JournalGets("(sel:highlight (app:pick-entity")) << Journal();
+    EXPECT_TRUE(m_x.JournalGets("(sel:highlight (app:pick-entity")) << m_x.Journal();
 }
 
 TEST_F(RealInput, AKeyDuringAJobIsHeldAndDoesItsWorkAfterwards)
@@ -120,12 +105,12 @@ TEST_F(RealInput, AKeyDuringAJobIsHeldAndDoesItsWorkAfterwards)
     ASSERT_TRUE(m_x.Do("search --onlyvisible --name '^Pellux' windowfocus"));
     ASSERT_TRUE(m_x.Do(kOverTheModel + " click 1 key ctrl+f"));
     const bool wasHeld =
-        m_x.Read("done").empty() && Journal().find("(view:front)") == std::string::npos;
+        m_x.Read("done").empty() && m_x.Journal().find("(view:front)") == std::string::npos;
 
     EXPECT_TRUE(wasHeld);
-    EXPECT_TRUE(JournalGets("(view:front)")) << Journal();
-    EXPECT_LT(Journal().find("usleep"), Journal().find("(view:front)"));
-    EXPECT_EQ(Journal().find("(view:front)"), Journal().rfind("(view:front)"));
+    EXPECT_TRUE(m_x.JournalGets("(view:front)")) << m_x.Journal();
+    EXPECT_LT(m_x.Journal().find("usleep"), m_x.Journal().find("(view:front)"));
+    EXPECT_EQ(m_x.Journal().find("(view:front)"), m_x.Journal().rfind("(view:front)"));
 }
 
 TEST_F(RealInput, EscapeEndsAnEndlessLoopAndTheWindowGoesOn)
@@ -135,11 +120,11 @@ TEST_F(RealInput, EscapeEndsAnEndlessLoopAndTheWindowGoesOn)
     ASSERT_TRUE(XSession::Until([&] { return m_x.Read("ready") == "1"; }));
     ASSERT_TRUE(m_x.Do("search --onlyvisible --name '^Pellux' windowfocus"));
     ASSERT_TRUE(m_x.Do(kOverTheModel + " click 1 key Escape"));
-    EXPECT_EQ(Journal().find("(sel:set"), std::string::npos);
+    EXPECT_EQ(m_x.Journal().find("(sel:set"), std::string::npos);
 
     EXPECT_TRUE(XSession::Until([&] {
         m_x.Do(kOverTheModel + " click 1");
-        return Journal().find("(sel:") != std::string::npos;
+        return m_x.Journal().find("(sel:") != std::string::npos;
     }));
 }
 

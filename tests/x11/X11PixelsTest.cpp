@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -58,26 +56,18 @@ protected:
         return {};
     }
 
-    std::string Journal() const
-    {
-        std::string path = m_x.Journals();
-        path = path.substr(0, path.find('\n'));
-        std::ifstream file(path);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
     /// @return what a click finds, as the journal tells it.
     std::string PickAt(int x, int y)
     {
-        const std::size_t before = Journal().size();
+        const std::size_t before = m_x.Journal().size();
         m_x.Do("mousemove " + std::to_string(x) + " " + std::to_string(y) + " click 1");
         std::size_t pick = std::string::npos;
         XSession::Until([&] {
-            const std::string journal = Journal();
+            const std::string journal = m_x.Journal();
             pick = journal.find(";= pick ", before);
             return pick != std::string::npos && journal.find('\n', pick) != std::string::npos;
         });
-        const std::string journal = Journal();
+        const std::string journal = m_x.Journal();
         return pick == std::string::npos ? journal
                                          : journal.substr(pick, journal.find('\n', pick) - pick);
     }

@@ -205,3 +205,15 @@ std::string XSession::Journals() const
 {
     return run("ls -1 '" + (m_dir.Path() / "state/pellux/journals").string() + "'/*.journal.scm");
 }
+
+std::string XSession::Journal() const
+{
+    const std::string paths = Journals();
+    std::ifstream file(paths.substr(0, paths.find('\n')));
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+bool XSession::JournalGets(const std::string& text) const
+{
+    return Until([&] { return Journal().find(text) != std::string::npos; });
+}

@@ -74,6 +74,10 @@ public:
 
     /// @return the paths of the journals so far, one a line.
     std::string Journals() const;
+    /// @return the text of the first journal so far.
+    std::string Journal() const;
+    /// Waits until the first journal holds a text.
+    bool JournalGets(const std::string& text) const;
 
     const ScopedTempDir& Dir() const { return m_dir; }
 

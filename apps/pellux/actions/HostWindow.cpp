@@ -5,6 +5,8 @@
 
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/SessionMgr.h>
+#include <OrvikOs/Utf8.h>
+#include <TambVizCore/IPictureErrorProvider.h>
 #include <TambVizCore/IView3D.h>
 #include <TambVizCore/Image.h>
 
@@ -112,8 +114,11 @@ bool HostWindow::CopyImage(int width, int height, std::wstring* errorText)
         view->GetWindowSize(viewWidth, viewHeight);
     if (view == nullptr ||
         !view->ReadImage(width > 0 ? width : viewWidth, height > 0 ? height : viewHeight, image)) {
+        const auto* const reasons = dynamic_cast<const TambVizCore::IPictureErrorProvider*>(view);
+        const std::string reason = reasons == nullptr ? std::string() : reasons->GetPictureError();
         if (errorText != nullptr)
-            *errorText = L"The picture cannot be drawn.";
+            *errorText = reason.empty() ? L"The picture cannot be drawn."
+                                        : OrvikOs::Utf8ToWide(reason) + L'.';
         return false;
     }
     const QImage picture(image.rgba.data(), image.width, image.height, image.width * 4,

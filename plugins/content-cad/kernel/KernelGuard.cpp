@@ -1,6 +1,6 @@
 #include "kernel/KernelGuard.h"
 
-#include <OrvikOs/FaultScope.h>
+#include <OrvikOs/FaultsAsExceptions.h>
 #include <OrvikOs/FpMasked.h>
 #include <OrvikOs/Utf8.h>
 #include <TambCommandsInfra/CancelToken.h>
@@ -26,31 +26,11 @@ std::wstring textOf(const Standard_Failure& failure)
     return OrvikOs::Utf8ToWide(text && *text ? name + ": " + text : name);
 }
 
-/// Makes machine faults of the calling thread into OrvikOs::MachineFault while it lives: that has a
-/// text of one line.
-class FaultsAsExceptions
-{
-public:
-    FaultsAsExceptions() : m_previous(OrvikOs::SetFaultTranslator(&throwFault)) {}
-    ~FaultsAsExceptions() { OrvikOs::SetFaultTranslator(m_previous); }
-    FaultsAsExceptions(const FaultsAsExceptions&) = delete;
-    FaultsAsExceptions& operator=(const FaultsAsExceptions&) = delete;
-
-private:
-    static void throwFault(const OrvikOs::EXCEPTION_RECORD& record)
-    {
-        throw OrvikOs::MachineFault(record);
-    }
-
-    OrvikOs::FaultTranslator m_previous;
-    OrvikOs::FaultScope m_scope;
-};
-
 } // namespace
 
 std::wstring RunGuarded(const std::function<void()>& body)
 {
-    const FaultsAsExceptions faults;
+    const OrvikOs::FaultsAsExceptions faults;
     const OrvikOs::FpMasked masked;
     try {
         body();

@@ -2,7 +2,7 @@
 
 #include "readers/ReaderTexts.h"
 
-#include <OrvikOs/FaultScope.h>
+#include <OrvikOs/FaultsAsExceptions.h>
 #include <OrvikOs/FpMasked.h>
 #include <OrvikOs/MemoryMappedFile.h>
 #include <OrvikOs/Utf8.h>
@@ -11,29 +11,6 @@
 #include <stdexcept>
 
 namespace OrvikMesh {
-
-namespace {
-
-/// Makes machine faults of the calling thread into OrvikOs::MachineFault while it lives.
-class FaultsAsExceptions
-{
-public:
-    FaultsAsExceptions() : m_previous(OrvikOs::SetFaultTranslator(&throwFault)) {}
-    ~FaultsAsExceptions() { OrvikOs::SetFaultTranslator(m_previous); }
-    FaultsAsExceptions(const FaultsAsExceptions&) = delete;
-    FaultsAsExceptions& operator=(const FaultsAsExceptions&) = delete;
-
-private:
-    static void throwFault(const OrvikOs::EXCEPTION_RECORD& record)
-    {
-        throw OrvikOs::MachineFault(record);
-    }
-
-    OrvikOs::FaultTranslator m_previous;
-    OrvikOs::FaultScope m_scope;
-};
-
-} // namespace
 
 void PollCancel(const ReadOptions& options)
 {
@@ -61,7 +38,7 @@ void SharedProgress::Add(std::size_t done)
 bool ReadGuarded(const std::function<bool()>& work, ReadMessages& messages)
 {
     const OrvikOs::FpMasked masked;
-    const FaultsAsExceptions faults;
+    const OrvikOs::FaultsAsExceptions faults;
     try {
         return work();
     } catch (const ReadCancelled&) {

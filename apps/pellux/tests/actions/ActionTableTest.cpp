@@ -300,6 +300,15 @@ TEST_F(ActionTable, NothingRunsWhenTheUserThinksBetterOfIt)
     EXPECT_EQ(echoed, QStringList());
 }
 
+TEST_F(ActionTable, APictureTooLargeForTheClipboardNamesTheLimit)
+{
+    errors.clear();
+    Do("(view:copy-image 100000 100000)");
+
+    EXPECT_TRUE(errors.join(u'\n').contains(QStringLiteral("GL_MAX_")))
+        << errors.join(u'\n').toStdString();
+}
+
 TEST_F(ActionTable, PutsThePictureIntoTheClipboard)
 {
     load();

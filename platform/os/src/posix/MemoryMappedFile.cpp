@@ -1,3 +1,4 @@
+#include "posix/Descriptor.h"
 #include "posix/Paths.h"
 
 #include <OrvikOs/MemoryMappedFile.h>
@@ -11,30 +12,6 @@
 #include <utility>
 
 namespace OrvikOs {
-
-namespace {
-
-/// Closes a descriptor at the end of its scope.
-class Descriptor
-{
-public:
-    explicit Descriptor(int descriptor) : m_descriptor(descriptor) {}
-    ~Descriptor()
-    {
-        if (m_descriptor >= 0) {
-            close(m_descriptor);
-        }
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int Get() const { return m_descriptor; }
-
-private:
-    int m_descriptor; ///< Owned; negative when none.
-};
-
-} // namespace
 
 bool MemoryMappedFile::Open(const std::wstring& path)
 {

@@ -1,3 +1,6 @@
+#include "posix/Descriptor.h"
+#include "posix/DescriptorWriting.h"
+
 #include <OrvikOs/RunApart.h>
 
 #include <fcntl.h>
@@ -20,28 +23,6 @@ namespace {
 constexpr int kThrewExitCode = 1;
 constexpr int kPollMs = 50;
 constexpr std::size_t kPieceBytes = std::size_t{1} << 20;
-
-/// A descriptor that is closed at the end.
-class Descriptor
-{
-public:
-    explicit Descriptor(int number) : m_number(number) {}
-    ~Descriptor() { Close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int Number() const { return m_number; }
-    void Close()
-    {
-        if (m_number >= 0) {
-            close(m_number);
-        }
-        m_number = -1;
-    }
-
-private:
-    int m_number;
-};
 
 // In the copy.
 
@@ -104,22 +85,6 @@ void applyLimits([[maybe_unused]] const ApartLimits& limits)
 #endif
 }
 
-bool writeAll(int descriptor, const void* bytes, std::size_t count)
-{
-    const char* next = static_cast<const char*>(bytes);
-    while (count > 0) {
-        const ssize_t written = write(descriptor, next, count);
-        if (written < 0 && errno != EINTR) {
-            return false;
-        }
-        if (written > 0) {
-            next += written;
-            count -= static_cast<std::size_t>(written);
-        }
-    }
-    return true;
-}
-
 [[noreturn]] void runCopy(const std::function<void(const ApartWriter& write)>& work,
                           const ApartLimits& limits, int descriptor, pid_t parent)
 {
@@ -132,7 +97,7 @@ bool writeAll(int descriptor, const void* bytes, std::size_t count)
     applyLimits(limits);
     try {
         work([descriptor](const void* bytes, std::size_t count) {
-            return writeAll(descriptor, bytes, count);
+            return WriteAll(descriptor, static_cast<const char*>(bytes), count);
         });
     } catch (...) {
         _exit(kThrewExitCode); // Told by the exit code: nothing of the copy outlives it.
@@ -217,18 +182,18 @@ ApartEnd RunApart(const std::function<void(const ApartWriter& write)>& work,
     }
     Descriptor reading(ends[0]);
     Descriptor writing(ends[1]);
-    fcntl(writing.Number(), F_SETPIPE_SZ, static_cast<int>(kPieceBytes));
+    fcntl(writing.Get(), F_SETPIPE_SZ, static_cast<int>(kPieceBytes));
     const pid_t self = getpid();
     const pid_t copy = fork();
     if (copy < 0) {
         return ApartEnd::Unavailable;
     }
     if (copy == 0) {
-        runCopy(work, limits, writing.Number(), self);
+        runCopy(work, limits, writing.Get(), self);
     }
     EndOfCopy end(copy);
     writing.Close();
-    if (!takeAll(reading.Number(), take)) {
+    if (!takeAll(reading.Get(), take)) {
         return ApartEnd::Stopped;
     }
     return end.Wait();
