@@ -7,6 +7,7 @@
 #include "runtime/QtMessageSource.h"
 #include "runtime/QtSleeper.h"
 #include "view/GraphicsChoice.h"
+#include "window/ReadableHints.h"
 
 #include <CommandLine.h>
 #include <HostRuntime.h>
@@ -77,6 +78,7 @@ private:
     [[noreturn]] void endAtOnce();
 
     WindowOptions m_options;
+    ReadableHints m_hints;
     InterruptHandling m_interrupts;
     HeldInput m_held;
     QtMessageSource m_source;
