@@ -119,7 +119,7 @@ void ActionTable::Add(const ActionDefinitions& definitions)
 
 void ActionTable::run(const ActionDefinition& definition, bool isOn)
 {
-    if (!m_runner.IsBusy()) {
+    if (!m_runner.IsRunning()) {
         const ActionScript script = definition.script(*m_asker, isOn);
         if (!script.text.isEmpty())
             m_runner.Run(script.text, script.source);

@@ -65,7 +65,7 @@ int FillContextMenu(QMenu& menu, CommandRunner& runner, const MenuPlace& place)
         const std::wstring text = (*item)->Text();
         QAction* const entry = menu.addAction(ToQt(text));
         entry->setToolTip(ToQt((*item)->Tip()));
-        entry->setEnabled((*item)->IsEnabled() && !runner.IsBusy());
+        entry->setEnabled((*item)->IsEnabled() && !runner.IsRunning());
         QObject::connect(entry, &QAction::triggered, &runner, [&runner, action, text, place] {
             Guarded([&] { runItem(runner, *action, text, place); });
         });

@@ -122,7 +122,7 @@ void FileDesk::readAgain()
     const bool isGood = m_runner.Run(forms, QStringLiteral("watch"));
     m_isReadingAgain = false;
     // While something runs the watch comes again.
-    if (!isGood && m_runner.IsBusy())
+    if (!isGood && m_runner.IsRunning())
         return;
     // A file that is damaged now may be whole when it changes next.
     m_lost = isGood ? QStringList() : files;
@@ -147,7 +147,7 @@ void FileDesk::showRecent(QMenu& menu)
         QAction* const action =
             menu.addAction(i < 9 ? QStringLiteral("&%1 %2").arg(i + 1).arg(name) : name);
         action->setToolTip(path);
-        action->setEnabled(QFileInfo::exists(path) && !m_runner.IsBusy());
+        action->setEnabled(QFileInfo::exists(path) && !m_runner.IsRunning());
         connect(action, &QAction::triggered, this,
                 [this, path] { Guarded([&] { m_runner.Run(pathForm("doc:load", path)); }); });
     }
@@ -157,7 +157,7 @@ void FileDesk::showRecent(QMenu& menu)
 
 void FileDesk::Take(const QStringList& paths, bool add)
 {
-    if (m_runner.IsBusy()) {
+    if (m_runner.IsRunning()) {
         QTimer::singleShot(kLookAgainMs, this,
                            [this, paths, add] { Guarded([&] { Take(paths, add); }); });
         return;

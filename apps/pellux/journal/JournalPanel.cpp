@@ -223,7 +223,7 @@ bool JournalPanel::Save(const QString& path)
 
 void JournalPanel::Replay()
 {
-    if (m_runner.IsBusy())
+    if (m_runner.IsRunning())
         return;
     // The journal of this run grows while it is replayed: what it holds now counts.
     const std::wstring text = FromQt(Text());

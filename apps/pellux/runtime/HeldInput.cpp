@@ -2,8 +2,6 @@
 
 #include "runtime/Guarded.h"
 
-#include <OrvikCore/JobDispatcher.h>
-
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QTimer>
@@ -22,7 +20,7 @@ QT_END_NAMESPACE
 namespace Pellux {
 namespace {
 
-/// How often to look whether the worker is idle again, milliseconds.
+/// How often to look whether the wait has ended, milliseconds.
 constexpr int kLookAgainMs = 5;
 
 bool isKept(const QEvent& event)
@@ -140,7 +138,7 @@ void HeldInput::HandOnLater()
 /// What is handed on may run a job, which keeps the rest waiting, and more comes behind it.
 void HeldInput::handOn()
 {
-    while (!m_kept.empty() && !m_isHolding && !OrvikCore::JobDispatcher::Instance().IsBusy()) {
+    while (!m_kept.empty() && !m_isHolding) {
         const Kept kept = std::move(m_kept.front());
         m_kept.pop_front();
         const auto& [receiver, event] = kept;
