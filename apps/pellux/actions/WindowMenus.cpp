@@ -11,6 +11,7 @@
 #include <HostRuntime.h>
 
 #include <QDockWidget>
+#include <QEvent>
 #include <QMainWindow>
 #include <QMenu>
 #include <QToolBar>
@@ -98,13 +99,13 @@ bool WindowMenus::ReplayJournal(const QString& path)
 void WindowMenus::addPanelActions()
 {
     ActionDefinitions actions;
-    for (const auto* const dock :
+    for (auto* const dock :
          m_window.findChildren<QDockWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
         actions.push_back(panelAction(dock->objectName(), dock->windowTitle()));
-        // The title bar of the dock hides it too.
+        dock->installEventFilter(this);
         connect(dock, &QDockWidget::visibilityChanged, this, [this] {
             Guarded([this] {
-                if (!m_runner.IsBusy())
+                if (!m_runner.IsRunning())
                     m_actions.Refresh();
             });
         });
@@ -114,6 +115,20 @@ void WindowMenus::addPanelActions()
         actions.push_back(panelAction(bar->objectName(), bar->windowTitle()));
     actions.push_back(resetAction());
     m_actions.Add(actions);
+}
+
+/// The button of its title and the window manager ask a dock to close; the command does it.
+bool WindowMenus::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Close)
+        return QObject::eventFilter(watched, event);
+    event->ignore();
+    Guarded([&] {
+        QAction* const action = m_actions.Find("panel." + watched->objectName().toLatin1());
+        if (action != nullptr && action->isChecked())
+            action->trigger();
+    });
+    return true;
 }
 
 void WindowMenus::addRecentMenu()

@@ -40,6 +40,9 @@ public:
     /// @return false when it cannot be read; the panel says why.
     bool ReplayJournal(const QString& path);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void addPanelActions();
     void addRecentMenu();

@@ -31,6 +31,13 @@ namespace {
 /// Of a program that was ended while something ran.
 constexpr int kForcedExitCode = 1;
 
+/// Windows are not closed one by one before, as quit() does: a floating panel would be remembered
+/// as one that was put away.
+void endEventLoop()
+{
+    QCoreApplication::exit();
+}
+
 } // namespace
 
 WindowRun::WindowRun(const WindowOptions& options)
@@ -91,8 +98,7 @@ void WindowRun::makeWindow()
     m_window =
         std::make_unique<MainWindow>(m_runner, m_host, ChooseGraphics(m_options.graphics, trial));
     m_closing = std::make_unique<Closing>(m_runner, m_held, *m_window, [this] { endAtOnce(); });
-    QObject::connect(m_window.get(), &MainWindow::CloseWanted, &m_runner,
-                     [] { QCoreApplication::quit(); });
+    QObject::connect(m_window.get(), &MainWindow::CloseWanted, &m_runner, &endEventLoop);
     m_window->Crashes().ShowRuns(FindCrashedRuns(Folders().GetStateFolder() + L"/running"));
     m_runner.SetStarting(true);
     m_window->show();
@@ -126,7 +132,7 @@ void WindowRun::endIfAsked()
     const bool isOver =
         m_interrupts.WasInterrupted() || (application != nullptr && application->IsQuitRequested());
     if (isOver && !m_runner.IsRunning())
-        QCoreApplication::quit();
+        endEventLoop();
 }
 
 void WindowRun::endAtOnce()
