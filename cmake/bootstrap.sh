@@ -9,6 +9,8 @@ build_packages="g++ cmake ninja-build pkg-config
     qt6-base-dev libqt6opengl6-dev
     libocct-foundation-dev libocct-modeling-data-dev libocct-modeling-algorithms-dev
     libocct-ocaf-dev libocct-data-exchange-dev"
+# What the window needs besides to run: desktops without an X server.
+window_packages="qt6-wayland"
 test_packages="libgtest-dev libgmock-dev libx11-dev xvfb xauth xdotool"
 check_packages="clang-format clang-tidy g++-mingw-w64-x86-64-posix"
 

@@ -4,18 +4,33 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace {
 
+struct Display
+{
+    const char* name;
+    const char* scaleFactor; ///< Of Qt under X.
+    int waylandScale;        ///< Of the compositor; 0 for none.
+};
+
+void PrintTo(const Display& display, std::ostream* stream)
+{
+    *stream << display.name;
+}
+
 /// The window where a pixel of the user interface is several of the display.
-class PixelRatio : public ::testing::TestWithParam<const char*>
+class PixelRatio : public ::testing::TestWithParam<Display>
 {
 protected:
     void SetUp() override
     {
+        if (GetParam().waylandScale > 0)
+            m_x.UseWayland(GetParam().waylandScale);
         if (!m_x.WhyNot().empty())
             GTEST_SKIP() << m_x.WhyNot();
     }
@@ -96,7 +111,7 @@ TEST_P(PixelRatio, AClickFindsWhatLiesUnderThePointer)
     ASSERT_TRUE(m_x.Start({left, right, "--eval", "(view:animate #f)", "--eval", "(view:front)",
                            "--eval", "(view:display-edges #f)", "--eval", "(view:zoom-all)",
                            "--eval", m_x.Writing("ready", "1")},
-                          std::string("QT_SCALE_FACTOR=") + GetParam()));
+                          std::string("QT_SCALE_FACTOR=") + GetParam().scaleFactor));
     ASSERT_TRUE(XSession::Until([&] { return m_x.Read("ready") == "1"; }));
     std::vector<int> border;
     ASSERT_TRUE(XSession::Until([&] {
@@ -114,11 +129,11 @@ TEST_P(PixelRatio, AClickFindsWhatLiesUnderThePointer)
     EXPECT_EQ(between.find(";= pick edge "), 0U) << between;
 }
 
-INSTANTIATE_TEST_SUITE_P(Displays, PixelRatio, ::testing::Values("1", "1.5", "2"),
-                         [](const auto& tested) {
-                             std::string name = "Times" + std::string(tested.param);
-                             std::replace(name.begin(), name.end(), '.', '_');
-                             return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(Displays, PixelRatio,
+                         ::testing::Values(Display{"Times1", "1", 0}, Display{"Times1_5", "1.5", 0},
+                                           Display{"Times2", "2", 0},
+                                           Display{"WaylandTimes1", "1", 1},
+                                           Display{"WaylandTimes2", "1", 2}),
+                         [](const auto& tested) { return tested.param.name; });
 
 } // namespace

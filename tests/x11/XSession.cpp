@@ -18,6 +18,12 @@ namespace {
 constexpr int kSteps = 600;
 constexpr unsigned kStepUs = 50'000;
 
+constexpr int kWidth = 1400;
+constexpr int kHeight = 1000;
+
+/// The socket of the compositor, in the session's folder.
+constexpr char kWayland[] = "compositor";
+
 bool isThere(const char* program)
 {
     return std::system(("command -v " + std::string(program) + " >/dev/null 2>&1").c_str()) == 0;
@@ -52,7 +58,8 @@ XSession::XSession()
         return;
     const std::string number = (m_dir.Path() / "display").string();
     // Without repetition: on a loaded machine a key would seem to be held down.
-    m_displayProcess = start("Xvfb -r -displayfd 7 -screen 0 1400x1000x24 -nolisten tcp -fbdir '" +
+    m_displayProcess = start("Xvfb -r -displayfd 7 -screen 0 " + std::to_string(kWidth) + "x" +
+                             std::to_string(kHeight) + "x24 -nolisten tcp -fbdir '" +
                              m_dir.Path().string() + "' 7>'" + number + "' >/dev/null 2>&1");
     if (!Until([&] { return !Read("display").empty(); })) {
         m_whyNot = "Xvfb does not start";
@@ -64,6 +71,7 @@ XSession::XSession()
 XSession::~XSession()
 {
     end(m_hasEnded ? 0 : m_process, SIGKILL);
+    end(m_compositor, SIGTERM);
     // The display is to take its lock away: displays that start at the same time would both take
     // over one that was left, and one of them loses.
     end(m_displayProcess, SIGTERM);
@@ -79,17 +87,46 @@ bool XSession::Until(const std::function<bool()>& holds)
     return false;
 }
 
+bool XSession::UseWayland(int scale)
+{
+    if (!m_whyNot.empty())
+        return false;
+    if (!isThere("weston")) {
+        m_whyNot = "weston is not installed";
+        return false;
+    }
+    // It counts the pointer's way from where it first sees it.
+    Do("mousemove 0 0");
+    m_compositor =
+        start("env DISPLAY=" + m_display + " XDG_RUNTIME_DIR='" + m_dir.Path().string() +
+              "' weston --no-config --backend=x11-backend.so --use-pixman"
+              " --shell=kiosk-shell.so --idle-time=0 --width=" +
+              std::to_string(kWidth / scale) + " --height=" + std::to_string(kHeight / scale) +
+              " --scale=" + std::to_string(scale) + " --socket=" + kWayland + " >'" +
+              (m_dir.Path() / "compositor.log").string() + "' 2>&1");
+    if (!Until([this] { return std::filesystem::exists(m_dir.Path() / kWayland); })) {
+        m_whyNot = "weston does not start";
+        return false;
+    }
+    return true;
+}
+
 bool XSession::Start(const std::vector<std::string>& arguments, const std::string& environment)
 {
     const std::string folder = m_dir.Path().string();
-    std::string command = "env DISPLAY=" + m_display + " QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8 " +
-                          "XDG_RUNTIME_DIR='" + folder + "' XDG_CONFIG_HOME='" + folder +
-                          "/config' XDG_STATE_HOME='" + folder + "/state' " + environment + " '" +
-                          (m_runFolder / "pellux").string() + "'";
+    const std::string platform =
+        m_compositor == 0
+            ? "DISPLAY=" + m_display + " QT_QPA_PLATFORM=xcb"
+            : "-u DISPLAY WAYLAND_DISPLAY=" + std::string(kWayland) + " QT_QPA_PLATFORM=wayland";
+    std::string command = "env " + platform + " LC_ALL=C.UTF-8 " + "XDG_RUNTIME_DIR='" + folder +
+                          "' XDG_CONFIG_HOME='" + folder + "/config' XDG_STATE_HOME='" + folder +
+                          "/state' " + environment + " '" + (m_runFolder / "pellux").string() + "'";
     for (const std::string& argument : arguments)
         command += " '" + argument + "'";
     m_hasEnded = false;
     m_process = start(command + " >'" + folder + "/output' 2>'" + folder + "/errors' </dev/null");
+    if (m_compositor != 0)
+        return true;
     return Until([this] { return HasEnded() || HasWindow("Pellux"); }) && !m_hasEnded;
 }
 

@@ -33,6 +33,13 @@ public:
     /// @param environment  Words such as "A=b" before the command.
     bool Start(const std::vector<std::string>& arguments, const std::string& environment = {});
 
+    /// Lets a compositor of Wayland fill the display; the program is started in it from now on, and
+    /// fills it too. What is sent and what pixels show goes through the compositor. Its windows
+    /// cannot be looked for.
+    /// @param scale  Pixels of the display for one of the user interface.
+    /// @return false when there is none; WhyNot() says why.
+    bool UseWayland(int scale);
+
     /// Starts programs of another folder from now on.
     void UseRunFolder(const std::filesystem::path& folder) { m_runFolder = folder; }
 
@@ -89,6 +96,7 @@ private:
     std::string m_whyNot;
     std::string m_display;
     int m_displayProcess = 0;
+    int m_compositor = 0; ///< Of Wayland; 0 without one.
     int m_process = 0;
     int m_status = -1;
     bool m_hasEnded = false;
