@@ -26,6 +26,14 @@ using Lock = OrvikOs::CriticalSection::Guard;
 /// another order of additions leave.
 constexpr double kSamePlace = 1e-5;
 
+/// How much of a form goes with each of its picks, characters.
+constexpr std::size_t kLongestForm = 200;
+
+std::wstring beginningOf(const std::wstring& form)
+{
+    return form.size() <= kLongestForm ? form : form.substr(0, kLongestForm) + L"...";
+}
+
 bool areNear(const double* a, const double* b, int count, double tolerance)
 {
     for (int i = 0; i < count; ++i)
@@ -128,7 +136,7 @@ ReplayOutcome Replay::Run(const std::wstring& text, const std::wstring& file)
     for (const JournalEntry& entry : contents.entries) {
         if (!m_beforeForm(entry.form))
             return outcome;
-        if (!runEntry(entry, file)) {
+        if (!runEntry(entry, file, outcome.stopText)) {
             outcome.stoppedLine = entry.line;
             return outcome;
         }
@@ -151,7 +159,7 @@ bool Replay::enterFolder(const std::wstring& folder)
            m_shell.RunScript(L"(chdir " + QuotedForScript(folder) + L")", output);
 }
 
-bool Replay::runEntry(const JournalEntry& entry, const std::wstring& file)
+bool Replay::runEntry(const JournalEntry& entry, const std::wstring& file, std::wstring& stopText)
 {
     {
         const Lock lock(m_lock);
@@ -164,7 +172,10 @@ bool Replay::runEntry(const JournalEntry& entry, const std::wstring& file)
     const bool good = m_shell.RunScript(entry.form, output);
     if (InputQueue* const input = good ? nullptr : CurrentInputQueue())
         input->Clear();
-    return good || entry.hasFailed;
+    if (good || entry.hasFailed)
+        return true;
+    stopText = output.substr(0, output.find_last_not_of(L" \r\n") + 1);
+    return false;
 }
 
 bool Replay::playInput(const JournalEntry& entry)
@@ -197,12 +208,13 @@ void Replay::compare(const JournalEntry& entry, ReplayOutcome& outcome)
         found.swap(m_found);
     }
     found.resize(std::max(found.size(), entry.picks.size()));
+    const std::wstring form = beginningOf(entry.form);
     for (std::size_t i = 0; i < entry.picks.size(); ++i) {
         PickNote there;
         there.entity = entry.picks[i].entity;
         const bool isThere = LocateEntity(m_session.Document(), there);
         const PickResult result = ComparePicks(entry.picks[i], found[i], isThere);
-        outcome.picks.push_back({entry.line, entry.form, entry.picks[i], found[i], result});
+        outcome.picks.push_back({entry.line, form, entry.picks[i], found[i], result});
         m_afterPick(outcome.picks.back());
     }
 }

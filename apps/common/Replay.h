@@ -47,6 +47,8 @@ PickResult ComparePicks(const PickNote& expected, const PickNote& found, bool is
 struct ReplayedPick
 {
     int line = 0; ///< Of the form in the journal.
+    /// Its beginning: at most 200 characters and "..." for the rest. One form can hold a pick for
+    /// each of many thousand bodies.
     std::wstring form;
     PickNote expected;
     PickNote found; ///< Nothing where the form made no such pick.
@@ -60,6 +62,7 @@ struct ReplayOutcome
     std::size_t formsRun = 0;
     std::vector<ReplayedPick> picks;
     int stoppedLine = 0;    ///< Of the form that failed; 0 when none did.
+    std::wstring stopText;  ///< What the form that failed said; the session printed it already.
     std::wstring errorText; ///< Of a journal that cannot be used: "<file>:<line>: <reason>".
     int cutLine = 0;        ///< Where a journal is cut short; 0 for a whole one.
     /// Of a journal that is cut short: "<file>:<line>: the journal is cut short: ...".
@@ -112,7 +115,7 @@ public:
 
 private:
     bool enterFolder(const std::wstring& folder);
-    bool runEntry(const JournalEntry& entry, const std::wstring& file);
+    bool runEntry(const JournalEntry& entry, const std::wstring& file, std::wstring& stopText);
     bool playInput(const JournalEntry& entry);
     bool playAll(InputQueue& input);
     void compare(const JournalEntry& entry, ReplayOutcome& outcome);

@@ -74,11 +74,12 @@ std::string DescribeReplay(const ReplayOutcome& outcome)
 
 std::string DescribeReplayJson(const ReplayOutcome& outcome, const std::wstring& file)
 {
+    const std::wstring& error = outcome.errorText.empty() ? outcome.stopText : outcome.errorText;
     std::string text =
         "{\"journal\": " + JsonQuoted(file) + ", \"forms\": " + std::to_string(outcome.formCount) +
         ", \"formsRun\": " + std::to_string(outcome.formsRun) + ", \"stoppedAtLine\": " +
         (outcome.stoppedLine == 0 ? "null" : std::to_string(outcome.stoppedLine)) +
-        ", \"error\": " + (outcome.errorText.empty() ? "null" : JsonQuoted(outcome.errorText)) +
+        ", \"error\": " + (error.empty() ? "null" : JsonQuoted(error)) +
         ", \"cutAtLine\": " + (outcome.cutLine == 0 ? "null" : std::to_string(outcome.cutLine)) +
         ", \"cut\": " + (outcome.cutText.empty() ? "null" : JsonQuoted(outcome.cutText));
     for (std::size_t i = 0; i < Pellux::kPickResults; ++i) {

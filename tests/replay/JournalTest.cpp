@@ -76,6 +76,37 @@ TEST_F(Journal, TellsWhatHasMovedWhatIsAnotherAndWhatIsGone)
     EXPECT_NE(report.find("\"found\": null}]}\n"), std::string::npos) << report;
 }
 
+TEST_F(Journal, TheReportTellsWhatTheFormSaidThatEndedTheReplay)
+{
+    record({"(view:iso)"});
+    fs::remove(m_process.Folder() / "box.stl");
+
+    const Outcome outcome = replay({"--report", "json:report.json"});
+
+    EXPECT_EQ(outcome.exitCode, 1);
+    const std::string report = ReadBytes(m_process.Folder() / "report.json");
+    EXPECT_NE(
+        report.find("\"formsRun\": 0, \"stoppedAtLine\": 5, \"error\": "
+                    "\"run.journal.scm:5:1: box.stl: No such file or directory\", \"cutAtLine\""),
+        std::string::npos)
+        << report;
+}
+
+TEST_F(Journal, TheReportDoesNotRepeatALongFormForEachOfItsPicks)
+{
+    std::string form = "(for-each (lambda (x) (app:pick-face x 5 100 0 0 -1 0)) '(";
+    for (int i = 0; i < 200; ++i)
+        form += "5 ";
+    record({form + "))"});
+
+    EXPECT_EQ(replay({"--report", "json:report.json"}).exitCode, 0);
+
+    const std::string report = ReadBytes(m_process.Folder() / "report.json");
+    EXPECT_NE(report.find("\"form\": \"" + form.substr(0, 200) + "...\""), std::string::npos)
+        << report;
+    EXPECT_EQ(report.find(form), std::string::npos);
+}
+
 TEST_F(Journal, PicksInsideLoopsAreComparedToo)
 {
     const std::string text =
