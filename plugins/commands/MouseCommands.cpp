@@ -11,6 +11,7 @@
 #include <TambCommandsInfra/CommandTable.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -195,18 +196,21 @@ Command wheelCommand()
     Parameter steps;
     steps.name = "steps";
     steps.type = ValueType::Integer;
-    steps.help = "how far the wheel turns; positive moves the eye away";
+    steps.help = "notches that the wheel turns; positive moves the eye away";
     steps.minimum = -100;
     steps.maximum = 100;
     command.parameters = {steps, PixelParameter("x", "column of the pointer"),
                           PixelParameter("y", "row of the pointer")};
     command.summary = "Turns the wheel over a place in the view.";
-    command.help = kWhenEventsAct;
+    command.help = std::string("Each step is an event of its own. ") + kWhenEventsAct;
     command.example = "(input:wheel -2 400 300)";
     command.handler = [](const Arguments& arguments) {
         return PostEvents([&](IInputQueue& queue) {
-            queue.PostWheel(
-                {pixelAt(arguments, "steps"), pixelAt(arguments, "x"), pixelAt(arguments, "y")});
+            // A hand turns notch by notch: one event of 20 notches would put the eye on its target.
+            const int notches = pixelAt(arguments, "steps");
+            for (int i = 0; i < std::abs(notches); ++i)
+                queue.PostWheel(
+                    {notches > 0 ? 1 : -1, pixelAt(arguments, "x"), pixelAt(arguments, "y")});
         });
     };
     return command;

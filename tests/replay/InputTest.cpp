@@ -150,6 +150,28 @@ TEST_F(Input, DragsWheelAndHotkeyMoveTheCamera)
                                                            "(view:camera)\n"));
 }
 
+TEST_F(Input, TheWheelTurnsNotchByNotch)
+{
+    m_process.Write("box.stl", BoxStl(10, 20, 30));
+
+    const Outcome outcome =
+        run("box.stl", "(define (away) (let ((c (view:camera))) (map - (car c) (cadr c))))\n"
+                       "(define before (away))\n"
+                       "(define (shares) (map (lambda (a b) (/ (round (* 1000 (/ a b))) 1000)) "
+                       "(away) before))\n"
+                       "(input:wheel -30 480 360)\n"
+                       "(app:print \"in \" (shares))\n"
+                       "(input:wheel 100 480 360)\n"
+                       "(input:wheel -100 480 360)\n"
+                       "(input:wheel 0 480 360)\n"
+                       "(app:print \"there and back \" (< 0 (car (shares)) 1))\n");
+
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    // 0.95 to the power of 30.
+    EXPECT_NE(outcome.output.find("in (0.215 0.215 0.215)\n"), std::string::npos) << outcome.output;
+    EXPECT_NE(outcome.output.find("there and back #t\n"), std::string::npos) << outcome.output;
+}
+
 TEST_F(Input, RubberBandsSelectWhatTheyEncloseOrTouch)
 {
     m_process.ExpectGolden(
