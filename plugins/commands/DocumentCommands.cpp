@@ -6,6 +6,7 @@
 #include <OrvikCore/ASession.h>
 #include <OrvikCore/Document.h>
 #include <OrvikCore/SessionMgr.h>
+#include <OrvikOs/Directory.h>
 #include <OrvikOs/FpMasked.h>
 #include <TambCommandsInfra/CallGate.h>
 #include <TambCommandsInfra/CancelToken.h>
@@ -59,10 +60,19 @@ void showLoaded(ASession& session, const std::wstring& path, bool replace, Camer
         session.ZoomAll();
 }
 
+/// Whether there is something to put in the place of what is loaded. Worker thread.
+bool canBeLoaded(const std::wstring& path)
+{
+    return Utils::FileExists(path) && !OrvikOs::IsDirectory(path) &&
+           OrvikCore::SessionMgr::Instance().GetContentLoader(path) != nullptr;
+}
+
 /// Reads a file on the worker; the document and the view change in commits on the main thread.
-Value load(const std::wstring& path, bool replace, CameraMove move)
+Value load(const std::wstring& path, bool wantsReplace, CameraMove move)
 {
     ASession& session = Session();
+    // A slip in a name costs nobody the model: an importer says what is wrong and leaves it alone.
+    const bool replace = wantsReplace && canBeLoaded(path);
     if (replace)
         CallGate::Call([&session] { clearDocument(session); });
     // The view gets ready on the main thread while the file is read here.
@@ -97,6 +107,8 @@ Command loadCommand(const std::string& verb, bool replace)
         replace ? "Loads a model, in place of what is loaded." : "Adds a model to what is loaded.";
     command.help = "The format is known by the file's extension. A path that does not begin at the "
                    "root is looked for in the default input directory.";
+    if (replace)
+        command.help += " When there is no such file, or no loader for it, what is loaded stays.";
     command.example = "(" + command.name + " \"bracket.stl\")";
     command.effect = CommandEffect::Changes;
     command.handler = [replace](const Arguments& arguments) {

@@ -69,6 +69,28 @@ TEST(Files, AMissingFileIsAnError)
     process.ExpectGolden("missing", process.Run({"--no-startup", "absent.stl"}));
 }
 
+TEST(Files, ASlipInANameCostsNobodyTheModel)
+{
+    BatchProcess process;
+    fs::create_directory(process.Folder() / "folder.stl");
+    process.Write("model.unknown", "solid");
+
+    const Outcome outcome = process.Run(
+        {"--no-startup", gear, "--eval",
+         "(define (kept name) (catch #t (lambda () (doc:load name)) (lambda (key . rest) "
+         "(app:print (car rest) (length (doc:contents))))))",
+         "--eval",
+         "(for-each kept '(\"absent.stl\" \"absent.step\" \"model.unknown\" "
+         "\"folder.stl\"))",
+         "--eval", "(app:print (doc:contents) (list? (doc:bounding-box)))"});
+
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_NE(outcome.output.find("absent.stl: No such file or directory1\n"), std::string::npos)
+        << outcome.output;
+    EXPECT_NE(outcome.output.find("Cannot find a loader for model.unknown"), std::string::npos);
+    EXPECT_NE(outcome.output.find("(gear.stl)#t\n"), std::string::npos) << outcome.output;
+}
+
 TEST(Files, AnEmptyFileIsAnError)
 {
     BatchProcess process;
