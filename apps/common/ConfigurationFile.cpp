@@ -67,17 +67,31 @@ struct KeyValues
 
 using Values = std::vector<KeyValues>;
 
+/// The entries of a table as they follow each other in the file; the table has them by name.
+std::vector<std::pair<std::string_view, const toml::node*>> inFileOrder(const toml::table& table)
+{
+    std::vector<std::pair<std::string_view, const toml::node*>> entries;
+    for (const auto& [key, node] : table)
+        entries.emplace_back(key.str(), &node);
+    std::stable_sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
+        const toml::source_position& first = a.second->source().begin;
+        const toml::source_position& second = b.second->source().begin;
+        return first < second;
+    });
+    return entries;
+}
+
 Values readSection(const toml::table& table)
 {
     Values values;
-    for (const auto& [key, node] : table) {
-        values.push_back({widen(key.str()), placeText(node.source()), {}});
+    for (const auto& [key, node] : inFileOrder(table)) {
+        values.push_back({widen(key), placeText(node->source()), {}});
         std::vector<std::wstring>& texts = values.back().texts;
-        if (const toml::array* const elements = node.as_array()) {
+        if (const toml::array* const elements = node->as_array()) {
             for (const toml::node& element : *elements)
-                texts.push_back(scalarText(element, key.str()));
+                texts.push_back(scalarText(element, key));
         } else {
-            texts.push_back(scalarText(node, key.str()));
+            texts.push_back(scalarText(*node, key));
         }
     }
     return values;

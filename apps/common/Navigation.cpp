@@ -160,8 +160,11 @@ bool Navigation::SetRows(const std::vector<std::pair<std::wstring, std::wstring>
         return false;
     }
     NavigationTable table = base == nullptr ? NavigationTable() : *base;
+    std::vector<std::pair<OrvikCore::MouseGesture, std::wstring>> taken;
     for (const auto& [gesture, action] : rows) {
         errorText = table.SetRow(gesture, action);
+        if (errorText.empty())
+            errorText = noteRow(gesture, taken);
         if (!errorText.empty())
             return false;
     }

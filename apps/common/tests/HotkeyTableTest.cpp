@@ -83,6 +83,9 @@ TEST_F(Hotkeys, BoundTwiceAreAnError)
 {
     EXPECT_EQ(read("[hotkeys]\n\"Ctrl-F\" = \"(a)\"\n\"Ctrl-f\" = \"(b)\"\n"),
               L"k.toml:3:12: \"Ctrl-f\" is the same shortcut as \"Ctrl-F\"");
+    m_configuration = {};
+    EXPECT_EQ(read("[hotkeys]\n\"Ctrl-f\" = \"(a)\"\n\"Ctrl-F\" = \"(b)\"\n", "b.toml"),
+              L"b.toml:3:12: \"Ctrl-F\" is the same shortcut as \"Ctrl-f\"");
 }
 
 } // namespace

@@ -210,6 +210,19 @@ TEST_F(NavigationChoice, ErrorsNameTheLine)
                   L"select, add and none");
 }
 
+TEST_F(NavigationChoice, RowsOfACommandAreTwiceAnErrorToo)
+{
+    std::wstring errorText;
+
+    EXPECT_FALSE(
+        m_navigation.SetRows({{L"left", L"pan"}, {L"left", L"zoom"}}, L"default", errorText));
+    EXPECT_EQ(errorText, L"\"left\" has more than one action");
+    EXPECT_FALSE(m_navigation.SetRows({{L"left+right", L"pan"}, {L"right+left", L"zoom"}},
+                                      L"left-rotates", errorText));
+    EXPECT_EQ(errorText, L"\"right+left\" is the same row as \"left+right\"");
+    EXPECT_EQ(m_navigation.GetNavigation(), L"default");
+}
+
 TEST_F(NavigationChoice, AnAddingRubberBandKeepsWhatWasSelected)
 {
     FakeSession& session = MakeCurrentFakeSession();
