@@ -63,16 +63,10 @@ std::vector<double> coordinates(const Value& points)
 {
     std::vector<double> numbers;
     for (const Value& point : points.AsList()) {
-        const bool isPoint = point.GetKind() == Value::Kind::List && point.AsList().size() == 3;
-        for (std::size_t i = 0; isPoint && i < 3; ++i) {
-            const Value& number = point.AsList()[i];
-            if ((number.GetKind() == Value::Kind::Integer ||
-                 number.GetKind() == Value::Kind::Real) &&
-                std::isfinite(number.AsReal()))
-                numbers.push_back(number.AsReal());
-        }
-        if (!isPoint || numbers.size() % 3 != 0)
+        if (!IsThreeNumbers(point))
             throw WrongArgument(kDrawPolyline, "points", "a list of lists of three numbers", point);
+        const std::array<double, 3> place = PlaceFrom(kDrawPolyline, "points", point);
+        numbers.insert(numbers.end(), place.begin(), place.end());
     }
     if (numbers.size() < 6)
         throw WrongArgument(kDrawPolyline, "points", "at least two points", points);
@@ -129,7 +123,7 @@ Command drawTextCommand()
     command.example = "(view:draw-text \"bore 12 mm\" '(0 0 20))";
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments& arguments) {
-        const std::array<double, 3> place = arguments["place"].AsVector();
+        const std::array<double, 3> place = PlaceFrom(kDrawText, "place", arguments["place"]);
         if (arguments["text"].AsString().empty())
             throw WrongArgument(kDrawText, "text", "a text with something in it",
                                 arguments["text"]);

@@ -98,10 +98,14 @@ Command projectionCommand()
     command.summary = "Chooses between parallel projection and perspective.";
     command.help = "The camera stays where it is; what lies at the depth of its target keeps its "
                    "size.";
+    command.help += " \"orthographic\" is another word for \"parallel\".";
     command.example = "(view:projection \"perspective\")";
     command.handler = [declared = command](const Arguments& arguments) {
+        const Value& kind = arguments["kind"];
+        const bool isOrthographic =
+            kind.GetKind() == Value::Kind::String && kind.AsString() == L"orthographic";
         const std::string word =
-            wordArgument(declared, arguments["kind"], "parallel", "perspective");
+            isOrthographic ? "parallel" : wordArgument(declared, kind, "parallel", "perspective");
         bool now = false;
         ChangeView([&] {
             if (!word.empty())
@@ -207,15 +211,6 @@ Command restoreCameraCommand(const std::shared_ptr<SavedCameras>& cameras)
     return command;
 }
 
-bool isThreeNumbers(const Value& value)
-{
-    const auto isNumber = [](const Value& item) {
-        return item.GetKind() == Value::Kind::Integer || item.GetKind() == Value::Kind::Real;
-    };
-    return value.GetKind() == Value::Kind::List && value.AsList().size() == 3 &&
-           std::all_of(value.AsList().begin(), value.AsList().end(), isNumber);
-}
-
 Command rotationCenterCommand()
 {
     Command command;
@@ -236,7 +231,7 @@ Command rotationCenterCommand()
     command.handler = [name = command.name](const Arguments& arguments) {
         const Value& given = arguments["point"];
         const bool isMiddle = given.GetKind() == Value::Kind::Bool && !given.AsBool();
-        const bool isPoint = isThreeNumbers(given);
+        const bool isPoint = IsThreeNumbers(given);
         if (arguments.IsGiven("point") && !isMiddle && !isPoint)
             throw WrongArgument(name, "point", "a point (three numbers), or #f", given);
         std::array<float, 3> now = {};
@@ -245,7 +240,7 @@ Command rotationCenterCommand()
             if (isMiddle) {
                 camera.SetRotationCenter(CurrentView().GetGeometryCenter());
             } else if (isPoint) {
-                const std::array<double, 3> wanted = given.AsVector();
+                const std::array<double, 3> wanted = PlaceFrom(name, "point", given);
                 for (std::size_t i = 0; i < 3; ++i)
                     now[i] = static_cast<float>(wanted[i]);
                 camera.SetRotationCenter(now.data());

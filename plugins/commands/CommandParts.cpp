@@ -5,6 +5,8 @@
 #include <TambCommandsInfra/ICommandObject.h>
 #include <TambVizCore/Utils.h>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace OrvikCommands {
@@ -20,6 +22,9 @@ namespace {
 /// Largest side of a picture, pixels.
 /// The longest row of a PNG file; the driver of the view usually allows less, and says so.
 constexpr double kMaxPictureSide = 1000000;
+
+/// Largest coordinate of a place, in amount; its square is a float still.
+constexpr double kFarthest = 1e18;
 
 TambServiceSetCollectionBase& services()
 {
@@ -108,6 +113,26 @@ TambCommandsInfra::CommandError WrongArgument(const std::string& command,
     return TambCommandsInfra::CommandError(command + ": parameter \"" + parameter +
                                            "\": expected " + expected + ", got " +
                                            TambCommandsInfra::DescribeValue(got) + ".");
+}
+
+bool IsThreeNumbers(const Value& value)
+{
+    const auto isNumber = [](const Value& item) {
+        return item.GetKind() == Value::Kind::Integer || item.GetKind() == Value::Kind::Real;
+    };
+    return value.GetKind() == Value::Kind::List && value.AsList().size() == 3 &&
+           std::all_of(value.AsList().begin(), value.AsList().end(), isNumber);
+}
+
+std::array<double, 3> PlaceFrom(const std::string& command, const std::string& parameter,
+                                const Value& value)
+{
+    const std::array<double, 3> place = value.AsVector();
+    for (const double coordinate : place)
+        if (!(std::fabs(coordinate) <= kFarthest))
+            throw WrongArgument(command, parameter, "coordinates of at most 1e+18 in amount",
+                                value);
+    return place;
 }
 
 std::wstring InFolder(const std::wstring& folder, const std::wstring& path)

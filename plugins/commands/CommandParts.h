@@ -4,6 +4,7 @@
 #include <TambCommandsInfra/Command.h>
 #include <TambCommandsInfra/CommandError.h>
 
+#include <array>
 #include <string>
 
 class ITambApplicationCoreServices;
@@ -41,6 +42,15 @@ TambCommandsInfra::CommandError WrongArgument(const std::string& command,
                                               const std::string& parameter,
                                               const std::string& expected,
                                               const TambCommandsInfra::Value& got);
+
+/// Whether a value is a list of three numbers, finite or not.
+bool IsThreeNumbers(const TambCommandsInfra::Value& value);
+
+/// @return the coordinates of a list of three numbers, fit for a scene of single precision.
+/// @throws CommandError "..., expected coordinates of at most 1e+18 in amount, ..." for others:
+///         their squares would not be numbers.
+std::array<double, 3> PlaceFrom(const std::string& command, const std::string& parameter,
+                                const TambCommandsInfra::Value& value);
 
 /// Makes a path that does not begin at the root relative to @p folder; "." leaves it alone.
 std::wstring InFolder(const std::wstring& folder, const std::wstring& path);

@@ -25,12 +25,13 @@ using TambCommandsInfra::Presence;
 using TambCommandsInfra::Value;
 using TambCommandsInfra::ValueType;
 
+const char kDrawArrow[] = "view:draw-arrow";
 const char kDrawMesh[] = "view:draw-mesh";
 
 Command drawArrowCommand()
 {
     Command command;
-    command.name = "view:draw-arrow";
+    command.name = kDrawArrow;
     command.parameters = {PointParameter("from", "where the arrow begins"),
                           PointParameter("to", "where its point is")};
     command.summary = "Draws an arrow over the model.";
@@ -38,11 +39,10 @@ Command drawArrowCommand()
     command.example = "(view:draw-arrow '(0 0 0) '(0 0 50))";
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments& arguments) {
-        const std::array<double, 3> from = arguments["from"].AsVector();
-        const std::array<double, 3> to = arguments["to"].AsVector();
+        const std::array<double, 3> from = PlaceFrom(kDrawArrow, "from", arguments["from"]);
+        const std::array<double, 3> to = PlaceFrom(kDrawArrow, "to", arguments["to"]);
         if (from == to)
-            throw WrongArgument("view:draw-arrow", "to", "another point than \"from\"",
-                                arguments["to"]);
+            throw WrongArgument(kDrawArrow, "to", "another point than \"from\"", arguments["to"]);
         ViewServices().DrawArrow(from[0], from[1], from[2], to[0], to[1], to[2]);
         return Value();
     };
@@ -62,23 +62,15 @@ Parameter listParameter(const char* name, const char* help, const char* unit, Pr
     return parameter;
 }
 
-bool isNumber(const Value& value)
-{
-    return value.GetKind() == Value::Kind::Integer || value.GetKind() == Value::Kind::Real;
-}
-
 /// Makes one list of numbers out of a list of lists of three.
 std::vector<float> triples(const char* parameter, const Arguments& arguments)
 {
     std::vector<float> numbers;
     for (const Value& triple : arguments[parameter].AsList()) {
-        const bool isTriple = triple.GetKind() == Value::Kind::List &&
-                              triple.AsList().size() == 3 && isNumber(triple.AsList()[0]) &&
-                              isNumber(triple.AsList()[1]) && isNumber(triple.AsList()[2]);
-        if (!isTriple)
+        if (!IsThreeNumbers(triple))
             throw WrongArgument(kDrawMesh, parameter, "a list of lists of three numbers", triple);
-        for (const Value& number : triple.AsList())
-            numbers.push_back(static_cast<float>(number.AsReal()));
+        for (const double number : PlaceFrom(kDrawMesh, parameter, triple))
+            numbers.push_back(static_cast<float>(number));
     }
     return numbers;
 }

@@ -10,6 +10,7 @@
 #include <TambVizCore/Node.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace OrvikCommands {
 namespace {
@@ -60,7 +61,8 @@ double presentAmount()
         if (square > 0.0)
             amount = std::max(amount, along / square);
     }
-    return amount;
+    // The displacements have rounded the last digits.
+    return std::round(amount * 1e9) / 1e9;
 }
 
 Command explosionCommand()

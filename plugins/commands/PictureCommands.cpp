@@ -32,6 +32,11 @@ using TambCommandsInfra::Parameter;
 using TambCommandsInfra::Presence;
 using TambCommandsInfra::Value;
 using TambCommandsInfra::ValueType;
+using TambVizCore::Utils;
+
+/// Endings of pictures that are no PNG files.
+constexpr const wchar_t* kOtherPictures[] = {L"BMP", L"EXR", L"GIF", L"JPEG", L"JPG",  L"PDF",
+                                             L"PPM", L"SVG", L"TGA", L"TIF",  L"TIFF", L"WEBP"};
 
 OrvikCore::ABufferManipulator& pictures()
 {
@@ -67,8 +72,14 @@ int sideArgument(const Arguments& arguments, const char* name)
     return arguments.IsGiven(name) ? static_cast<int>(arguments[name].AsInteger()) : 0;
 }
 
-std::wstring outputPath(const Arguments& arguments)
+/// @throws CommandError for a name that promises another kind of picture.
+std::wstring outputPath(const std::string& command, const Arguments& arguments)
 {
+    const std::wstring extension =
+        Utils::ToUpperAscii(Utils::GetFileExtension(arguments["path"].AsString()));
+    for (const wchar_t* const other : kOtherPictures)
+        if (extension == other)
+            throw WrongArgument(command, "path", "the name of a PNG file", arguments["path"]);
     return InFolder(OrvikCore::SessionMgr::Instance().GetDefaultOutputDirectory(),
                     arguments["path"].AsString());
 }
@@ -115,8 +126,8 @@ Command saveImageCommand()
                    "draws the picture again.";
     command.example = "(view:save-image \"part.png\" 1920 1080)";
     command.effect = CommandEffect::Changes;
-    command.handler = [](const Arguments& arguments) {
-        const std::wstring path = outputPath(arguments);
+    command.handler = [name = command.name](const Arguments& arguments) {
+        const std::wstring path = outputPath(name, arguments);
         CallGate::Call([&] {
             std::optional<TransparentBackground> background;
             if (arguments["transparent"].AsBool())
@@ -124,7 +135,7 @@ Command saveImageCommand()
             std::wstring reason;
             if (!pictures().SaveImage(path, sideArgument(arguments, "width"),
                                       sideArgument(arguments, "height"), &reason))
-                throw std::runtime_error(TambVizCore::Utils::WstringToString(reason));
+                throw std::runtime_error(Utils::WstringToString(reason));
         });
         return Value();
     };
@@ -171,8 +182,8 @@ Command idPictureCommand()
                    "at the root is meant in the default output directory.";
     command.example = "(view:id-picture \"ids.png\" 400 300)";
     command.effect = CommandEffect::Changes;
-    command.handler = [](const Arguments& arguments) {
-        const std::wstring path = outputPath(arguments);
+    command.handler = [name = command.name](const Arguments& arguments) {
+        const std::wstring path = outputPath(name, arguments);
         std::vector<TambVizCore::EntityId> entities;
         CallGate::Call([&] {
             auto* const saver = dynamic_cast<OrvikCore::IIdPictureSaver*>(&pictures());
@@ -181,7 +192,7 @@ Command idPictureCommand()
             std::wstring reason;
             if (!saver->SaveIdPicture(path, sideArgument(arguments, "width"),
                                       sideArgument(arguments, "height"), entities, &reason))
-                throw std::runtime_error(TambVizCore::Utils::WstringToString(reason));
+                throw std::runtime_error(Utils::WstringToString(reason));
         });
         Value::List drawn;
         for (const TambVizCore::EntityId& entity : entities)

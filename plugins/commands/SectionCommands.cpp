@@ -62,7 +62,8 @@ Value setSection(const Arguments& arguments)
     if (!(length > 0.0))
         throw WrongArgument(kSection, "normal", "a direction other than (0 0 0)",
                             arguments["normal"]);
-    const ClipPlane plane = planeThrough(arguments["point"].AsVector(), normal, length);
+    const ClipPlane plane =
+        planeThrough(PlaceFrom(kSection, "point", arguments["point"]), normal, length);
     const auto number = static_cast<std::size_t>(arguments["number"].AsInteger());
     ChangeView([&] {
         std::vector<ClipPlane> planes = CurrentOptions().GetClipPlanes();

@@ -118,6 +118,14 @@ TEST_F(ExplodeCommand, IsToldHowFarItIs)
     EXPECT_NEAR(run("view:explosion").AsReal(), 0.75, 1e-12);
 }
 
+TEST_F(ExplodeCommand, IsToldWithTheDigitsItWasGiven)
+{
+    for (const double amount : {0.51, 0.1, 0.3, 1.7, 9999.0}) {
+        run("view:explode", {amount});
+        EXPECT_EQ(run("view:explosion"), Value(amount));
+    }
+}
+
 TEST_F(ExplodeCommand, IsUndoneAndDoneAgain)
 {
     run("view:explode", {Value(1.0), Value(1)});

@@ -201,6 +201,27 @@ TEST_F(SceneCommands, WrongSectionsAreTold)
     EXPECT_NE(errorOf("view:section", {List{0, 0, 0}, List{0, 0, 1}, Value(4)}), "no error");
 }
 
+TEST_F(SceneCommands, PlacesThatSinglePrecisionCannotSquareAreRefused)
+{
+    const Value far = List{0, 1e300, 0};
+    const std::string got = "expected coordinates of at most 1e+18 in amount, got a list of 3 "
+                            "elements.";
+
+    EXPECT_EQ(errorOf("view:section", {far, List{0, 0, 1}}),
+              "view:section: parameter \"point\": " + got);
+    EXPECT_EQ(errorOf("view:draw-text", {L"a", far}),
+              "view:draw-text: parameter \"place\": " + got);
+    EXPECT_EQ(errorOf("view:draw-arrow", {List{0, 0, 0}, far}),
+              "view:draw-arrow: parameter \"to\": " + got);
+    EXPECT_EQ(errorOf("view:draw-polyline", {List{List{0, 0, 0}, far}}),
+              "view:draw-polyline: parameter \"points\": " + got);
+    EXPECT_EQ(errorOf("view:draw-mesh", {List{far}, List{}}),
+              "view:draw-mesh: parameter \"points\": " + got);
+    EXPECT_EQ(errorOf("view:draw-mesh",
+                      {List{List{0, 0, std::numeric_limits<double>::quiet_NaN()}}, List{}}),
+              "view:draw-mesh: parameter \"points\": " + got);
+}
+
 TEST_F(SceneCommands, PickGivesWhatIsUnderThePixelOrFalse)
 {
     EXPECT_EQ(run("view:pick", {Value(1), Value(1)}), Value(false));

@@ -62,6 +62,17 @@ TEST_F(ViewCommands, APictureHasAtLeastOnePixel)
               "pixels, got the integer 0.");
 }
 
+TEST_F(ViewCommands, APictureIsNotNamedAsOneOfAnotherKind)
+{
+    for (const wchar_t* const name : {L"a.jpg", L"folder.png/a.JPEG", L"a.bmp", L"a.tiff"})
+        for (const char* const command : {"view:save-image", "view:id-picture"})
+            EXPECT_NE(errorOf(command, {name}).find("expected the name of a PNG file, got"),
+                      std::string::npos)
+                << command;
+    for (const wchar_t* const name : {L"a.png", L"a.PNG", L"a", L"1.2"})
+        EXPECT_EQ(errorOf("view:save-image", {name}), "The program makes no pictures.");
+}
+
 TEST_F(ViewCommands, WithoutAPictureMakerThereIsNoSize)
 {
     EXPECT_EQ(errorOf("view:size"), "The program makes no pictures.");
