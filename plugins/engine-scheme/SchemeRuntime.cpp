@@ -231,6 +231,16 @@ const char kSchemeRuntime[] = R"scheme(
 ;; Ending the process from the worker would leave the application half alive.
 (module-define! user-module 'primitive-exit exit)
 
+;; A script is known by the name it was given; what it loads lies beside it, wherever that is.
+;; Guile looks for a relative folder in its load path alone.
+(set! (@@ (guile) load-in-vicinity)
+      (let ((load-beside load-in-vicinity))
+        (lambda (folder name . reader)
+          (apply load-beside
+                 (if (absolute-file-name? folder) folder (in-vicinity (getcwd) folder))
+                 name
+                 reader))))
+
 ;; Symbols in bars are read as one symbol, as the splitter of forms takes them.
 (read-enable 'r7rs-symbols)
 

@@ -91,6 +91,24 @@ TEST(Files, ASlipInANameCostsNobodyTheModel)
     EXPECT_NE(outcome.output.find("(gear.stl)#t\n"), std::string::npos) << outcome.output;
 }
 
+TEST(Files, AScriptLoadsWhatLiesBesideIt)
+{
+    BatchProcess process;
+    fs::create_directory(process.Folder() / "scripts");
+    process.Write("scripts/words.scm", "(define word \"beside\")");
+    process.Write("scripts/run.scm", "(load \"words.scm\")\n(app:print word)");
+    process.Write("here.scm", "(load \"scripts/words.scm\")\n(app:print \"here \" word)");
+
+    const Outcome outcome =
+        process.Run({"--script", "scripts/run.scm", "--script", "here.scm", "--eval",
+                     "(load \"scripts/words.scm\")", "--eval", "(load \"absent.scm\")"});
+
+    EXPECT_NE(outcome.output.find("\nbeside\n"), std::string::npos) << outcome.output;
+    EXPECT_NE(outcome.output.find("\nhere beside\n"), std::string::npos) << outcome.output;
+    EXPECT_NE(outcome.errors.find("/absent.scm"), std::string::npos) << outcome.errors;
+    EXPECT_EQ(outcome.exitCode, 1);
+}
+
 TEST(Files, AnEmptyFileIsAnError)
 {
     BatchProcess process;
