@@ -4,6 +4,7 @@
 #include "TreeReport.h"
 
 #include <OrvikCore/AContentLoader.h>
+#include <OrvikCore/AContentSaver.h>
 #include <OrvikCore/SessionMgr.h>
 #include <OrvikCore/Shell.h>
 #include <OrvikOs/Clock.h>
@@ -43,6 +44,12 @@ void listCommands()
                   << table.Find(name)->summary << '\n';
 }
 
+void listFormat(const std::wstring& extension, const char* use, const std::wstring& description)
+{
+    std::cout << Utils::WstringToString(Utils::ToLowerAscii(extension)) << "  " << use << "  "
+              << Utils::WstringToString(description) << '\n';
+}
+
 void listFormats()
 {
     for (OrvikCore::AContentLoader* const loader :
@@ -50,10 +57,13 @@ void listFormats()
         if (loader == nullptr)
             continue;
         for (const auto& [extension, description] : loader->ValidExtensions())
-            std::cout << Utils::WstringToString(Utils::ToLowerAscii(extension)) << "  "
-                      << (loader->IsImporter() ? "import" : "load  ") << "  "
-                      << Utils::WstringToString(description) << '\n';
+            listFormat(extension, loader->IsImporter() ? "import" : "load  ", description);
     }
+    for (OrvikCore::AContentSaver* const saver :
+         OrvikCore::SessionMgr::Instance().GetContentSaverList())
+        if (saver != nullptr)
+            for (const auto& [extension, description] : saver->ValidExtensions())
+                listFormat(extension, "save  ", description);
 }
 
 } // namespace

@@ -83,6 +83,9 @@ TEST(MainJob, ListsTheFormats)
     EXPECT_EQ(outcome.exitCode, 0);
     EXPECT_TRUE(std::regex_search(outcome.output, std::regex("(^|\n)\\.?stl +load")))
         << outcome.output;
+    for (const char* const line : {"\nstl  import  ", "\nstl  save    ", "\nobj  save    "})
+        EXPECT_NE(outcome.output.find(line), std::string::npos) << outcome.output;
+    EXPECT_EQ(outcome.output.find("\nglb  save"), std::string::npos) << outcome.output;
 }
 
 TEST(MainJob, ListsEveryCommandOfTheReference)
