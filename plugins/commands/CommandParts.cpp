@@ -23,8 +23,8 @@ namespace {
 /// The longest row of a PNG file; the driver of the view usually allows less, and says so.
 constexpr double kMaxPictureSide = 1000000;
 
-/// Largest coordinate of a place, in amount; its square is a float still.
-constexpr double kFarthest = 1e18;
+/// Largest coordinate of a place, in amount; sums of many such are floats still.
+constexpr double kFarthest = 1e30;
 
 TambServiceSetCollectionBase& services()
 {
@@ -130,7 +130,7 @@ std::array<double, 3> PlaceFrom(const std::string& command, const std::string& p
     const std::array<double, 3> place = value.AsVector();
     for (const double coordinate : place)
         if (!(std::fabs(coordinate) <= kFarthest))
-            throw WrongArgument(command, parameter, "coordinates of at most 1e+18 in amount",
+            throw WrongArgument(command, parameter, "coordinates of at most 1e+30 in amount",
                                 value);
     return place;
 }

@@ -47,8 +47,7 @@ TambCommandsInfra::CommandError WrongArgument(const std::string& command,
 bool IsThreeNumbers(const TambCommandsInfra::Value& value);
 
 /// @return the coordinates of a list of three numbers, fit for a scene of single precision.
-/// @throws CommandError "..., expected coordinates of at most 1e+18 in amount, ..." for others:
-///         their squares would not be numbers.
+/// @throws CommandError "..., expected coordinates of at most 1e+30 in amount, ..." for others.
 std::array<double, 3> PlaceFrom(const std::string& command, const std::string& parameter,
                                 const TambCommandsInfra::Value& value);
 

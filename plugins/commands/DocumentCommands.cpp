@@ -16,6 +16,7 @@
 #include <TambVizCore/Utils.h>
 
 #include <algorithm>
+#include <cmath>
 #include <stdexcept>
 #include <vector>
 
@@ -49,6 +50,24 @@ enum class CameraMove
     ToAll,
     None,
 };
+
+/// How near cameras come to their target (ACamera::SetCamera), mm.
+constexpr double kNearest = 0.0001;
+
+/// Says so when what is loaded is too small for a camera to come near. Worker thread.
+void warnOfSmallness(const std::wstring& path)
+{
+    double lo[3];
+    double hi[3];
+    if (!DocumentServices().GetBoundingBox(lo[0], lo[1], lo[2], hi[0], hi[1], hi[2]))
+        return;
+    const double across = std::hypot(hi[0] - lo[0], hi[1] - lo[1], hi[2] - lo[2]);
+    if (across > 0.0 && across < kNearest)
+        ApplicationServices().PrintWarningMessage(
+            path + L": all that is loaded is " +
+            Utils::StringToWstring(Utils::FormatGeneral(across, 3)) +
+            L" across; no camera comes nearer than 0.0001, so it may not be seen");
+}
 
 /// Shows what was loaded. Main thread.
 void showLoaded(ASession& session, const std::wstring& path, bool replace, CameraMove move)
@@ -93,6 +112,8 @@ Value load(const std::wstring& path, bool wantsReplace, CameraMove move)
     if (!loaded)
         throw std::runtime_error(Utils::WstringToString(path) + ": there is nothing in the file");
     CallGate::Call([&] { showLoaded(session, path, replace, move); });
+    if (move == CameraMove::ToAll)
+        warnOfSmallness(path);
     return Value(true);
 }
 

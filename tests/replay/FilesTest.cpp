@@ -1,4 +1,5 @@
 #include "BatchProcess.h"
+#include "SampleFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -89,6 +90,19 @@ TEST(Files, ASlipInANameCostsNobodyTheModel)
         << outcome.output;
     EXPECT_NE(outcome.output.find("Cannot find a loader for model.unknown"), std::string::npos);
     EXPECT_NE(outcome.output.find("(gear.stl)#t\n"), std::string::npos) << outcome.output;
+}
+
+TEST(Files, AModelTooSmallForACameraIsTold)
+{
+    BatchProcess process;
+    process.Write("tiny.stl", BoxStl(1e-9f, 1e-9f, 1e-9f));
+    process.Write("small.stl", BoxStl(1e-4f, 1e-4f, 1e-4f));
+
+    const Outcome outcome = process.Run({"tiny.stl", "small.stl"});
+
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.errors, "warning: tiny.stl: all that is loaded is 1.73e-09 across; no camera "
+                              "comes nearer than 0.0001, so it may not be seen\n");
 }
 
 TEST(Files, AScriptLoadsWhatLiesBesideIt)

@@ -201,10 +201,10 @@ TEST_F(SceneCommands, WrongSectionsAreTold)
     EXPECT_NE(errorOf("view:section", {List{0, 0, 0}, List{0, 0, 1}, Value(4)}), "no error");
 }
 
-TEST_F(SceneCommands, PlacesThatSinglePrecisionCannotSquareAreRefused)
+TEST_F(SceneCommands, PlacesBeyondSinglePrecisionAreRefused)
 {
     const Value far = List{0, 1e300, 0};
-    const std::string got = "expected coordinates of at most 1e+18 in amount, got a list of 3 "
+    const std::string got = "expected coordinates of at most 1e+30 in amount, got a list of 3 "
                             "elements.";
 
     EXPECT_EQ(errorOf("view:section", {far, List{0, 0, 1}}),
