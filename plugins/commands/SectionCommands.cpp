@@ -1,6 +1,7 @@
 #include "CommandParts.h"
 #include "Commands.h"
 #include "SceneParts.h"
+#include "ViewSteps.h"
 
 #include <TambCommandsInfra/CallGate.h>
 #include <TambCommandsInfra/CommandTable.h>
@@ -66,7 +67,8 @@ Value setSection(const Arguments& arguments)
         planeThrough(PlaceFrom(kSection, "point", arguments["point"]), normal, length);
     const auto number = static_cast<std::size_t>(arguments["number"].AsInteger());
     ChangeView([&] {
-        std::vector<ClipPlane> planes = CurrentOptions().GetClipPlanes();
+        SeeingInside wanted = SeeingInside::Present();
+        std::vector<ClipPlane>& planes = wanted.planes;
         if (number > planes.size() + 1)
             throw WrongArgument(kSection, "number",
                                 "at most " + std::to_string(planes.size() + 1) +
@@ -74,7 +76,7 @@ Value setSection(const Arguments& arguments)
                                 arguments["number"]);
         planes.resize(std::max(planes.size(), number));
         planes[number - 1] = plane;
-        CurrentOptions().SetClipPlanes(planes);
+        wanted.Apply();
     });
     return Value();
 }
@@ -93,7 +95,7 @@ Command sectionCommand()
     command.summary = "Cuts the model open along a plane.";
     command.help = "Up to three sections cut at a time; solids are closed in their colour where "
                    "they are cut. What is cut away is neither picked nor hovered. A number that "
-                   "is there already moves that section.";
+                   "is there already moves that section. view:undo takes it back.";
     command.example = "(view:section '(0 0 10) '(0 0 1))";
     command.effect = CommandEffect::Changes;
     command.handler = setSection;
@@ -138,7 +140,8 @@ Command sectionOffCommand()
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments& arguments) {
         ChangeView([&] {
-            std::vector<ClipPlane> planes = CurrentOptions().GetClipPlanes();
+            SeeingInside wanted = SeeingInside::Present();
+            std::vector<ClipPlane>& planes = wanted.planes;
             const Value& number = arguments["number"];
             if (number.GetKind() == Value::Kind::Nil)
                 planes.clear();
@@ -146,7 +149,7 @@ Command sectionOffCommand()
                 throw WrongArgument(kSectionOff, "number", "a section that is there", number);
             else
                 planes.erase(planes.begin() + (number.AsInteger() - 1));
-            CurrentOptions().SetClipPlanes(planes);
+            wanted.Apply();
         });
         return Value();
     };
@@ -171,7 +174,11 @@ Command sectionCapsCommand()
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments& arguments) {
         if (arguments.IsGiven("on"))
-            ChangeView([&] { CurrentOptions().SetShowCaps(arguments["on"].AsBool()); });
+            ChangeView([&] {
+                SeeingInside wanted = SeeingInside::Present();
+                wanted.showsCaps = arguments["on"].AsBool();
+                wanted.Apply();
+            });
         return Value(CallGate::Call([] { return CurrentOptions().GetShowCaps(); }));
     };
     return command;

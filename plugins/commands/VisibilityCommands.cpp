@@ -1,6 +1,7 @@
 #include "CommandParts.h"
 #include "Commands.h"
 #include "SceneParts.h"
+#include "ViewSteps.h"
 
 #include <TambCommandsInfra/CommandTable.h>
 #include <TambVizCore/AttributeOpacity.h>
@@ -115,14 +116,15 @@ Command isolateCommand()
             isDrawn = !kept.empty();
             if (!isDrawn)
                 return;
-            setVisible(OthersFinder(kept).Find(), false);
-            std::vector<RenderId> hidden;
+            std::vector<RenderId> changed = OthersFinder(kept).Find();
+            std::unordered_set<RenderId> shown;
             for (const RenderId& id : kept)
                 if (const Node* const node =
                         TambVizCore::FindRenderId(CurrentView().GetSceneRoot(), id).node;
-                    !node->IsVisible())
-                    hidden.push_back(id);
-            setVisible(hidden, true);
+                    !node->IsVisible() && shown.insert(id).second)
+                    changed.push_back(id);
+            if (!changed.empty())
+                CurrentUndo().ApplyToAll(changed, ShowOnly(std::move(shown)));
         });
         return Value(isDrawn);
     };
@@ -175,8 +177,8 @@ Command stepCommand(const std::string& word, Step step, const std::string& summa
     command.resultHelp = "#f when there is no such step";
     command.summary = summary;
     command.help =
-        "Steps are hiding, showing, isolating, exploding and making transparent, by script or "
-        "menu.";
+        "Steps are hiding, showing, isolating, exploding, making transparent, sections and x-ray, "
+        "by script or menu.";
     command.example = "(" + command.name + ")";
     command.effect = CommandEffect::Changes;
     command.handler = [step](const Arguments&) {
@@ -220,10 +222,15 @@ Command xRayCommand()
     command.name = "view:xray";
     command.parameters = {SwitchParameter("on", "#t when left out")};
     command.summary = "Draws everything that is not selected as through frosted glass.";
+    command.help = "view:undo takes it back.";
     command.example = "(view:xray #t)";
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments& arguments) {
-        ChangeView([&] { CurrentOptions().SetXRay(arguments["on"].AsBool()); });
+        ChangeView([&] {
+            SeeingInside wanted = SeeingInside::Present();
+            wanted.isXRay = arguments["on"].AsBool();
+            wanted.Apply();
+        });
         return Value();
     };
     return command;

@@ -88,8 +88,9 @@ void SectionControl::layOut()
 void SectionControl::connectParts()
 {
     m_live = new LiveCommand(
-        *m_slider, m_runner, [this] { RunQuietly("view:section", atSlider().Arguments(m_number)); },
+        *m_slider, m_runner, [this] { preview(); },
         [this] {
+            takePreviewBack();
             m_plane = atSlider();
             return m_plane.Form(m_number);
         });
@@ -112,6 +113,22 @@ void SectionControl::connectParts()
             if (!m_isFollowing)
                 Guarded([this] { chooseAxis(kFree); });
         });
+}
+
+void SectionControl::preview()
+{
+    takePreviewBack();
+    RunQuietly("view:section", atSlider().Arguments(m_number));
+    m_hasPreview = !(planes() == m_beforePreview);
+}
+
+/// One drag is one step for view:undo, the command's.
+void SectionControl::takePreviewBack()
+{
+    if (m_hasPreview)
+        RunQuietly("view:undo");
+    m_hasPreview = false;
+    m_beforePreview = planes();
 }
 
 void SectionControl::run()

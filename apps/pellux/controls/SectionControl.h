@@ -5,6 +5,7 @@
 
 #include <QGroupBox>
 #include <array>
+#include <vector>
 
 QT_BEGIN_NAMESPACE
 class QCheckBox;
@@ -48,6 +49,8 @@ private:
     void chooseAxis(int axis);
     void showPlane();
     void run();
+    void preview();
+    void takePreviewBack();
     SectionPlane atSlider() const;
     std::array<double, 2> range() const;
     std::vector<TambVizCore::ClipPlane> planes() const;
@@ -64,6 +67,8 @@ private:
     QWidget* m_freeNormal = nullptr;
     LiveCommand* m_live = nullptr;
     bool m_isFollowing = false;
+    bool m_hasPreview = false; ///< Whether the last step of the view is a preview.
+    std::vector<TambVizCore::ClipPlane> m_beforePreview;
 };
 
 } // namespace Pellux

@@ -130,6 +130,10 @@ TEST_F(SceneCommands, IsolateShowsWhatWasHidden)
     run("view:isolate", {ToValue(bodyId(4))});
 
     EXPECT_EQ(shown(), "--+");
+    run("view:undo");
+    EXPECT_EQ(shown(), "++-");
+    run("view:redo");
+    EXPECT_EQ(shown(), "--+");
 }
 
 TEST_F(SceneCommands, ShowAllShowsFacesToo)
@@ -185,6 +189,43 @@ TEST_F(SceneCommands, SectionsAreNumberedMovedAndTakenAway)
     EXPECT_EQ(planes[1].offset, 3.0f);
     run("view:section-off");
     EXPECT_TRUE(planes.empty());
+}
+
+TEST_F(SceneCommands, SectionsCapsAndXRayAreUndoneStepByStep)
+{
+    const auto& options = m_view.m_adapter.m_options;
+    run("view:section", {List{1, 0, 0}, List{1, 0, 0}});
+    run("view:section", {List{9, 0, 0}, List{1, 0, 0}});
+    run("view:xray");
+    run("view:section-caps", {Value(false)});
+    run("view:section-off");
+
+    run("view:undo");
+    ASSERT_EQ(options.GetClipPlanes().size(), 1u);
+    EXPECT_EQ(options.GetClipPlanes()[0].offset, 9.0f);
+    EXPECT_FALSE(options.GetShowCaps());
+    run("view:undo");
+    EXPECT_TRUE(options.GetShowCaps());
+    run("view:undo");
+    EXPECT_FALSE(options.GetXRay());
+    run("view:undo");
+    EXPECT_EQ(options.GetClipPlanes()[0].offset, 1.0f);
+    run("view:undo");
+    EXPECT_TRUE(options.GetClipPlanes().empty());
+    EXPECT_EQ(run("view:undo"), Value(false));
+    run("view:redo");
+    EXPECT_EQ(options.GetClipPlanes().size(), 1u);
+}
+
+TEST_F(SceneCommands, ASectionThatIsThereAlreadyIsNoStep)
+{
+    run("view:section", {List{1, 0, 0}, List{1, 0, 0}});
+    run("view:section", {List{1, 0, 0}, List{1, 0, 0}});
+    run("view:xray", {Value(false)});
+
+    EXPECT_EQ(run("view:undo"), Value(true));
+    EXPECT_EQ(run("view:section-off"), Value());
+    EXPECT_EQ(run("view:undo"), Value(false));
 }
 
 TEST_F(SceneCommands, WrongSectionsAreTold)

@@ -112,6 +112,24 @@ TEST_F(ControlsWindow, ShowWhatADragGivesAndRunOneCommandAtItsEnd)
     EXPECT_FLOAT_EQ(planes()[0].offset, 8.0f);
 }
 
+TEST_F(ControlsWindow, ADraggedSectionIsOneStepToUndo)
+{
+    openCube();
+    section(1).setChecked(true);
+
+    drag(slider(section(1)), {600, 500, 700, 800});
+    slider(section(1)).setSliderDown(false);
+    ASSERT_FLOAT_EQ(planes()[0].offset, 8.0f);
+    EXPECT_TRUE(Do("(view:undo)"));
+
+    ASSERT_EQ(planes().size(), 1u);
+    EXPECT_FLOAT_EQ(planes()[0].offset, 5.0f);
+    EXPECT_EQ(slider(section(1)).value(), 500);
+    EXPECT_TRUE(Do("(view:undo)"));
+    EXPECT_TRUE(planes().empty());
+    EXPECT_FALSE(section(1).isChecked());
+}
+
 TEST_F(ControlsWindow, KeepPreviewsOutOfTheJournal)
 {
     openCube();
