@@ -13,6 +13,7 @@
 
 #include <HostTree.h>
 #include <InterruptHandling.h>
+#include <PelluxApplication.h>
 #include <Replay.h>
 #include <ScriptRunner.h>
 
@@ -66,6 +67,13 @@ void listFormats()
                 listFormat(extension, "save  ", description);
 }
 
+bool isQuitRequested()
+{
+    const auto* const application = dynamic_cast<Pellux::PelluxApplication*>(
+        OrvikCore::SessionMgr::Instance().GetApplication());
+    return application != nullptr && application->IsQuitRequested();
+}
+
 } // namespace
 
 BatchRun::BatchRun(const Options& options)
@@ -88,11 +96,14 @@ ExitCode BatchRun::Run()
     if (code == ExitCode::Good)
         code = work();
     m_host.DrainOutput();
+    const bool isQuit = isQuitting();
     const int applicationCode = m_host.Stop();
     showTime("stopped");
     if (isInterrupted())
         return ExitCode::Interrupted;
-    if (code == ExitCode::Good && applicationCode != 0)
+    if (code == ExitCode::Good && isQuit)
+        return static_cast<ExitCode>(applicationCode);
+    if (code == ExitCode::Good && applicationCode != 0 && !m_ignoresQuit)
         return ExitCode::Failed;
     return code == ExitCode::Good && m_isCutShort ? ExitCode::CutShort : code;
 }
@@ -146,6 +157,8 @@ ExitCode BatchRun::work()
     for (const Step& step : m_options.steps) {
         if (!runStep(step))
             return ExitCode::Failed;
+        if (isQuitting())
+            return ExitCode::Good;
         showTime("step done");
     }
     report();
@@ -180,17 +193,20 @@ bool BatchRun::runForms(const std::wstring& text, const std::wstring& source)
         [this] { return playInput(); });
     const bool good = runner.RunText(text, source);
     m_host.DrainOutput();
-    return good && !isInterrupted();
+    return (good || m_isStoppedByQuit) && !isInterrupted();
 }
 
 bool BatchRun::replay()
 {
     std::wstring reason;
     std::wstring cut;
+    // A journal may end as its run did; this run goes on to its picture.
+    m_ignoresQuit = true;
     const bool good = m_replay.Run(
         m_options, m_host.GetShell(), [this](const std::wstring& form) { return beforeForm(form); },
         [this] { return !isInterrupted(); }, [this] { m_host.DrainOutput(); }, reason, cut);
     m_host.DrainOutput();
+    m_ignoresQuit = isQuitRequested();
     m_isCutShort = !cut.empty();
     if (m_isCutShort)
         show(cut, MessageType::Warning);
@@ -229,7 +245,8 @@ bool BatchRun::beforeForm(const std::wstring& form)
 {
     m_host.BeginForm(form);
     m_host.DrainOutput();
-    if (isInterrupted())
+    m_isStoppedByQuit = isQuitting();
+    if (isInterrupted() || m_isStoppedByQuit)
         return false;
     show(L"> " + form, MessageType::Output);
     return true;
@@ -241,6 +258,11 @@ bool BatchRun::playInput()
                                    [this](const std::wstring& script, const std::wstring& source) {
                                        return runForms(script, source);
                                    }});
+}
+
+bool BatchRun::isQuitting() const
+{
+    return !m_ignoresQuit && isQuitRequested();
 }
 
 bool BatchRun::isInterrupted() const

@@ -15,7 +15,7 @@ class InterruptHandling;
 
 namespace PelluxBatch {
 
-/// The exit codes of the program.
+/// The exit codes of the program; app:quit gives others.
 enum class ExitCode : int
 {
     Good = 0,
@@ -52,13 +52,16 @@ private:
     bool beforeForm(const std::wstring& form);
     bool playInput();
     bool isInterrupted() const;
+    bool isQuitting() const;
     void showTime(const char* what);
 
     Options m_options;
     ReplayRun m_replay;
     Pellux::HostRuntime m_host;
     std::unique_ptr<Pellux::InterruptHandling> m_interrupts;
-    bool m_isCutShort = false; ///< The journal that was replayed.
+    bool m_isCutShort = false;      ///< The journal that was replayed.
+    bool m_ignoresQuit = false;     ///< What a journal has of app:quit.
+    bool m_isStoppedByQuit = false; ///< Whether a form did not run for it.
     unsigned long long m_startedMs;
 };
 

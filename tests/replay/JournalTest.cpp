@@ -107,6 +107,17 @@ TEST_F(Journal, TheReportDoesNotRepeatALongFormForEachOfItsPicks)
     EXPECT_EQ(report.find(form), std::string::npos);
 }
 
+TEST_F(Journal, OfARunThatWasQuitIsReplayedToItsEnd)
+{
+    m_process.Write("run.journal.scm", ";; Pellux journal 1\n(app:quit 9)\n(app:print \"on\")\n");
+
+    const Outcome outcome = replay({"--output", "end.png", "--size", "32x32"});
+
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_NE(outcome.output.find("\non\n"), std::string::npos) << outcome.output;
+    EXPECT_TRUE(fs::exists(m_process.Folder() / "end.png"));
+}
+
 TEST_F(Journal, PicksInsideLoopsAreComparedToo)
 {
     const std::string text =

@@ -88,6 +88,22 @@ TEST(MainJob, ListsTheFormats)
     EXPECT_EQ(outcome.output.find("\nglb  save"), std::string::npos) << outcome.output;
 }
 
+TEST(MainJob, QuitEndsTheProgramWithItsCode)
+{
+    BatchProcess process;
+    const std::string script = process.Write("quit.scm", "(app:print \"first\")\n(app:quit 7)\n"
+                                                         "(app:print \"second\")\n");
+
+    const Outcome outcome = process.Run(
+        {"--script", script, "--eval", "(app:print \"third\")", "--output", "never.png"});
+
+    EXPECT_EQ(outcome.exitCode, 7);
+    EXPECT_EQ(outcome.output, "> (app:print \"first\")\nfirst\n> (app:quit 7)\n");
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_FALSE(std::filesystem::exists(process.Folder() / "never.png"));
+    EXPECT_EQ(process.Run({"--eval", "(begin (app:quit 7) (car '()))"}).exitCode, 1);
+}
+
 TEST(MainJob, ListsEveryCommandOfTheReference)
 {
     BatchProcess process;
