@@ -1,6 +1,7 @@
 #include "actions/HostWindow.h"
 
 #include "files/FileWatch.h"
+#include "runtime/FittingScreen.h"
 #include "runtime/QtText.h"
 
 #include <OrvikCore/ASession.h>
@@ -91,6 +92,7 @@ bool HostWindow::ShowPanel(const std::wstring& name, bool show)
             if (!show)
                 return true;
             panel.widget = panel.make(&m_window);
+            panel.widget->resize(FittingScreen(m_window, panel.widget->size()));
         }
     QWidget* const widget = find(wanted);
     if (widget == nullptr)

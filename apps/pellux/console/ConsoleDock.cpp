@@ -45,6 +45,7 @@ ConsoleDock::ConsoleDock(CommandRunner& runner, const QString& historyFile, QWid
     setAllowedAreas(Qt::AllDockWidgetAreas);
     m_dropped->setVisible(false);
     m_dropped->setAccessibleName(tr("Dropped lines"));
+    m_signature->setVisible(false);
     m_signature->setTextFormat(Qt::PlainText);
     m_signature->setAccessibleName(tr("Signature"));
     m_signature->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
@@ -146,6 +147,7 @@ void ConsoleDock::listen()
     connect(m_input, &ConsoleInput::HelpChanged, this, [this](const QString& help) {
         // The first line is the signature.
         m_signature->setText(help.section(u'\n', 0, 0));
+        m_signature->setVisible(!help.isEmpty());
         m_signature->setToolTip(help);
     });
     connect(m_output, &ConsoleOutput::DroppedChanged, this, [this](qint64 lines) {

@@ -13,6 +13,9 @@ namespace {
 /// How long text may wait to be shown with what follows, milliseconds.
 constexpr int kBatchMs = 30;
 
+/// Lines that are seen however small the window is.
+constexpr int kFewestLines = 2;
+
 const QLatin1String kEchoMark("> ");
 const QLatin1String kEchoRest("  ");
 
@@ -51,6 +54,12 @@ ConsoleOutput::ConsoleOutput(QWidget* parent) : QPlainTextEdit(parent)
 }
 
 ConsoleOutput::~ConsoleOutput() = default;
+
+QSize ConsoleOutput::minimumSizeHint() const
+{
+    const int margins = static_cast<int>(2 * document()->documentMargin()) + 2 * frameWidth();
+    return {120, kFewestLines * fontMetrics().lineSpacing() + margins};
+}
 
 void ConsoleOutput::Append(const QString& text, LineKind kind)
 {

@@ -35,6 +35,9 @@ public:
     explicit ConsoleOutput(QWidget* parent = nullptr);
     ~ConsoleOutput() override;
 
+    /// Room for two lines; where the screen is small the view is to have the rest.
+    QSize minimumSizeHint() const override;
+
     ConsoleOutput(const ConsoleOutput&) = delete;
     ConsoleOutput& operator=(const ConsoleOutput&) = delete;
 

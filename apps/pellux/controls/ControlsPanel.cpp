@@ -10,16 +10,52 @@
 #include <TambVizCore/RenderingOptions.h>
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace Pellux {
+namespace {
+
+constexpr int kMargin = 4;
+
+/// A column of controls that scrolls up and down only: it is never narrower than they are.
+class ColumnArea final : public QScrollArea
+{
+public:
+    explicit ColumnArea(QWidget* parent) : QScrollArea(parent)
+    {
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setWidgetResizable(true);
+        setFrameShape(QFrame::NoFrame);
+    }
+
+    QSize minimumSizeHint() const override
+    {
+        const int column = widget() == nullptr ? 0 : widget()->minimumSizeHint().width();
+        return {column + verticalScrollBar()->sizeHint().width(),
+                QScrollArea::minimumSizeHint().height()};
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        // Another font makes another column.
+        if (watched == widget() && event->type() == QEvent::LayoutRequest)
+            updateGeometry();
+        return QScrollArea::eventFilter(watched, event);
+    }
+};
+
+} // namespace
 
 ControlsPanel::ControlsPanel(CommandRunner& runner, TambVizCore::IView3D& view, QWidget* parent)
     : QWidget(parent), m_view(view), m_explode(nullptr)
 {
     auto* const content = new QWidget;
     auto* const column = new QVBoxLayout(content);
+    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     int number = 1;
     for (SectionControl*& section : m_sections) {
         section = new SectionControl(number++, runner, view, content);
@@ -42,11 +78,9 @@ ControlsPanel::ControlsPanel(CommandRunner& runner, TambVizCore::IView3D& view, 
     m_explode = new ExplodeControl(runner, content);
     column->addWidget(m_explode);
     column->addStretch(1);
-    auto* const area = new QScrollArea(this);
+    auto* const area = new ColumnArea(this);
     area->setAccessibleName(tr("Sections and explosion"));
     area->setWidget(content);
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
     auto* const outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
     outer->addWidget(area);

@@ -13,8 +13,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QFormLayout>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QSlider>
 #include <algorithm>
@@ -60,11 +60,13 @@ void SectionControl::layOut()
     m_slider->setAccessibleName(tr("Position of section %1").arg(m_number));
     m_position = new QLabel(this);
     m_position->setMinimumWidth(
-        m_position->fontMetrics().horizontalAdvance(QStringLiteral("-00000.000")));
+        m_position->fontMetrics().horizontalAdvance(QStringLiteral("-1234.56")));
     m_position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_freeNormal = new QWidget(this);
-    auto* const normalLine = new QHBoxLayout(m_freeNormal);
-    normalLine->setContentsMargins(0, 0, 0, 0);
+    // One below the other: side by side they would make the panel wide.
+    auto* const normalLines = new QFormLayout(m_freeNormal);
+    normalLines->setContentsMargins(0, 0, 0, 0);
+    normalLines->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     const char* const names[] = {"x", "y", "z"};
     for (std::size_t i = 0; i < 3; ++i) {
         m_normal[i] = new QDoubleSpinBox(m_freeNormal);
@@ -74,7 +76,7 @@ void SectionControl::layOut()
         m_normal[i]->setKeyboardTracking(false);
         m_normal[i]->setAccessibleName(
             tr("Normal of section %1, %2").arg(m_number).arg(QLatin1String(names[i])));
-        normalLine->addWidget(m_normal[i]);
+        normalLines->addRow(tr("Normal, %1").arg(QLatin1String(names[i])), m_normal[i]);
     }
     auto* const grid = new QGridLayout(this);
     grid->addWidget(m_axis, 0, 0);

@@ -7,10 +7,14 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStyle>
+#include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace Pellux {
 namespace {
+
+constexpr int kMargin = 4;
 
 QPushButton* addButton(QHBoxLayout& row, const char* name, const QString& text)
 {
@@ -30,7 +34,14 @@ CrashNotice::CrashNotice(QWidget* parent) : QFrame(parent), m_text(new QLabel)
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::ToolTipBase);
     setForegroundRole(QPalette::ToolTipText);
-    auto* const row = new QHBoxLayout(this);
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    rows->setSpacing(kMargin);
+    auto* const textRow = new QHBoxLayout;
+    // In a row of their own: beside the text they would make a narrow window wide.
+    auto* const buttonRow = new QHBoxLayout;
+    rows->addLayout(textRow);
+    rows->addLayout(buttonRow);
     auto* const icon = new QLabel;
     icon->setPixmap(
         style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this).pixmap(24, 24));
@@ -38,11 +49,14 @@ CrashNotice::CrashNotice(QWidget* parent) : QFrame(parent), m_text(new QLabel)
     m_text->setWordWrap(true);
     m_text->setForegroundRole(QPalette::ToolTipText);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    row->addWidget(icon);
-    row->addWidget(m_text, 1);
-    m_open = addButton(*row, "crashOpen", tr("Show its &journal"));
-    m_replay = addButton(*row, "crashReplay", tr("&Repeat what it did"));
-    QPushButton* const done = addButton(*row, "crashDismiss", tr("&Dismiss"));
+    textRow->addWidget(icon, 0, Qt::AlignTop);
+    textRow->addWidget(m_text, 1);
+    buttonRow->addStretch(1);
+    m_open = addButton(*buttonRow, "crashOpen", tr("Show &journal"));
+    m_open->setToolTip(tr("Shows the journal of that run"));
+    m_replay = addButton(*buttonRow, "crashReplay", tr("&Repeat it"));
+    m_replay->setToolTip(tr("Does again what that run did"));
+    QPushButton* const done = addButton(*buttonRow, "crashDismiss", tr("&Dismiss"));
     connect(m_open, &QPushButton::clicked, this, [this] {
         Guarded([this] { Q_EMIT OpenWanted(ToQt(m_runs.front().record.journal)); });
     });
@@ -84,6 +98,13 @@ void CrashNotice::dismiss()
     ForgetCrashedRun(m_runs.front());
     m_runs.erase(m_runs.begin());
     showFirst();
+}
+
+/// The layout of a window gives no room to what gets higher when it is narrow, unless it must.
+void CrashNotice::resizeEvent(QResizeEvent* event)
+{
+    QFrame::resizeEvent(event);
+    setMinimumHeight(std::max(heightForWidth(width()), 0));
 }
 
 void CrashNotice::SetBusy(bool isBusy)

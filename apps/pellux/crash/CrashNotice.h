@@ -35,6 +35,9 @@ Q_SIGNALS:
     /// The journal of the run is to be run again, up to its last command.
     void ReplayWanted(const QString& journal);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void showFirst();
     void dismiss();

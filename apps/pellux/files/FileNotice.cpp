@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace Pellux {
 namespace {
@@ -22,7 +23,10 @@ constexpr int kMostWidth = 720;
 } // namespace
 
 FileNotice::FileNotice(QMainWindow* window)
-    : QFrame(window), m_window(window), m_text(new QLabel(this))
+    : QFrame(window),
+      m_window(window),
+      m_view(window->findChild<QWidget*>(QStringLiteral("view"))),
+      m_text(new QLabel(this))
 {
     setObjectName(QStringLiteral("file-notice"));
     setAccessibleName(tr("Notice about a file"));
@@ -34,20 +38,23 @@ FileNotice::FileNotice(QMainWindow* window)
     m_text->setWordWrap(true);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_text->setAccessibleName(tr("What went wrong"));
-    auto* const layout = new QHBoxLayout(this);
-    layout->addWidget(m_text, 1);
+    auto* const rows = new QVBoxLayout(this);
+    rows->addWidget(m_text, 1);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    rows->addLayout(buttons);
     const auto addButton = [&](const QString& text, const QString& tip) {
         auto* const button = new QPushButton(text, this);
         button->setToolTip(tip);
         button->setAccessibleName(tip);
-        layout->addWidget(button, 0, Qt::AlignTop);
+        buttons->addWidget(button);
         return button;
     };
     connect(addButton(tr("&Copy"), tr("Copy the message")), &QPushButton::clicked, this,
             [this] { Guarded([this] { QGuiApplication::clipboard()->setText(m_whole); }); });
     connect(addButton(tr("C&lose"), tr("Close the message")), &QPushButton::clicked, this,
             [this] { hide(); });
-    m_window->installEventFilter(this);
+    m_view->installEventFilter(this);
     hide();
 }
 
@@ -72,8 +79,7 @@ QString FileNotice::Text() const
 
 void FileNotice::place()
 {
-    const QWidget* const center = m_window->centralWidget();
-    const QRect area = center == nullptr ? m_window->rect() : center->geometry();
+    const QRect area(m_view->mapTo(m_window, QPoint()), m_view->size());
     const int width = std::min(kMostWidth, area.width() - 2 * kMargin);
     resize(width, std::max(heightForWidth(width), sizeHint().height()));
     move(area.x() + (area.width() - width) / 2, area.y() + kMargin);
@@ -81,7 +87,8 @@ void FileNotice::place()
 
 bool FileNotice::eventFilter(QObject*, QEvent* event)
 {
-    if (event->type() == QEvent::Resize && isVisible())
+    const bool isMoved = event->type() == QEvent::Resize || event->type() == QEvent::Move;
+    if (isMoved && isVisible())
         Guarded([this] { place(); });
     return false;
 }

@@ -10,13 +10,14 @@ QT_END_NAMESPACE
 
 namespace Pellux {
 
-/// Says in the upper part of the window why a file could not be read or written, until it is
+/// Says in the upper part of the view why a file could not be read or written, until it is
 /// closed or the next file is tried. Its text can be marked and copied. @thread Main thread.
 class FileNotice final : public QFrame
 {
     Q_OBJECT
 
 public:
+    /// @param window  Has the view as a child of that name. Owns the notice.
     explicit FileNotice(QMainWindow* window);
     ~FileNotice() override;
 
@@ -32,8 +33,9 @@ protected:
 private:
     void place();
 
-    QMainWindow* m_window; ///< Not owned.
-    QLabel* m_text;        ///< Owned by the frame.
+    QWidget* m_window; ///< Not owned.
+    QWidget* m_view;   ///< Not owned.
+    QLabel* m_text;    ///< Owned by the frame.
     QString m_whole;
 };
 

@@ -38,7 +38,7 @@ ViewWidget::ViewWidget(CommandRunner& runner, GraphicsPath path, QWidget* parent
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMinimumSize(160, 120);
+    setMinimumSize(240, 100);
     m_look.setSingleShot(true);
     m_look.setInterval(kRestMs);
     connect(&m_look, &QTimer::timeout, this, [this] { Guarded([this] { lookUnderPointer(); }); });

@@ -8,6 +8,7 @@
 #include "preferences/PreferencesDialog.h"
 #include "properties/PropertiesPanel.h"
 #include "runtime/CommandRunner.h"
+#include "runtime/FittingScreen.h"
 #include "runtime/Guarded.h"
 #include "runtime/QtText.h"
 #include "tree/TreePanel.h"
@@ -31,9 +32,9 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QMenu>
-#include <QScreen>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 namespace Pellux {
@@ -42,9 +43,10 @@ namespace {
 constexpr int kFirstWidth = 1280;
 constexpr int kFirstHeight = 860;
 
-/// What a window manager may put around a window.
-constexpr int kFrameWidth = 10;
-constexpr int kFrameHeight = 40;
+/// How much of the window the docks have at first; the view has the rest.
+constexpr int kSideWidth = 280;
+constexpr double kSideShare = 0.22;
+constexpr double kConsoleShare = 0.3;
 
 /// @return the path of a file in the user's state folder.
 QString stateFile(const QString& name)
@@ -76,10 +78,10 @@ MainWindow::MainWindow(CommandRunner& runner, HostRuntime& host, GraphicsPath pa
     setCentralWidget(middle);
     setStatusBar(m_status);
     // On a screen with few of the user interface's pixels all of the window is to be seen.
-    resize(QSize(kFirstWidth, kFirstHeight)
-               .boundedTo(screen()->availableSize() - QSize(kFrameWidth, kFrameHeight)));
+    resize(FittingScreen(*this, {kFirstWidth, kFirstHeight}));
     addPanels();
     addPreferences();
+    shareRoom();
     m_menus->Panels().RememberLayout();
     WindowLayout::Restore(*this);
     connectParts();
@@ -156,6 +158,19 @@ QDockWidget* MainWindow::addDock(const char* name, const QString& title, Qt::Doc
     dock->setWidget(content);
     addDockWidget(area, dock);
     return dock;
+}
+
+void MainWindow::shareRoom()
+{
+    QList<QDockWidget*> sides;
+    for (QDockWidget* const dock : findChildren<QDockWidget*>())
+        if (dock != m_console)
+            sides.append(dock);
+    const int side = std::min(kSideWidth, static_cast<int>(width() * kSideShare));
+    resizeDocks(sides, QList<int>(sides.size(), side), Qt::Horizontal);
+    const int console =
+        std::min(m_console->sizeHint().height(), static_cast<int>(height() * kConsoleShare));
+    resizeDocks({m_console}, {console}, Qt::Vertical);
 }
 
 void MainWindow::ResizeView(int width, int height)

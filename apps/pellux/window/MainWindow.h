@@ -79,6 +79,7 @@ private:
                          QWidget* content);
     void addPanels();
     void addPreferences();
+    void shareRoom();
     void connectParts();
     void showState();
 
