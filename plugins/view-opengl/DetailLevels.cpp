@@ -14,7 +14,7 @@ namespace {
 using TambVizCore::Geometry;
 
 /// Cells along the longest side of the box.
-constexpr std::array<double, 4> kCells = {320.0, 128.0, 48.0, 16.0};
+constexpr std::array<double, 6> kCells = {320.0, 128.0, 64.0, 32.0, 16.0, 8.0};
 
 /// A level is kept when it has at most this share of the primitives of the one before.
 constexpr double kKeptShare = 0.6;
@@ -55,12 +55,13 @@ std::size_t tableFor(std::size_t entries)
     return std::bit_ceil(std::max<std::size_t>(2 * entries, 64));
 }
 
-/// Triangles that are turned, not mirrored, are equal then.
-std::array<std::uint32_t, 3> smallestFirst(const std::uint32_t* corners)
+/// Triangles that are turned, not mirrored, are equal then, and segments either way.
+std::array<std::uint32_t, 3> smallestFirst(const std::uint32_t* corners, std::size_t kind)
 {
+    const std::size_t count = kCorners[kind];
     const std::size_t first =
-        static_cast<std::size_t>(std::min_element(corners, corners + 3) - corners);
-    return {corners[first], corners[(first + 1) % 3], corners[(first + 2) % 3]};
+        static_cast<std::size_t>(std::min_element(corners, corners + count) - corners);
+    return {corners[first], corners[(first + 1) % count], corners[(first + 2) % count]};
 }
 
 } // namespace
@@ -101,22 +102,32 @@ void DetailBuilder::beginGrid(const Geometry& geometry)
     m_step = longest > 0.0 && std::isfinite(longest) ? Step::Gather : Step::Done;
 }
 
+/// Of a level that others build on only the vertices that it has kept.
 bool DetailBuilder::gatherVertices(const Geometry& geometry, const TimeSlice& slice)
 {
-    const std::size_t count = geometry.VertexCount();
+    const std::size_t count = m_levels.empty() ? geometry.VertexCount() : m_kept.size();
     while (m_next < count) {
         const std::size_t end = std::min(count, m_next + kStretch);
         for (; m_next < end; ++m_next)
-            addVertex(geometry, static_cast<std::uint32_t>(m_next));
+            addVertex(geometry,
+                      m_levels.empty() ? static_cast<std::uint32_t>(m_next) : m_kept[m_next]);
         if (slice.IsOver())
             return false;
     }
     m_next = 0;
     m_step = Step::Map;
-    // A closed surface has two triangles a vertex.
-    m_triangles.assign(
-        tableFor(std::min<std::size_t>(geometry.TriangleCount(), 3 * m_clusters.size())), 0);
+    beginKind(geometry);
     return true;
+}
+
+/// Empties the table of the primitives of a kind.
+void DetailBuilder::beginKind(const Geometry& geometry)
+{
+    const auto indices = indicesOf(geometry, m_levels.empty() ? nullptr : &m_levels.back(), m_kind);
+    // A closed surface has two triangles a vertex.
+    m_table.assign(
+        tableFor(std::min<std::size_t>(indices.size() / kCorners[m_kind], 3 * m_clusters.size())),
+        0);
 }
 
 void DetailBuilder::addVertex(const Geometry& geometry, std::uint32_t vertex)
@@ -133,12 +144,12 @@ void DetailBuilder::addVertex(const Geometry& geometry, std::uint32_t vertex)
     const std::uint32_t found = findCluster(cell);
     m_clusterOf[vertex] = found;
     if (found == m_clusters.size()) {
-        m_clusters.push_back({vertex, static_cast<float>(distance), false});
+        m_clusters.push_back({vertex, static_cast<float>(distance)});
         return;
     }
     Cluster& cluster = m_clusters[found];
     if (static_cast<float>(distance) < cluster.distance)
-        cluster = {vertex, static_cast<float>(distance), false};
+        cluster = {vertex, static_cast<float>(distance)};
 }
 
 /// @return the cluster of a cell; the number of clusters for one that is entered now.
@@ -177,7 +188,7 @@ void DetailBuilder::growTable()
 bool DetailBuilder::mapPrimitives(const Geometry& geometry, const TimeSlice& slice)
 {
     const DetailLevel* const before = m_levels.empty() ? nullptr : &m_levels.back();
-    for (; m_kind < kCorners.size(); ++m_kind, m_next = 0) {
+    while (true) {
         const std::size_t corners = kCorners[m_kind];
         const auto indices = indicesOf(geometry, before, m_kind);
         const std::size_t count = indices.size() / corners;
@@ -192,8 +203,12 @@ bool DetailBuilder::mapPrimitives(const Geometry& geometry, const TimeSlice& sli
             if (slice.IsOver())
                 return false;
         }
+        if (m_kind + 1 == kCorners.size())
+            return true;
+        ++m_kind;
+        m_next = 0;
+        beginKind(geometry);
     }
-    return true;
 }
 
 void DetailBuilder::mapPrimitive(const std::uint32_t* corners, std::size_t kind,
@@ -204,47 +219,37 @@ void DetailBuilder::mapPrimitive(const std::uint32_t* corners, std::size_t kind,
         mapped[i] = m_clusters[m_clusterOf[corners[i]]].vertex;
     const bool isFlat = (kind < 2 && mapped[0] == mapped[1]) ||
                         (kind == 0 && (mapped[1] == mapped[2] || mapped[2] == mapped[0]));
-    if (isFlat || isKnown(kind, corners, mapped))
+    if (isFlat || isKnown(kind, mapped))
         return;
     DetailPrimitives& out = m_level.primitives[kind];
     out.indices.insert(out.indices.end(), mapped, mapped + kCorners[kind]);
     out.sources.push_back(source);
 }
 
-/// @return whether the level has a primitive already that looks the same; segments may repeat.
-bool DetailBuilder::isKnown(std::size_t kind, const std::uint32_t* from,
-                            const std::uint32_t* mapped)
+/// Enters a primitive, its smallest corner first.
+/// @return whether the level has one already that looks the same.
+bool DetailBuilder::isKnown(std::size_t kind, const std::uint32_t* corners)
 {
-    if (kind == 0)
-        return isKnownTriangle(mapped);
-    return kind == 2 && std::exchange(m_clusters[m_clusterOf[from[0]]].hasPoint, true);
-}
-
-/// Enters a triangle, its smallest corner first.
-/// @return false when it is new.
-bool DetailBuilder::isKnownTriangle(const std::uint32_t* corners)
-{
-    const std::size_t count = m_level.primitives[0].sources.size();
-    // Triangles beyond are drawn twice rather than waited for: a larger table means to enter all
-    // anew.
-    if (4 * count >= 3 * m_triangles.size())
+    const std::size_t count = m_level.primitives[kind].sources.size();
+    // Those beyond are drawn twice rather than waited for: a larger table means to enter all anew.
+    if (4 * count >= 3 * m_table.size())
         return false;
-    std::uint32_t& found = m_triangles[findTriangle(corners)];
+    std::uint32_t& found = m_table[findPrimitive(kind, corners)];
     if (found != 0)
         return true;
     found = static_cast<std::uint32_t>(count + 1);
     return false;
 }
 
-/// @return the slot of a triangle, or the free one where it belongs.
-std::size_t DetailBuilder::findTriangle(const std::uint32_t* corners) const
+/// @return the slot of a primitive, or the free one where it belongs.
+std::size_t DetailBuilder::findPrimitive(std::size_t kind, const std::uint32_t* corners) const
 {
-    const std::array<std::uint32_t, 3> wanted = smallestFirst(corners);
-    const std::size_t mask = m_triangles.size() - 1;
+    const std::array<std::uint32_t, 3> wanted = smallestFirst(corners, kind);
+    const std::vector<std::uint32_t>& indices = m_level.primitives[kind].indices;
+    const std::size_t mask = m_table.size() - 1;
     std::size_t slot = hashOf(wanted[0] * 31 + hashOf(wanted[1] * 31 + hashOf(wanted[2]))) & mask;
-    while (m_triangles[slot] != 0 &&
-           smallestFirst(m_level.primitives[0].indices.data() +
-                         std::size_t{3} * (m_triangles[slot] - 1)) != wanted)
+    while (m_table[slot] != 0 &&
+           smallestFirst(indices.data() + kCorners[kind] * (m_table[slot] - 1), kind) != wanted)
         slot = (slot + 1) & mask;
     return slot;
 }
@@ -257,8 +262,13 @@ bool DetailBuilder::endGrid(const Geometry& geometry)
         for (const DetailPrimitives& primitives : m_level.primitives)
             count += primitives.sources.size();
         if (static_cast<double>(count) <=
-            kKeptShare * static_cast<double>(primitiveCount(geometry)))
+            kKeptShare * static_cast<double>(primitiveCount(geometry))) {
             m_levels.push_back(std::move(m_level));
+            m_kept.clear();
+            m_kept.reserve(m_clusters.size());
+            for (const Cluster& cluster : m_clusters)
+                m_kept.push_back(cluster.vertex);
+        }
         m_step = Step::Begin;
     }
     if (m_step == Step::Begin && ++m_grid < kCells.size())
@@ -268,7 +278,8 @@ bool DetailBuilder::endGrid(const Geometry& geometry)
     m_clusterOf = {};
     m_keys = {};
     m_values = {};
-    m_triangles = {};
+    m_table = {};
+    m_kept = {};
     return true;
 }
 

@@ -54,7 +54,6 @@ private:
     {
         std::uint32_t vertex = 0; ///< Nearest to the middle so far.
         float distance = 0.0f;    ///< Its distance, squared.
-        bool hasPoint = false;    ///< A point stands there already.
     };
 
     void beginGrid(const TambVizCore::Geometry& geometry);
@@ -63,9 +62,9 @@ private:
     void addVertex(const TambVizCore::Geometry& geometry, std::uint32_t vertex);
     std::uint32_t findCluster(std::uint32_t cell);
     void growTable();
-    bool isKnown(std::size_t kind, const std::uint32_t* from, const std::uint32_t* mapped);
-    bool isKnownTriangle(const std::uint32_t* corners);
-    std::size_t findTriangle(const std::uint32_t* corners) const;
+    void beginKind(const TambVizCore::Geometry& geometry);
+    bool isKnown(std::size_t kind, const std::uint32_t* corners);
+    std::size_t findPrimitive(std::size_t kind, const std::uint32_t* corners) const;
     void mapPrimitive(const std::uint32_t* corners, std::size_t kind, std::uint32_t source);
     bool endGrid(const TambVizCore::Geometry& geometry);
     std::size_t primitiveCount(const TambVizCore::Geometry& geometry) const;
@@ -89,7 +88,8 @@ private:
     std::vector<std::uint32_t> m_clusterOf; ///< For each vertex.
     std::vector<std::uint32_t> m_keys;      ///< Hash table: cells, and their clusters beside.
     std::vector<std::uint32_t> m_values;
-    std::vector<std::uint32_t> m_triangles; ///< Hash table: triangles of the level, from 1.
+    std::vector<std::uint32_t> m_table; ///< Hash table: primitives of the level, from 1.
+    std::vector<std::uint32_t> m_kept;  ///< The vertices of the level before.
 };
 
 } // namespace ViewOpenGl

@@ -1,6 +1,7 @@
 #include "FrameCost.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 namespace ViewOpenGl {
@@ -15,10 +16,21 @@ constexpr double kDraws = 1e3;
 
 /// What is assumed until the first frame was measured, milliseconds for each unit: a software
 /// renderer on a slow machine, so that the first frame is rather too coarse than too late.
-constexpr std::array<double, 6> kStart = {1.0, 3.0, 12.0, 8.0, 4.0, 6.0};
+constexpr std::array<double, 7> kStart = {4.0, 3.0, 5.0, 10.0, 8.0, 4.0, 4.0};
 
-/// The share of an error that one frame corrects.
-constexpr double kRate = 0.5;
+/// So much dearer or cheaper may everything get from one frame to the next: it depends on what else
+/// the machine does.
+constexpr double kDrift = 0.15;
+
+/// And so much, as a share of that, each count alone. How often pixels are drawn anew differs from
+/// scene to scene.
+constexpr std::array<double, 7> kAlone = {0.5, 0.5, 2.0, 0.3, 0.3, 0.3, 0.3};
+
+/// Share of the time of a frame that comes from what else the machine does.
+constexpr double kNoise = 0.15;
+
+/// Weights stay above this share of what they start with, so that they can grow again.
+constexpr double kLeastShare = 0.01;
 
 /// A frame counts as at most so many times what was expected, and some milliseconds: one that
 /// waited for the compiler of the driver tells nothing about the next.
@@ -45,6 +57,7 @@ FrameWork& FrameWork::operator+=(const FrameWork& other)
 {
     slices += other.slices;
     pixels += other.pixels;
+    covered += other.covered;
     triangles += other.triangles;
     segments += other.segments;
     points += other.points;
@@ -56,6 +69,7 @@ FrameWork& FrameWork::operator-=(const FrameWork& other)
 {
     slices -= other.slices;
     pixels -= other.pixels;
+    covered -= other.covered;
     triangles -= other.triangles;
     segments -= other.segments;
     points -= other.points;
@@ -73,12 +87,26 @@ FrameWork WorkOf(PartKind kind, double primitives)
     return work;
 }
 
-CostModel::CostModel() : m_weights(kStart) {}
+CostModel::CostModel() : m_weights(kStart)
+{
+    addDoubt(1.0);
+}
+
+/// @param share  by which all weights may be wrong together.
+void CostModel::addDoubt(double share)
+{
+    for (std::size_t i = 0; i < kCounts; ++i) {
+        for (std::size_t j = 0; j < kCounts; ++j)
+            m_doubt[i][j] += share * share * m_weights[i] * m_weights[j];
+        m_doubt[i][i] += std::pow(share * kAlone[i] * m_weights[i], 2);
+    }
+}
 
 std::array<double, CostModel::kCounts> CostModel::countsOf(const FrameWork& work)
 {
     return {work.slices,
             work.pixels / kPixels,
+            work.covered / kPixels,
             work.triangles / kPrimitives,
             work.segments / kPrimitives,
             work.points / kPrimitives,
@@ -100,14 +128,23 @@ double CostModel::PrimitivesIn(PartKind kind, double milliseconds) const
 void CostModel::Learn(const FrameWork& work, double milliseconds)
 {
     const auto counts = countsOf(work);
-    const double square = std::inner_product(counts.begin(), counts.end(), counts.begin(), 0.0);
-    if (!(square > 0.0))
-        return;
+    addDoubt(kDrift);
+    // How much each weight tells about this frame, and how sure its forecast is.
+    std::array<double, kCounts> told;
+    for (std::size_t i = 0; i < kCounts; ++i)
+        told[i] = std::inner_product(counts.begin(), counts.end(), m_doubt[i].begin(), 0.0);
     const double expected = Milliseconds(work);
     const double measured = std::min(milliseconds, kMostGrowth * expected + kLeastError);
-    const double step = kRate * (measured - expected) / square;
-    for (std::size_t i = 0; i < kCounts; ++i)
-        m_weights[i] = std::max(0.0, m_weights[i] + step * counts[i]);
+    const double variance = std::inner_product(counts.begin(), counts.end(), told.begin(), 0.0) +
+                            std::pow(kNoise * std::max(expected, measured), 2) +
+                            kLeastError * kLeastError;
+    for (std::size_t i = 0; i < kCounts; ++i) {
+        const double gain = told[i] / variance;
+        m_weights[i] =
+            std::max(kLeastShare * kStart[i], m_weights[i] + gain * (measured - expected));
+        for (std::size_t j = 0; j < kCounts; ++j)
+            m_doubt[i][j] -= gain * told[j];
+    }
 }
 
 void FrameBudget::catchUp()

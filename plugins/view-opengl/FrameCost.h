@@ -16,8 +16,9 @@ struct FrameWork
     FrameWork& operator+=(const FrameWork& other);
     FrameWork& operator-=(const FrameWork& other);
 
-    double slices = 0.0; ///< Times that the renderer is waited for.
-    double pixels = 0.0; ///< Of frames, not of what is drawn into them.
+    double slices = 0.0;  ///< Times that the renderer is waited for.
+    double pixels = 0.0;  ///< Of frames, not of what is drawn into them; each sample counts.
+    double covered = 0.0; ///< Pixels within the boxes of what has faces, once for each time.
     double triangles = 0.0;
     double segments = 0.0;
     double points = 0.0;
@@ -30,8 +31,9 @@ FrameWork WorkOf(TambVizCore::PartKind kind, double primitives);
 /// How long frames take on this machine, learnt from those that were drawn.
 ///
 /// The time is a sum over the counts, each with a weight. After each frame the weights move toward
-/// what would have foretold its time, in the direction of its counts (normalised least mean
-/// squares; Widrow and Hoff, 1960), so they follow a machine that gets slower.
+/// what would have foretold its time, those the most that are least sure (Kalman, 1960; the weights
+/// drift, so they follow a machine that gets slower). So frames of different kinds tell apart what
+/// is dear.
 class CostModel
 {
 public:
@@ -46,11 +48,13 @@ public:
     void Learn(const FrameWork& work, double milliseconds);
 
 private:
-    static constexpr std::size_t kCounts = 6;
+    static constexpr std::size_t kCounts = 7;
 
     static std::array<double, kCounts> countsOf(const FrameWork& work);
+    void addDoubt(double share);
 
     std::array<double, kCounts> m_weights; ///< Milliseconds for each unit of countsOf().
+    std::array<std::array<double, kCounts>, kCounts> m_doubt = {}; ///< Their covariances.
 };
 
 /// How much of a frame may be drawn before the caller gets control back.

@@ -128,6 +128,7 @@ void FrameItems::addItem(GeoNode& node, const Inherited& state)
     item.culled = mayCull(item);
     item.depth = -(box.Lo()[2] + box.Hi()[2]) / 2.0;
     item.pixels = PixelsAcross(m_projection, box);
+    item.covered = PixelsCovered(m_projection, box);
     for (int column = 0; column < 3; ++column)
         item.scale = std::max(column == 0 ? 0.0 : item.scale,
                               std::hypot(modelView[4 * column], modelView[4 * column + 1],

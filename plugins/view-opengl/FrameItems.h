@@ -46,6 +46,7 @@ struct FrameItem
     TambVizCore::VizBox box;  ///< In eye space.
     double depth = 0.0;       ///< Of the middle of the box.
     double pixels = 0.0;      ///< Across the box; see PixelsAcross.
+    double covered = 0.0;     ///< See PixelsCovered.
     double scale = 1.0;       ///< The most that a length of the geometry grows by in eye space.
 };
 

@@ -21,9 +21,7 @@ GlRenderbuffer makeStorage(GLenum format, int samples, int width, int height)
 
 bool FrameTarget::Bind(int width, int height, int samples)
 {
-    GLint most = 0;
-    glGetIntegerv(GL_MAX_SAMPLES, &most);
-    samples = std::clamp(samples, 1, std::max(most, 1));
+    samples = SamplesFor(samples);
     if (width != m_width || height != m_height || samples != m_samples) {
         Clear();
         m_width = width;
@@ -37,6 +35,13 @@ bool FrameTarget::Bind(int width, int height, int samples)
     }
     Bind();
     return true;
+}
+
+int FrameTarget::SamplesFor(int samples)
+{
+    GLint most = 0;
+    glGetIntegerv(GL_MAX_SAMPLES, &most);
+    return std::clamp(samples, 1, std::max(most, 1));
 }
 
 void FrameTarget::Bind()
@@ -122,6 +127,17 @@ void FrameTarget::Blit(GLuint framebuffer, int width, int height)
     glBlitFramebuffer(0, 0, m_width, m_height, 0, 0, width, height, GL_COLOR_BUFFER_BIT, filter);
     glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer);
     glViewport(0, 0, width, height);
+}
+
+void FrameTarget::Stretch(FrameTarget& target, bool withDepth)
+{
+    Blit(target.Framebuffer(), target.m_width, target.m_height);
+    if (withDepth) {
+        glBindFramebuffer(GL_READ_FRAMEBUFFER, m_drawn.framebuffer.Get());
+        glBlitFramebuffer(0, 0, m_width, m_height, 0, 0, target.m_width, target.m_height,
+                          GL_DEPTH_BUFFER_BIT, GL_NEAREST);
+    }
+    target.Bind();
 }
 
 void FrameTarget::Clear()

@@ -23,6 +23,16 @@ public:
     /// Binds the framebuffer that the last Bind() made.
     void Bind();
 
+    /// @return whether Bind() would find what it made before.
+    bool Has(int width, int height, int samples) const
+    {
+        return m_drawn.framebuffer && width == m_width && height == m_height &&
+               samples == m_samples;
+    }
+
+    /// @return the samples of a pixel that there are where so many are asked for.
+    static int SamplesFor(int samples);
+
     /// Reads what was drawn, rows from top to bottom.
     void Read(TambVizCore::Image& image);
 
@@ -32,6 +42,11 @@ public:
     /// Copies what was drawn into another framebuffer, which stays bound for drawing with its size
     /// as viewport.
     void Blit(GLuint framebuffer, int width, int height);
+
+    /// Copies what was drawn into a target of another size, which stays bound; both have one sample
+    /// a pixel.
+    /// @param withDepth  The depths too.
+    void Stretch(FrameTarget& target, bool withDepth);
 
     /// @return what the driver said to the last framebuffer that was made.
     const FramebufferAnswer& Answer() const { return m_answer; }

@@ -186,6 +186,8 @@ void Painter::Draw(const FrameItem& item, const PaintStyle& style, const Primiti
     glDrawElements(primitiveOf(style.kind), corners * run.count, GL_UNSIGNED_INT,
                    reinterpret_cast<const void*>(offset));
     m_work += WorkOf(style.kind, run.count);
+    if (style.kind == PartKind::Face)
+        m_work.covered += item.covered * run.count / Count(item, PartKind::Face);
 }
 
 void Painter::SetLineWidth(float pixels)

@@ -16,6 +16,9 @@ constexpr double kNearestShare = 1e-3;
 /// Keeps the matrix finite where the eye is on the target or the opening angle is 0.
 constexpr double kLeastHeight = 1e-30;
 
+/// Beyond any picture.
+constexpr double kVeryFar = 1e30;
+
 double dot(const double* a, const double* b)
 {
     return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
@@ -87,6 +90,12 @@ double farthestOf(const TambVizCore::VizBox& box)
     return -box.Lo()[2];
 }
 
+/// @return where a place beside the line of sight is seen, per unit of depth.
+double atDepth(double place, double depth)
+{
+    return depth > 0.0 ? place / depth : std::copysign(kVeryFar, place);
+}
+
 } // namespace
 
 Projection MakeProjection(OrvikCore::ACamera& camera, int width, int height)
@@ -137,6 +146,28 @@ double PixelsAcross(const Projection& projection, const TambVizCore::VizBox& box
     const double depth = projection.orthographic ? 1.0 : nearestOf(box);
     const double pixel = projection.pixelSize * depth;
     return pixel > 0.0 ? std::min(2.0 * box.Radius() / pixel, kVeryLarge) : kVeryLarge;
+}
+
+double PixelsCovered(const Projection& projection, const TambVizCore::VizBox& box)
+{
+    if (box.IsEmpty() || !(projection.pixelSize > 0.0))
+        return 0.0;
+    const double half[2] = {projection.halfHeight * projection.aspect, projection.halfHeight};
+    double pixels = 1.0;
+    for (int i = 0; i < 2; ++i) {
+        double lo = box.Lo()[i];
+        double hi = box.Hi()[i];
+        if (!projection.orthographic) {
+            // Near sides reach farther from the middle, and all sides where the eye is in between.
+            const double nearest = std::max(nearestOf(box), 0.0);
+            const double farthest = std::max(farthestOf(box), 0.0);
+            lo = atDepth(lo, lo < 0.0 ? nearest : farthest);
+            hi = atDepth(hi, hi > 0.0 ? nearest : farthest);
+        }
+        const double seen = std::min(hi, half[i]) - std::max(lo, -half[i]);
+        pixels *= std::max(seen, 0.0) / projection.pixelSize;
+    }
+    return pixels;
 }
 
 void FitDepth(Projection& projection, const TambVizCore::VizBox& box)

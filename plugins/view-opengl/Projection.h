@@ -42,6 +42,10 @@ bool IsInSight(const Projection& projection, const TambVizCore::VizBox& box, dou
 /// it.
 double PixelsAcross(const Projection& projection, const TambVizCore::VizBox& box);
 
+/// @param box  in eye space.
+/// @return how many pixels of the picture lie in front of or behind the box, at most.
+double PixelsCovered(const Projection& projection, const TambVizCore::VizBox& box);
+
 /// Writes the projection matrix for what lies in a box; an empty one gives any good matrix.
 ///
 /// In perspective the nearest depth stays above a thousandth of the farthest.

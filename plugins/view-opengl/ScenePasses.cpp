@@ -39,6 +39,8 @@ std::unique_ptr<Node> makeUnitBox()
         .SetTriangles(SharedArray<std::uint32_t>(
             std::vector<std::uint32_t>{0, 2, 1, 1, 2, 3, 4, 5, 6, 5, 7, 6, 0, 1, 4, 1, 5, 4,
                                        2, 6, 3, 3, 6, 7, 0, 4, 2, 2, 4, 6, 1, 3, 5, 3, 7, 5}))
+        .SetSegments(SharedArray<std::uint32_t>(std::vector<std::uint32_t>{
+            0, 1, 2, 3, 4, 5, 6, 7, 0, 2, 1, 3, 4, 6, 5, 7, 0, 4, 1, 5, 2, 6, 3, 7}))
         .SetClosed(true);
     auto root = std::make_unique<Node>(1);
     root->CreateChildGeoNode(1)->SetGeometry(builder.Build(error));
@@ -157,15 +159,15 @@ bool SceneRenderer::drawEdges(const Items& items, FrameBudget& budget)
     style.towardEyePixels = kLinePixels;
     for (; m_next < items.size(); ++m_next) {
         const FrameItem& item = *items[m_next];
-        const bool follows =
-            !item.isOwnColored && item.node->GetCategory() == GeoNode::Category::Model;
-        if (item.leftOut || item.asBox || (!m_drawsEdges && follows))
+        if (item.leftOut || !ShowsEdges(item, *m_options, m_drawsEdges))
             continue;
         style.color = item.isOwnColored ? item.color : m_options->GetDefaultEdgeColor();
         style.lineWidth = item.node->LineWidthPixels();
         if (item.node->GetCategory() == GeoNode::Category::Model)
             style.lineWidth *= m_options->GetLineWidth();
-        if (!m_painter.DrawPieces(item, style, m_nextPrimitive, budget))
+        if (item.asBox)
+            drawEdgesOfBox(item, style);
+        else if (!m_painter.DrawPieces(item, style, m_nextPrimitive, budget))
             return false;
     }
     return true;
@@ -179,8 +181,7 @@ bool SceneRenderer::drawVertices(const Items& items, FrameBudget& budget)
     for (; m_next < items.size(); ++m_next) {
         const FrameItem& item = *items[m_next];
         const bool isCloud = item.node->GetCategory() == GeoNode::Category::PointCloud;
-        if (item.leftOut || item.asBox ||
-            (!m_options->GetShowVertices() && !isCloud && !item.isOwnColored))
+        if (item.leftOut || item.asBox || !ShowsVertices(item, *m_options))
             continue;
         style.color = item.isOwnColored ? item.color : m_options->GetDefaultVertexColor();
         style.useVertexColors = isCloud && !item.hasColor;
@@ -210,16 +211,29 @@ bool SceneRenderer::drawTessellation(FrameBudget& budget)
 /// @return true.
 bool SceneRenderer::drawAsBox(const FrameItem& item, Layer layer)
 {
+    FrameItem box = boxOf(item);
+    box.hasColor = true;
+    m_painter.DrawWhole(box, faceStyle(box, layer));
+    return true;
+}
+
+/// A box is seen by its faces, without them by its edges.
+void SceneRenderer::drawEdgesOfBox(const FrameItem& item, const PaintStyle& style)
+{
+    if (!m_options->GetShowFaces())
+        m_painter.DrawWhole(boxOf(item), style);
+}
+
+FrameItem SceneRenderer::boxOf(const FrameItem& item)
+{
     const VizBox& bounds = item.node->GetGeometry()->BoundingBox();
     FrameItem box = item;
     box.node = &boxNode();
     box.geometry = &m_gpu.Geometry(*box.node);
     box.states = &m_boxStates;
     box.level = nullptr;
-    box.hasColor = true;
     stretch(bounds, box.modelView);
-    m_painter.DrawWhole(box, faceStyle(box, layer));
-    return true;
+    return box;
 }
 
 GeoNode& SceneRenderer::boxNode()
@@ -236,7 +250,7 @@ void SceneRenderer::drawInTurn(const std::vector<FrameItem>& items)
     m_objectsInTurn.clear();
     for (const FrameItem& item : items)
         m_objectsInTurn.push_back(&item);
-    const bool drawsEdges = std::exchange(m_drawsEdges, m_options->GetShowEdges());
+    const bool drawsEdges = std::exchange(m_drawsEdges, true);
     FrameBudget all;
     m_next = 0;
     drawFaces(m_objectsInTurn, Layer::Opaque, all);

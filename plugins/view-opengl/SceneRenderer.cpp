@@ -83,7 +83,8 @@ void SceneRenderer::Begin(Node& root, Node& objects, const RenderingOptions& opt
     m_objects.clear();
     m_options = &options;
     m_background = background;
-    m_drawsEdges = options.GetShowEdges();
+    m_drawsEdges = true;
+    m_scale = 1.0;
     m_sceneStamp = root.Stamps().subtree + objects.Stamps().subtree;
     m_painter.Use(options, projection);
     m_painter.UseClipPlanes(true);
@@ -126,10 +127,14 @@ FrameWork SceneRenderer::FullWork() const
     return WorkOf(m_items, *m_options, true);
 }
 
-void SceneRenderer::FitBudget(const CostModel& model, double milliseconds, const FrameWork& rest)
+Coarseness SceneRenderer::FitBudget(const CostModel& model, double milliseconds,
+                                    const FrameWork& rest, int samples)
 {
-    m_drawsEdges = m_options->GetShowEdges() &&
-                   ViewOpenGl::FitBudget(model, milliseconds, rest, *m_options, m_items).edges;
+    const Coarseness coarseness =
+        ViewOpenGl::FitBudget(model, milliseconds, rest, samples, *m_options, m_items, m_order);
+    m_drawsEdges = coarseness.edges;
+    m_scale = coarseness.scale;
+    return coarseness;
 }
 
 void SceneRenderer::WantLevels()
@@ -141,7 +146,10 @@ void SceneRenderer::WantLevels()
 void SceneRenderer::beginDrawing()
 {
     m_painter.ResetWork();
-    m_painter.Use(*m_options, m_projection);
+    Projection projection = m_projection;
+    projection.pixelSize /= m_scale;
+    projection.lineScale *= m_scale;
+    m_painter.Use(*m_options, projection);
     m_painter.UseClipPlanes(true);
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LEQUAL);

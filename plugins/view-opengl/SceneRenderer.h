@@ -77,8 +77,11 @@ public:
     /// @return what drawing all in sight in full comes to.
     FrameWork FullWork() const;
 
-    /// Draws coarser, so that the picture takes at most some time; after Begin().
-    void FitBudget(const CostModel& model, double milliseconds, const FrameWork& rest);
+    /// Draws coarser, so that the picture takes at most some time; after Begin(), see
+    /// ViewOpenGl::FitBudget.
+    /// @return how coarse; the framebuffer that is bound when the drawing begins has that scale.
+    Coarseness FitBudget(const CostModel& model, double milliseconds, const FrameWork& rest,
+                         int samples);
 
     /// Asks for coarser versions of the bodies in sight.
     void WantLevels();
@@ -149,6 +152,8 @@ private:
     bool drawTessellation(FrameBudget& budget);
     bool drawFacesOf(const FrameItem& item, Layer layer, FrameBudget& budget);
     bool drawAsBox(const FrameItem& item, Layer layer);
+    void drawEdgesOfBox(const FrameItem& item, const PaintStyle& style);
+    FrameItem boxOf(const FrameItem& item);
     TambVizCore::GeoNode& boxNode();
 
     GpuScene m_gpu;
@@ -159,10 +164,12 @@ private:
     Background m_background;
     std::uint64_t m_sceneStamp = 0;
     bool m_isUploaded = true;
-    bool m_drawsEdges = true;
+    bool m_drawsEdges = true;         ///< See Coarseness.
+    double m_scale = 1.0;             ///< The same.
     std::vector<FrameItem> m_items;   ///< Of the picture being drawn; kept for its memory.
     std::vector<FrameItem> m_objects; ///< The same; what is drawn beside the model.
     std::vector<FrameItem> m_inset;   ///< The same; a small scene drawn on top.
+    std::vector<FrameItem*> m_order;  ///< Of FitBudget(); kept for its memory.
     Items m_inOrder;                  ///< Bodies from front to back.
     Items m_transparent;              ///< Bodies from back to front.
     Items m_objectsInTurn;            ///< Of an inset or beside the model.

@@ -131,6 +131,8 @@ private:
     void forgetFrame();
     bool isCheap();
     bool drawFrameNow();
+    bool drawScene(const Coarseness& coarseness);
+    int frameSamples();
     bool refineFrame(const TimeSlice& slice);
     bool showFrame();
     void learnCost(const FrameWork& work, std::uint64_t beganUs);
@@ -165,6 +167,7 @@ private:
     FrameTarget m_frame;                         ///< Of the window, without what lies over it.
     FrameTarget m_present;                       ///< The same with it; empty while nothing does.
     FrameTarget m_next;                          ///< The frame that is drawn in slices.
+    FrameTarget m_small;                         ///< A coarse frame before it is stretched.
     std::optional<FrameShown> m_goal;            ///< What DrawFrame was asked for last.
     bool m_hasFrame = false;                     ///< There is something in m_frame.
     bool m_isFull = false;                       ///< It is the goal in full.

@@ -47,6 +47,10 @@ void View3dOpenGlSG::takeContext(std::unique_ptr<GlContext> context)
     const TambVizCore::RenderingOptions& options = *GetRenderingOptions();
     if (current.IsCurrent() && m_target.Bind(1, 1, options.GetAntialiasLevel()))
         m_renderer.Prepare(options);
+    // The first coarse frame does not wait for the compiler of the driver either.
+    if (current.IsCurrent() && m_window != nullptr && m_small.Bind(1, 1, 1) &&
+        m_frame.Bind(2, 2, 1))
+        m_small.Stretch(m_frame, true);
 }
 
 /// Lets go of the context and of all that was made with it.
@@ -73,6 +77,7 @@ void View3dOpenGlSG::clearGraphics()
     m_target.Clear();
     m_frame.Clear();
     m_present.Clear();
+    m_small.Clear();
     m_next.Clear();
     forgetFrame();
 }

@@ -14,22 +14,10 @@
 namespace ViewOpenGl {
 namespace {
 
-/// A frame that takes longer is not drawn at once, milliseconds; a little below what a hand feels
-/// as late, 50, because no forecast is exact.
-constexpr double kFrameMs = 45.0;
-
-/// What a coarse frame may take; the window still has to show it.
-constexpr double kMovingMs = 36.0;
-
 /// How long a frame may wait for bodies on their way into graphics memory.
 constexpr int kUploadMs = 8;
 
 constexpr int kMostRefineMs = 50;
-
-void waitForRenderer()
-{
-    glFinish();
-}
 
 } // namespace
 
@@ -45,6 +33,7 @@ void View3dOpenGlSG::SetFrameWindow(OrvikCore::IFrameWindow* window)
     if (!current.IsCurrent())
         return;
     m_frame.Clear();
+    m_small.Clear();
     m_present.Clear();
     m_next.Clear();
     forgetFrame();
@@ -107,36 +96,6 @@ bool View3dOpenGlSG::DrawFrame()
     return isGood;
 }
 
-/// @return whether the picture that was begun can be drawn in full at once.
-bool View3dOpenGlSG::isCheap()
-{
-    FrameWork work = m_renderer.FullWork();
-    work += workBeside();
-    return m_renderer.IsUploaded() && m_cost.Milliseconds(work) <= kFrameMs;
-}
-
-/// Draws the picture that was begun, in full or as coarse as it takes.
-bool View3dOpenGlSG::drawFrameNow()
-{
-    const std::uint64_t began = OrvikOs::Clock::NowUs();
-    m_hasFrame = false;
-    if (!bindTarget(m_frame, m_width, m_height, GetRenderingOptions()->GetAntialiasLevel())) {
-        forgetFrame();
-        return false;
-    }
-    if (!m_isFull)
-        m_renderer.FitBudget(m_cost, kMovingMs, workBeside());
-    m_renderer.DrawAll();
-    FrameWork work = m_renderer.GetPainter().Work();
-    endPicture(m_width, m_height);
-    work += workBeside();
-    learnCost(work, began);
-    m_hasFrame = true;
-    const bool isGood = showFrame();
-    m_renderer.EndFrame();
-    return isGood;
-}
-
 bool View3dOpenGlSG::Refine(int milliseconds)
 {
     const TimeSlice slice(std::clamp(milliseconds, 1, kMostRefineMs));
@@ -158,56 +117,6 @@ bool View3dOpenGlSG::Refine(int milliseconds)
     if (paints && m_window != nullptr)
         m_window->PaintNow();
     return !isDone;
-}
-
-/// Draws on at the frame in full.
-/// @return true when it is complete.
-bool View3dOpenGlSG::refineFrame(const TimeSlice& slice)
-{
-    const std::uint64_t began = OrvikOs::Clock::NowUs();
-    FrameWork work;
-    if (!m_isDrawing) {
-        beginPicture(m_width, m_height, Purpose::Frame, slice);
-        if (!m_renderer.IsUploaded() ||
-            !bindTarget(m_next, m_width, m_height, GetRenderingOptions()->GetAntialiasLevel()))
-            return false;
-        ++m_frameCount;
-        m_isDrawing = true;
-        work = workBeside();
-    } else {
-        m_next.Bind();
-        work.slices = 1.0;
-    }
-    FrameBudget budget(m_cost, slice, &waitForRenderer);
-    const bool isDone = m_renderer.Continue(budget);
-    work.slices += budget.Waits();
-    work += m_renderer.GetPainter().Work();
-    if (isDone)
-        endPicture(m_width, m_height);
-    learnCost(work, began);
-    if (!isDone)
-        return false;
-    std::swap(m_frame, m_next);
-    m_isDrawing = false;
-    m_hasFrame = true;
-    m_isFull = showFrame();
-    m_renderer.EndFrame();
-    return m_isFull;
-}
-
-void View3dOpenGlSG::learnCost(const FrameWork& work, std::uint64_t beganUs)
-{
-    glFinish();
-    m_cost.Learn(work, static_cast<double>(OrvikOs::Clock::NowUs() - beganUs) / 1000.0);
-}
-
-/// @return what each frame comes to beside what is drawn into it.
-FrameWork View3dOpenGlSG::workBeside() const
-{
-    FrameWork work;
-    work.slices = 1.0;
-    work.pixels = static_cast<double>(m_width) * m_height;
-    return work;
 }
 
 void View3dOpenGlSG::forgetFrame()

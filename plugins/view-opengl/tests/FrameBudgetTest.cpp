@@ -51,6 +51,27 @@ protected:
         ASSERT_GT(m_window.Waits(), waits);
     }
 
+    /// Moves the camera on a machine so slow that frames become as coarse as can be, back to where
+    /// it looks along -z.
+    void moveFarBeyondTheBudget()
+    {
+        moveUntilCoarse();
+        m_window.Settle();
+        m_clock.SetStep(300000);
+        for (int i = 1; i < 20; ++i) {
+            turn(0.01f * static_cast<float>(i % 19));
+            m_view->UpdateDisplay();
+        }
+    }
+
+    /// @return what the window shows at a place as ViewTest has it.
+    Shows shownAt(double x, double y)
+    {
+        m_image.width = m_image.height = 200;
+        m_image.rgba = m_window.Pixels();
+        return At(x, y);
+    }
+
     FrameWindow m_window{*m_view};
     TickingClock m_clock{0};
     GeoNode* m_body = nullptr;
@@ -68,6 +89,55 @@ TEST_F(FrameBudgetOfAView, IsKeptByCoarserFramesThatRefineToThePicture)
     m_window.Settle();
 
     EXPECT_EQ(m_window.Pixels(), m_image.rgba);
+}
+
+TEST_F(FrameBudgetOfAView, IsKeptByFramesInWhichTheModelIsWhereItWas)
+{
+    double place[16];
+    TambVizCore::SetIdentity(place);
+    place[0] = place[5] = place[10] = 0.5;
+    place[12] = place[13] = 0.5;
+    m_body->SetTransform(place);
+    moveFarBeyondTheBudget();
+
+    EXPECT_EQ(shownAt(0.45, 0.5), Shows::Red);
+    EXPECT_EQ(shownAt(-0.5, 0.5), Shows::Background);
+    EXPECT_EQ(shownAt(-0.5, -0.5), Shows::Background);
+    EXPECT_EQ(shownAt(0.5, -0.5), Shows::Background);
+}
+
+TEST_F(FrameBudgetOfAView, IsKeptByFramesWithoutFacesInWhichTheModelIsSeen)
+{
+    Options().SetShowFaces(false);
+    moveFarBeyondTheBudget();
+
+    int dark = 0;
+    for (std::size_t at = 0; at < m_window.Pixels().size(); at += 4)
+        dark += m_window.Pixels()[at] < 60 ? 1 : 0;
+    EXPECT_GT(dark, 100);
+}
+
+TEST_F(FrameBudgetOfAView, IsKeptByFramesInWhichLabelsAreHiddenByTheModel)
+{
+    using enum OrvikCore::TextDirection;
+    m_view->DrawTextItems(
+        {OrvikCore::TextItem3D(L"HHHHHH", false, L"", -0.5f, 0.0f, -1.0f, PositiveX, PositiveY,
+                               true, false, 0.2f, 0.0f, 0.0f, L"", kBlue, kBlue)});
+    double place[16];
+    TambVizCore::SetIdentity(place);
+    place[13] = 1.0;
+    m_body->SetTransform(place);
+    moveFarBeyondTheBudget();
+    const Shows before = shownAt(0.0, 0.05);
+    place[13] = 0.0;
+    m_body->SetTransform(place);
+    m_view->UpdateDisplay();
+    turn(0.0f);
+    m_view->UpdateDisplay();
+
+    EXPECT_EQ(before, Shows::Blue);
+    EXPECT_EQ(shownAt(0.0, 0.05), Shows::Red);
+    EXPECT_EQ(shownAt(0.2, 0.05), Shows::Red);
 }
 
 TEST_F(FrameBudgetOfAView, IsKeptBySeveralSlicesOfRefinement)

@@ -102,6 +102,25 @@ TEST_F(ProjectionOf, BorderOfThePictureIsAtOneInPerspective)
     EXPECT_NEAR(clip[1], 1.0, 1e-5);
 }
 
+TEST_F(ProjectionOf, PixelsCoveredAreThoseOfTheNearSide)
+{
+    EXPECT_NEAR(PixelsCovered(from(m_parallel, m_eyeBox), m_eyeBox), 10.0 * 10.0, 1e-3);
+    EXPECT_NEAR(PixelsCovered(from(m_perspective, m_eyeBox), m_eyeBox), 12.5 * 12.5, 1e-3);
+}
+
+TEST_F(ProjectionOf, PixelsCoveredAreAtMostThePicture)
+{
+    const VizBox around{-1000, -1000, -1000, 1000, 1000, 1000};
+    const VizBox beside{100, -1, -12, 101, 1, -8};
+
+    for (OrvikCore::ACamera* const camera : {static_cast<OrvikCore::ACamera*>(&m_parallel),
+                                             static_cast<OrvikCore::ACamera*>(&m_perspective)}) {
+        const Projection projection = from(*camera, m_eyeBox);
+        EXPECT_NEAR(PixelsCovered(projection, around), 200.0 * 100.0, 1e-3);
+        EXPECT_EQ(PixelsCovered(projection, beside), 0.0);
+    }
+}
+
 TEST_F(ProjectionOf, DepthsEncloseWhatIsDrawn)
 {
     for (OrvikCore::ACamera* const camera : {static_cast<OrvikCore::ACamera*>(&m_parallel),
