@@ -59,7 +59,7 @@ CommandLine::CommandLine(CLI::App& app) : m_app(app)
     app.set_version_flag("--version", app.get_name() + " " + PELLUX_VERSION,
                          "Print the version and end");
     app.add_option("FILE", m_files, "Models to load; the second and later ones are added");
-    addMany(app, "--script", m_scripts, "Run a script file", "F");
+    addMany(app, "--script", m_scripts, "Run a script file; - is standard input", "F");
     addMany(app, "--eval", m_evals, "Run an expression", "EXPR");
     addMany(app, "--import", m_imports, "Add a model to what is loaded", "F");
     app.add_option("--size", m_size, "Size of the view in pixels")->type_name("WxH");

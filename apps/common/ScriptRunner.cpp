@@ -4,8 +4,13 @@
 
 #include <OrvikCore/AScriptEngine.h>
 #include <OrvikCore/Shell.h>
+#include <OrvikOs/Directory.h>
 #include <TambVizCore/Utils.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <sstream>
 #include <utility>
 #include <vector>
 
@@ -24,7 +29,32 @@ void forgetInput()
         input->Clear();
 }
 
+std::wstring readAll(std::istream& stream)
+{
+    std::ostringstream bytes;
+    bytes << stream.rdbuf();
+    return TambVizCore::Utils::StringToWstring(bytes.str());
+}
+
 } // namespace
+
+bool ReadScript(const std::wstring& file, std::wstring& text)
+{
+    if (file == L"-") {
+        text = readAll(std::cin);
+        return true;
+    }
+    if (TambVizCore::Utils::GetFileContents(file, text))
+        return true;
+    // What has no size cannot be mapped.
+    if (OrvikOs::IsDirectory(file))
+        return false;
+    std::ifstream stream(std::filesystem::path(TambVizCore::Utils::WstringToString(file)),
+                         std::ios::binary);
+    if (stream)
+        text = readAll(stream);
+    return stream.is_open();
+}
 
 ScriptRunner::ScriptRunner(OrvikCore::Shell& shell, BeforeForm beforeForm, AfterForm afterForm)
     : m_shell(shell), m_beforeForm(std::move(beforeForm)), m_afterForm(std::move(afterForm))
@@ -58,7 +88,7 @@ bool ScriptRunner::RunText(const std::wstring& text, const std::wstring& source)
 bool ScriptRunner::RunFile(const std::wstring& file, std::wstring& errorText)
 {
     std::wstring text;
-    if (!TambVizCore::Utils::GetFileContents(file, text)) {
+    if (!ReadScript(file, text)) {
         errorText = L"Failed to read script file : " + file;
         return false;
     }

@@ -10,6 +10,12 @@ class Shell;
 
 namespace Pellux {
 
+/// Reads a script: a file, something that is read only once, such as a pipe, or standard input
+/// where the name is "-".
+///
+/// @return false when it cannot be read.
+bool ReadScript(const std::wstring& file, std::wstring& text);
+
 /// Runs scripts form by form: each top-level form is a job of its own, so that a host can show,
 /// cancel and act between them. Main thread.
 class ScriptRunner
@@ -32,7 +38,7 @@ public:
     /// @return true when every form ran without an error.
     bool RunText(const std::wstring& text, const std::wstring& source);
 
-    /// Runs the forms of a file.
+    /// Runs the forms of what ReadScript reads.
     ///
     /// @param errorText  Receives "Failed to read script file : <file>" when it cannot be read;
     ///                   errors of the script are printed in the session instead.

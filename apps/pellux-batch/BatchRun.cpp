@@ -179,7 +179,7 @@ bool BatchRun::runStep(const Step& step)
         break;
     }
     std::wstring text;
-    if (!Utils::GetFileContents(step.text, text)) {
+    if (!Pellux::ReadScript(step.text, text)) {
         show(L"Failed to read script file : " + step.text, MessageType::Error);
         return false;
     }

@@ -7,7 +7,6 @@
 #include <OrvikCore/MessageType.h>
 #include <OrvikOs/MsgWait.h>
 #include <TambCommandsInfra/CancelToken.h>
-#include <TambVizCore/Utils.h>
 
 #include <HostRuntime.h>
 #include <ScriptRunner.h>
@@ -95,7 +94,7 @@ bool CommandRunner::Run(const QString& text, const QString& source)
 bool CommandRunner::RunFile(const QString& path)
 {
     std::wstring text;
-    if (TambVizCore::Utils::GetFileContents(FromQt(path), text))
+    if (ReadScript(FromQt(path), text))
         return Run(ToQt(text), path);
     Print(QStringLiteral("Failed to read script file : ") + path,
           static_cast<int>(OrvikCore::MessageType::Error));
