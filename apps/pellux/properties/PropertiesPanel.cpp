@@ -1,5 +1,6 @@
 #include "properties/PropertiesPanel.h"
 
+#include "properties/WrappedValues.h"
 #include "runtime/CommandRunner.h"
 #include "runtime/Guarded.h"
 
@@ -56,10 +57,11 @@ void PropertiesPanel::layOut()
     m_view = new QTreeView(this);
     m_view->setModel(&m_list);
     m_view->setRootIsDecorated(false);
-    m_view->setUniformRowHeights(true);
+    m_view->setWordWrap(true);
+    m_view->setItemDelegateForColumn(PropertyList::Value, new WrappedValues(*m_view));
     m_view->setAlternatingRowColors(true);
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    m_view->setTextElideMode(Qt::ElideMiddle);
+    m_view->setTextElideMode(Qt::ElideRight);
     m_view->setAccessibleName(tr("Properties"));
     m_view->header()->setStretchLastSection(false);
     m_view->header()->setSectionResizeMode(PropertyList::Label, QHeaderView::ResizeToContents);

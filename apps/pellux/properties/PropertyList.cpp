@@ -52,7 +52,8 @@ QVariant PropertyList::data(const QModelIndex& index, int role) const
     const Row& row = m_rows[static_cast<std::size_t>(index.row())];
     switch (role) {
     case Qt::DisplayRole:
-        return text(row, index.column());
+        return index.column() == Value && !row.answer.shown.isEmpty() ? row.answer.shown
+                                                                      : text(row, index.column());
     case Qt::ToolTipRole:
         return text(row, Value) + QLatin1Char('\n') + row.script;
     case Qt::DecorationRole:

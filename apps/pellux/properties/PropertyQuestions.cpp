@@ -44,6 +44,12 @@ Value askOne(const char* command, const EntityId& entity)
     return isFalse(found) ? found : RunQuietly(command, {found});
 }
 
+void setValue(PropertyAnswer& answer, const Value& value, Unit unit, LengthUnit length)
+{
+    answer.value = ValueText(value, unit, length);
+    answer.shown = ValueText(value, unit, length, Digits::Few);
+}
+
 QString scriptOf(const char* command, const EntityId& entity)
 {
     return EntitiesForm(command, {entity});
@@ -133,9 +139,8 @@ PropertyQuestion measureQuestion(const MeasureLine& line, const EntityId& entity
                 return answer;
             const Value& value = result.AsList()[0];
             answer.isThere = true;
-            answer.value = line.factor == 1.0
-                               ? ValueText(value, line.unit, length)
-                               : NumberText(line.factor * value.AsReal(), line.unit, length);
+            setValue(answer, line.factor == 1.0 ? value : Value(line.factor * value.AsReal()),
+                     line.unit, length);
             answer.how = ValueText(result.AsList()[1], Unit::None);
             return answer;
         }};
@@ -152,8 +157,13 @@ PropertyQuestion boxQuestion(const EntityId& entity, LengthUnit length)
                 const Value::List low(sides.begin(), sides.begin() + 3);
                 const Value::List high(sides.begin() + 3, sides.end());
                 answer.isThere = true;
-                answer.value = ValueText(Value(low), Unit::None) + QStringLiteral(" \u2026 ") +
-                               ValueText(Value(high), Unit::Length, length);
+                const auto text = [&](Digits digits) {
+                    return ValueText(Value(low), Unit::None, length, digits) +
+                           QStringLiteral(" \u2026 ") +
+                           ValueText(Value(high), Unit::Length, length, digits);
+                };
+                answer.value = text(Digits::All);
+                answer.shown = text(Digits::Few);
                 return answer;
             }};
 }
@@ -203,7 +213,7 @@ PropertyQuestion pairQuestion(const char* label, const std::shared_ptr<PairComma
                 if (isFalse(result))
                     return answer;
                 answer.isThere = true;
-                answer.value = ValueText(result.AsList()[position], unit, length);
+                setValue(answer, result.AsList()[position], unit, length);
                 answer.how = ValueText(result.AsList().back(), Unit::None);
                 return answer;
             }};
@@ -263,7 +273,7 @@ PropertyQuestion sumQuestion(const char* label, const char* word, Unit unit,
                     sum += one.AsList()[0].AsReal();
                     isExact = isExact && one.AsList()[1].AsString() == L"exact";
                 }
-                answer.value = NumberText(sum, unit, length);
+                setValue(answer, Value(sum), unit, length);
                 answer.how = isExact ? QStringLiteral("exact") : QStringLiteral("triangles");
                 return answer;
             }};

@@ -16,9 +16,10 @@ namespace Pellux {
 struct PropertyAnswer
 {
     bool isThere = false; ///< false: the entities have nothing of the kind.
-    QString value;
-    QString how;  ///< "exact", "triangles", or empty where that is no question.
-    QColor color; ///< Shown beside the value where it is valid.
+    QString value;        ///< With every digit that is known, to be copied.
+    QString shown;        ///< The same with fewer digits, to be read.
+    QString how;          ///< "exact", "triangles", or empty where that is no question.
+    QColor color;         ///< Shown beside the value where it is valid.
 };
 
 /// One line of the properties.

@@ -24,12 +24,20 @@ enum class LengthUnit
     Millimetre, ///< CAD files are read in millimetres.
 };
 
-/// Writes a number for people, with ten significant digits and its unit.
-QString NumberText(double number, Unit unit, LengthUnit length = LengthUnit::Unknown);
+/// How many digits of a number are written.
+enum class Digits
+{
+    All, ///< Ten that are significant; very large and small numbers with an exponent.
+    Few, ///< Six, and all of those before the point.
+};
+
+/// Writes a number for people, with its unit.
+QString NumberText(double number, Unit unit, LengthUnit length = LengthUnit::Unknown,
+                   Digits digits = Digits::All);
 
 /// Writes a value that a command gave for people: numbers with their unit, lists with commas.
 QString ValueText(const TambCommandsInfra::Value& value, Unit unit,
-                  LengthUnit length = LengthUnit::Unknown);
+                  LengthUnit length = LengthUnit::Unknown, Digits digits = Digits::All);
 
 } // namespace Pellux
 

@@ -190,6 +190,49 @@ TEST_F(PropertiesWindow, EveryScriptRuns)
     }
 }
 
+TEST_F(PropertiesWindow, ShowFewDigitsAndCopyAll)
+{
+    Open();
+    ASSERT_TRUE(Do(qPrintable(QStringLiteral("(doc:load \"%1/data/hole_plate.step\")")
+                                  .arg(QLatin1String(ORVIK_TEST_FOLDER)))));
+    select("(sel:by-kind \"body\")");
+    const int row = rowOf("Volume");
+    ASSERT_GE(row, 0);
+    view().setCurrentIndex(panel().List().index(row, 0));
+    trigger("&Copy");
+
+    const QString copied = QGuiApplication::clipboard()->text().section(u'\t', 1, 1);
+    EXPECT_LT(value("Volume").size(), copied.size());
+    EXPECT_NEAR(value("Volume").section(u' ', 0, 0).toDouble(),
+                copied.section(u' ', 0, 0).toDouble(), 1.0);
+    const QModelIndex cell = panel().List().index(row, PropertyList::Value);
+    EXPECT_TRUE(cell.data(Qt::ToolTipRole).toString().startsWith(copied));
+}
+
+TEST_F(PropertiesWindow, CanBeReadInANarrowPanel)
+{
+    openCube();
+    ASSERT_TRUE(Do("(doc:clear)"));
+    ASSERT_TRUE(Do(qPrintable(QStringLiteral("(doc:load \"%1/data/hole_plate.step\")")
+                                  .arg(QLatin1String(ORVIK_TEST_FOLDER)))));
+    Window().resize(710, 410);
+    select("(sel:by-kind \"body\")");
+    QCoreApplication::processEvents();
+
+    const int width = view().columnWidth(PropertyList::Value);
+    bool isBroken = false;
+    for (int row = 0; row < panel().List().rowCount(); ++row) {
+        const QModelIndex cell = panel().List().index(row, PropertyList::Value);
+        const QRect text = view().fontMetrics().boundingRect(
+            QRect(0, 0, width, 1000), Qt::TextWordWrap, cell.data().toString());
+        EXPECT_LE(text.width(), width) << qPrintable(cell.data().toString());
+        EXPECT_LE(text.height(), view().visualRect(cell).height())
+            << qPrintable(cell.data().toString());
+        isBroken = isBroken || text.height() > view().fontMetrics().height() * 3 / 2;
+    }
+    EXPECT_TRUE(isBroken);
+}
+
 TEST_F(PropertiesWindow, AreCopiedAsTextAndAsScript)
 {
     openCube();
@@ -229,6 +272,17 @@ TEST_F(PropertiesWindow, LeaveNothingBehindWhenTheWindowClosesMeanwhile)
 TEST(PropertyTexts, HideTheLastBitsOfASum)
 {
     EXPECT_EQ(Pellux::NumberText(0.1 + 0.2, Pellux::Unit::Length), QStringLiteral("0.3 units"));
+    const auto few = [](double number) {
+        return Pellux::NumberText(number, Pellux::Unit::None, Pellux::LengthUnit::Unknown,
+                                  Pellux::Digits::Few)
+            .toStdString();
+    };
+    EXPECT_EQ(few(36793.76937), "36793.8");
+    EXPECT_EQ(few(-0.000123456789), "-0.000123457");
+    EXPECT_EQ(few(123456789.5), "123456790");
+    EXPECT_EQ(few(1.5e20), "1.5e+20");
+    EXPECT_EQ(few(0.0), "0");
+    EXPECT_EQ(few(100.0), "100");
 }
 
 } // namespace
