@@ -91,13 +91,34 @@ ControlsPanel::~ControlsPanel() = default;
 
 void ControlsPanel::follow()
 {
-    for (SectionControl* const section : m_sections)
-        section->Follow();
     TambVizCore::AView3DAdapter* const adapter = m_view.GetView3DAdapter();
-    const TambVizCore::RenderingOptions* const options =
+    TambVizCore::RenderingOptions* const options =
         adapter == nullptr ? nullptr : adapter->GetRenderingOptions();
+    std::vector<SectionPlane> present;
+    if (options != nullptr)
+        for (const TambVizCore::ClipPlane& plane : options->GetClipPlanes())
+            present.push_back(SectionPlane::FromClipPlane(plane));
+    followSections(present);
     m_caps->setChecked(options == nullptr || options->GetShowCaps());
     m_explode->Follow();
+}
+
+void ControlsPanel::followSections(const std::vector<SectionPlane>& present)
+{
+    std::vector<SectionRow> rows;
+    for (const SectionControl* const section : m_sections)
+        rows.push_back(section->Row());
+    const std::vector<int> numbers = NumbersOfRows(rows, present);
+    bool isOffered = true;
+    for (std::size_t i = 0; i < m_sections.size(); ++i) {
+        SectionControl& section = *m_sections[i];
+        const int number = numbers[i];
+        section.Follow(number,
+                       number == 0 ? rows[i].plane : present[static_cast<std::size_t>(number - 1)]);
+        // One after the other the first time; what was used once is at hand.
+        section.setEnabled(isOffered || section.WasUsed());
+        isOffered = isOffered && section.WasUsed();
+    }
 }
 
 } // namespace Pellux

@@ -3,6 +3,7 @@
 
 #include <QWidget>
 #include <array>
+#include <vector>
 
 QT_BEGIN_NAMESPACE
 class QCheckBox;
@@ -17,6 +18,7 @@ namespace Pellux {
 class CommandRunner;
 class ExplodeControl;
 class SectionControl;
+struct SectionPlane;
 
 /// Section planes and explosion of a view. @thread Main thread.
 class ControlsPanel final : public QWidget
@@ -33,6 +35,7 @@ public:
 
 private:
     void follow();
+    void followSections(const std::vector<SectionPlane>& present);
 
     TambVizCore::IView3D& m_view;
     std::array<SectionControl*, 3> m_sections{}; ///< Owned as children.

@@ -30,19 +30,16 @@ constexpr int kFree = 3;
 
 } // namespace
 
-SectionControl::SectionControl(int number, CommandRunner& runner, TambVizCore::IView3D& view,
+SectionControl::SectionControl(int title, CommandRunner& runner, TambVizCore::IView3D& view,
                                QWidget* parent)
-    : QGroupBox(tr("Section %1").arg(number), parent),
-      m_number(number),
-      m_runner(runner),
-      m_view(view)
+    : QGroupBox(tr("Section %1").arg(title), parent), m_title(title), m_runner(runner), m_view(view)
 {
-    setAccessibleName(title());
+    setAccessibleName(QGroupBox::title());
     setCheckable(true);
     setChecked(false);
     layOut();
     connectParts();
-    Follow();
+    Follow(0, {});
 }
 
 SectionControl::~SectionControl() = default;
@@ -51,13 +48,13 @@ void SectionControl::layOut()
 {
     m_axis = new QComboBox(this);
     m_axis->addItems({tr("X"), tr("Y"), tr("Z"), tr("Free")});
-    m_axis->setAccessibleName(tr("Axis of section %1").arg(m_number));
+    m_axis->setAccessibleName(tr("Axis of section %1").arg(m_title));
     m_flip = new QCheckBox(tr("Flip"), this);
-    m_flip->setAccessibleName(tr("Flip section %1").arg(m_number));
+    m_flip->setAccessibleName(tr("Flip section %1").arg(m_title));
     m_slider = new QSlider(Qt::Horizontal, this);
     m_slider->setRange(0, kSteps);
     m_slider->setPageStep(kSteps / 10);
-    m_slider->setAccessibleName(tr("Position of section %1").arg(m_number));
+    m_slider->setAccessibleName(tr("Position of section %1").arg(m_title));
     m_position = new QLabel(this);
     m_position->setMinimumWidth(
         m_position->fontMetrics().horizontalAdvance(QStringLiteral("-1234.56")));
@@ -75,7 +72,7 @@ void SectionControl::layOut()
         m_normal[i]->setSingleStep(0.05);
         m_normal[i]->setKeyboardTracking(false);
         m_normal[i]->setAccessibleName(
-            tr("Normal of section %1, %2").arg(m_number).arg(QLatin1String(names[i])));
+            tr("Normal of section %1, %2").arg(m_title).arg(QLatin1String(names[i])));
         normalLines->addRow(tr("Normal, %1").arg(QLatin1String(names[i])), m_normal[i]);
     }
     auto* const grid = new QGridLayout(this);
@@ -93,8 +90,8 @@ void SectionControl::connectParts()
         *m_slider, m_runner, [this] { preview(); },
         [this] {
             takePreviewBack();
-            m_plane = atSlider();
-            return m_plane.Form(m_number);
+            m_row.plane = atSlider();
+            return m_row.plane.Form(m_row.number);
         });
     connect(m_slider, &QSlider::valueChanged, this,
             [this] { m_position->setText(QString::number(atSlider().position, 'g', 6)); });
@@ -106,7 +103,7 @@ void SectionControl::connectParts()
             [this](int axis) { Guarded([this, axis] { chooseAxis(axis); }); });
     connect(m_flip, &QCheckBox::clicked, this, [this](bool isFlipped) {
         Guarded([this, isFlipped] {
-            m_plane.isFlipped = isFlipped;
+            m_row.plane.isFlipped = isFlipped;
             run();
         });
     });
@@ -120,7 +117,7 @@ void SectionControl::connectParts()
 void SectionControl::preview()
 {
     takePreviewBack();
-    RunQuietly("view:section", atSlider().Arguments(m_number));
+    RunQuietly("view:section", atSlider().Arguments(m_row.number));
     m_hasPreview = !(planes() == m_beforePreview);
 }
 
@@ -135,20 +132,28 @@ void SectionControl::takePreviewBack()
 
 void SectionControl::run()
 {
-    if (!m_runner.Run(m_plane.Form(m_number), QStringLiteral("controls")))
-        Follow();
+    if (!m_runner.Run(m_row.plane.Form(m_row.number), QStringLiteral("controls")))
+        Follow(m_row.number, m_row.plane);
 }
 
 void SectionControl::switchOn(bool isOn)
 {
+    const int before = m_row.number;
+    const QString source = QStringLiteral("controls");
     if (isOn) {
         const std::array<double, 2> ends = range();
-        m_plane.position = SectionPlane::Rounded((ends[0] + ends[1]) / 2.0, ends[1] - ends[0]);
-        return run();
+        const bool isInside = m_row.plane.position > ends[0] && m_row.plane.position < ends[1];
+        if (!m_wasUsed || !isInside)
+            m_row.plane.position =
+                SectionPlane::Rounded((ends[0] + ends[1]) / 2.0, ends[1] - ends[0]);
+        // Sections are numbered without gaps.
+        m_row.number = static_cast<int>(planes().size()) + 1;
+        if (m_runner.Run(m_row.plane.Form(m_row.number), source))
+            return;
+    } else if (m_runner.Run(QStringLiteral("(view:section-off %1)").arg(m_row.number), source)) {
+        return;
     }
-    if (!m_runner.Run(QStringLiteral("(view:section-off %1)").arg(m_number),
-                      QStringLiteral("controls")))
-        Follow();
+    Follow(before, m_row.plane);
 }
 
 /// The plane goes through the middle of the model along its new axis.
@@ -167,46 +172,44 @@ void SectionControl::chooseAxis(int axis)
     } else {
         normal[static_cast<std::size_t>(axis)] = 1.0;
     }
-    m_plane.axis = normal;
+    m_row.plane.axis = normal;
     const std::array<double, 2> ends = range();
-    m_plane.position = SectionPlane::Rounded((ends[0] + ends[1]) / 2.0, ends[1] - ends[0]);
+    m_row.plane.position = SectionPlane::Rounded((ends[0] + ends[1]) / 2.0, ends[1] - ends[0]);
     run();
 }
 
-void SectionControl::Follow()
+void SectionControl::Follow(int number, const SectionPlane& plane)
 {
     if (m_live->IsUnderWay())
         return;
     m_isFollowing = true;
-    const std::vector<TambVizCore::ClipPlane> present = planes();
-    const auto position = static_cast<std::size_t>(m_number - 1);
-    setChecked(position < present.size());
-    // Planes are numbered without gaps.
-    setEnabled(position <= present.size());
-    if (position < present.size())
-        m_plane = SectionPlane::FromClipPlane(present[position]);
+    m_row.number = number;
+    if (number > 0)
+        m_row.plane = plane;
+    m_wasUsed = m_wasUsed || number > 0;
+    setChecked(number > 0);
     showPlane();
     m_isFollowing = false;
 }
 
 void SectionControl::showPlane()
 {
-    const bool isFree = m_plane.AxisNumber() == kFree;
-    m_axis->setCurrentIndex(m_plane.AxisNumber());
-    m_flip->setChecked(m_plane.isFlipped);
-    m_freeNormal->setVisible(isFree);
+    const SectionPlane& plane = m_row.plane;
+    m_axis->setCurrentIndex(plane.AxisNumber());
+    m_flip->setChecked(plane.isFlipped);
+    m_freeNormal->setVisible(plane.AxisNumber() == kFree);
     for (std::size_t i = 0; i < 3; ++i)
-        m_normal[i]->setValue(m_plane.axis[i]);
+        m_normal[i]->setValue(plane.axis[i]);
     const std::array<double, 2> ends = range();
     const double length = ends[1] - ends[0];
-    const double share = length > 0.0 ? (m_plane.position - ends[0]) / length : 0.0;
+    const double share = length > 0.0 ? (plane.position - ends[0]) / length : 0.0;
     m_live->Show(static_cast<int>(std::lround(std::clamp(share, 0.0, 1.0) * kSteps)));
-    m_position->setText(QString::number(m_plane.position, 'g', 6));
+    m_position->setText(QString::number(plane.position, 'g', 6));
 }
 
 SectionPlane SectionControl::atSlider() const
 {
-    SectionPlane plane = m_plane;
+    SectionPlane plane = m_row.plane;
     const std::array<double, 2> ends = range();
     plane.position = SectionPlane::Rounded(
         ends[0] + (ends[1] - ends[0]) * m_slider->value() / kSteps, ends[1] - ends[0]);
@@ -215,7 +218,7 @@ SectionPlane SectionControl::atSlider() const
 
 std::array<double, 2> SectionControl::range() const
 {
-    return m_plane.Range(m_view.GetSceneRoot().WorldBounds());
+    return m_row.plane.Range(m_view.GetSceneRoot().WorldBounds());
 }
 
 std::vector<TambVizCore::ClipPlane> SectionControl::planes() const

@@ -2,6 +2,7 @@
 #define PELLUX_CONTROLS_SECTIONCONTROL_H
 
 #include "controls/SectionPlane.h"
+#include "controls/SectionRows.h"
 
 #include <QGroupBox>
 #include <array>
@@ -30,17 +31,25 @@ class SectionControl final : public QGroupBox
     Q_OBJECT
 
 public:
-    /// @param number        From 1, as view:section counts.
+    /// @param title         Number in the title, from 1.
     /// @param runner, view  Not owned; outlive the control.
-    SectionControl(int number, CommandRunner& runner, TambVizCore::IView3D& view,
+    SectionControl(int title, CommandRunner& runner, TambVizCore::IView3D& view,
                    QWidget* parent = nullptr);
     ~SectionControl() override;
 
     SectionControl(const SectionControl&) = delete;
     SectionControl& operator=(const SectionControl&) = delete;
 
-    /// Shows the plane of the view, unless a hand is at the slider.
-    void Follow();
+    /// What the control shows.
+    const SectionRow& Row() const { return m_row; }
+
+    /// Tells whether the control has ever shown a section.
+    bool WasUsed() const { return m_wasUsed; }
+
+    /// Shows a section of the view, unless a hand is at the slider.
+    /// @param number  As view:section counts; 0 switches off and keeps the plane for the next time.
+    /// @param plane   Of that section; left alone for 0.
+    void Follow(int number, const SectionPlane& plane);
 
 private:
     void layOut();
@@ -55,10 +64,10 @@ private:
     std::array<double, 2> range() const;
     std::vector<TambVizCore::ClipPlane> planes() const;
 
-    int m_number;
+    const int m_title;
     CommandRunner& m_runner;
     TambVizCore::IView3D& m_view;
-    SectionPlane m_plane;
+    SectionRow m_row;
     QComboBox* m_axis = nullptr; ///< These are owned as children.
     QSlider* m_slider = nullptr;
     QLabel* m_position = nullptr;
@@ -67,6 +76,7 @@ private:
     QWidget* m_freeNormal = nullptr;
     LiveCommand* m_live = nullptr;
     bool m_isFollowing = false;
+    bool m_wasUsed = false;
     bool m_hasPreview = false; ///< Whether the last step of the view is a preview.
     std::vector<TambVizCore::ClipPlane> m_beforePreview;
 };

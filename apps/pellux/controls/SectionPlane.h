@@ -18,6 +18,8 @@ struct SectionPlane
     double position = 0.0;                        ///< Along the axis, world units.
     bool isFlipped = false;                       ///< Cuts away what lies behind, not before.
 
+    bool operator==(const SectionPlane& other) const = default;
+
     /// Reads a plane of a view: one along a coordinate axis as that axis, pointing forwards.
     static SectionPlane FromClipPlane(const TambVizCore::ClipPlane& plane);
 

@@ -199,6 +199,44 @@ TEST_F(ControlsWindow, OfferTheNextSectionOnly)
     EXPECT_FALSE(section(3).isEnabled());
 }
 
+TEST_F(ControlsWindow, SwitchOffTheSectionThatWasUntickedAndNoOther)
+{
+    openCube();
+    EXPECT_TRUE(Do("(view:section '(4 0 0) '(1 0 0) 1)"));
+    EXPECT_TRUE(Do("(view:section '(0 6 0) '(0 1 0) 2)"));
+    EXPECT_TRUE(Do("(view:section '(0 0 7) '(0 0 1) 3)"));
+    echoed.clear();
+
+    section(1).setChecked(false);
+    EXPECT_EQ(echoed.back(), QStringLiteral("(view:section-off 1)"));
+    EXPECT_FALSE(section(1).isChecked());
+    EXPECT_TRUE(section(2).isChecked());
+    EXPECT_EQ(section(2).findChild<QComboBox*>()->currentIndex(), 1);
+    EXPECT_TRUE(section(3).isChecked());
+    EXPECT_EQ(slider(section(3)).value(), 700);
+
+    section(2).setChecked(false);
+    EXPECT_EQ(echoed.back(), QStringLiteral("(view:section-off 1)"));
+    drag(slider(section(3)), {800});
+    slider(section(3)).setSliderDown(false);
+    EXPECT_EQ(echoed.back(), QStringLiteral("(view:section '(0 0 8) '(0 0 1) 1)"));
+    ASSERT_EQ(planes().size(), 1u);
+    EXPECT_FLOAT_EQ(planes()[0].offset, 8.0f);
+}
+
+TEST_F(ControlsWindow, ASectionComesBackWhereItWas)
+{
+    openCube();
+    EXPECT_TRUE(Do("(view:section '(4 0 0) '(1 0 0) 1)"));
+    EXPECT_TRUE(Do("(view:section '(0 6 0) '(0 1 0) 2)"));
+    section(1).setChecked(false);
+
+    section(1).setChecked(true);
+    EXPECT_EQ(echoed.back(), QStringLiteral("(view:section '(4 0 0) '(1 0 0) 2)"));
+    EXPECT_TRUE(section(2).isChecked());
+    EXPECT_EQ(section(2).findChild<QComboBox*>()->currentIndex(), 1);
+}
+
 TEST_F(ControlsWindow, TakeAssembliesApartAsOneStep)
 {
     openAssembly();
