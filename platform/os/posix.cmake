@@ -2,6 +2,7 @@ target_sources(OrvikOs PRIVATE
     src/posix/AppendFile.cpp
     src/posix/AtomicFile.cpp
     src/posix/Directory.cpp
+    src/posix/EndRequestHandler.cpp
     src/posix/Environment.cpp
     src/posix/Event.cpp
     src/posix/FileWriting.cpp

@@ -3,6 +3,7 @@ target_sources(OrvikOs PRIVATE
     src/windows/AtomicFile.cpp
     src/windows/Clipboard.cpp
     src/windows/Directory.cpp
+    src/windows/EndRequestHandler.cpp
     src/windows/Environment.cpp
     src/windows/Event.cpp
     src/windows/FaultUnwind.cpp

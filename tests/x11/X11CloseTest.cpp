@@ -51,6 +51,18 @@ TEST_F(Closing, WaitsForWhatRuns)
     EXPECT_NE(m_x.Journal().find("usleep"), std::string::npos);
 }
 
+TEST_F(Closing, AtTheEndOfTheSessionLeavesNoMarkAndKeepsTheJournal)
+{
+    for (const char* const form : {"(app:print 1)", "(let loop () (loop))"}) {
+        ASSERT_TRUE(Start(form));
+        m_x.Signal(SIGTERM);
+
+        EXPECT_EQ(m_x.WaitForEnd(), 0) << form;
+        EXPECT_FALSE(HasMarks());
+        std::filesystem::remove(m_x.Dir().Path() / "ready");
+    }
+}
+
 TEST_F(Closing, ByForceEndsTheProcessAndKeepsTheJournal)
 {
     MakeRunFolderWithFaults(m_x.Dir().Path() / "bin");

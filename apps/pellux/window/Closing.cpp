@@ -37,6 +37,8 @@ void Closing::onAsked(const QObject* window)
         return;
     if (std::exchange(m_isWaiting, true))
         offerForce();
+    else
+        Q_EMIT Waits();
 }
 
 void Closing::offerForce()

@@ -31,6 +31,10 @@ public:
     Closing(const Closing&) = delete;
     Closing& operator=(const Closing&) = delete;
 
+Q_SIGNALS:
+    /// The window closes once what runs has ended.
+    void Waits();
+
 private:
     void onAsked(const QObject* window);
     void offerForce();

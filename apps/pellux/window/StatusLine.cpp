@@ -101,6 +101,11 @@ void StatusLine::ShowFrameTime(double milliseconds)
     m_frameTime->setText(tr("%1 ms").arg(locale().toString(milliseconds, 'f', decimals)));
 }
 
+void StatusLine::ShowClosing()
+{
+    showMessage(tr("The window closes when what runs has ended."));
+}
+
 void StatusLine::setBusy(bool isBusy)
 {
     if (isBusy) {
@@ -109,6 +114,7 @@ void StatusLine::setBusy(bool isBusy)
         m_showLater.start();
         return;
     }
+    clearMessage();
     m_showLater.stop();
     m_progress->hide();
     m_cancel->hide();
@@ -120,7 +126,13 @@ void StatusLine::showProgress(const ProgressReport& report)
         return;
     m_progress->setRange(0, kProgressSteps);
     m_progress->setValue(static_cast<int>(std::lround(report.fraction * kProgressSteps)));
-    m_progress->setFormat(ToQt(report.phase) + QStringLiteral(" %p%"));
+    const QFontMetrics metrics = m_progress->fontMetrics();
+    const int room = kProgressWidth - metrics.horizontalAdvance(QStringLiteral(" 100%")) -
+                     2 * metrics.averageCharWidth();
+    QString phase = metrics.elidedText(ToQt(report.phase), Qt::ElideMiddle, room);
+    // A sign of no width: the bar would take "%p" in a name for its own.
+    phase.replace(u'%', QStringLiteral("%\u2060"));
+    m_progress->setFormat(phase + QStringLiteral(" %p%"));
 }
 
 } // namespace Pellux

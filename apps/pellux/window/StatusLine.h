@@ -48,6 +48,9 @@ public:
     /// @param milliseconds  What the last frame took.
     void ShowFrameTime(double milliseconds);
 
+    /// Says until what runs has ended that the window closes then.
+    void ShowClosing();
+
 private:
     QLabel* addLabel(const char* name, const QString& accessibleName);
     void setBusy(bool isBusy);

@@ -6,6 +6,7 @@
 #include "runtime/QtText.h"
 #include "window/Closing.h"
 #include "window/MainWindow.h"
+#include "window/StatusLine.h"
 #include "window/WindowLayout.h"
 
 #include <OrvikCore/MessageType.h>
@@ -41,7 +42,10 @@ void endEventLoop()
 } // namespace
 
 WindowRun::WindowRun(const WindowOptions& options)
-    : m_options(options), m_source(m_held), m_runner(m_host)
+    : m_options(options),
+      m_endRequests([this] { endForSystem(); }),
+      m_source(m_held),
+      m_runner(m_host)
 {
     QObject::connect(&m_held, &HeldInput::CancelAsked, &m_runner, &CommandRunner::Cancel);
     // Not from within what has just ended.
@@ -98,6 +102,8 @@ void WindowRun::makeWindow()
     m_window =
         std::make_unique<MainWindow>(m_runner, m_host, ChooseGraphics(m_options.graphics, trial));
     m_closing = std::make_unique<Closing>(m_runner, m_held, *m_window, [this] { endAtOnce(); });
+    QObject::connect(m_closing.get(), &Closing::Waits, &m_window->Status(),
+                     &StatusLine::ShowClosing);
     QObject::connect(m_window.get(), &MainWindow::CloseWanted, &m_runner, &endEventLoop);
     m_window->Crashes().ShowRuns(FindCrashedRuns(Folders().GetStateFolder() + L"/running"));
     m_runner.SetStarting(true);
@@ -129,10 +135,18 @@ void WindowRun::endIfAsked()
 {
     const auto* const application =
         dynamic_cast<PelluxApplication*>(OrvikCore::SessionMgr::Instance().GetApplication());
-    const bool isOver =
-        m_interrupts.WasInterrupted() || (application != nullptr && application->IsQuitRequested());
+    const bool isOver = m_isEnding || m_interrupts.WasInterrupted() ||
+                        (application != nullptr && application->IsQuitRequested());
     if (isOver && !m_runner.IsRunning())
         endEventLoop();
+}
+
+/// A session that ends does not wait for long: what runs is cancelled, and the window closes.
+void WindowRun::endForSystem()
+{
+    m_isEnding = true;
+    m_runner.Cancel();
+    endIfAsked();
 }
 
 void WindowRun::endAtOnce()

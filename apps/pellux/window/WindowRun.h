@@ -7,6 +7,7 @@
 #include "runtime/QtMessageSource.h"
 #include "runtime/QtSleeper.h"
 #include "view/GraphicsChoice.h"
+#include "window/EndRequests.h"
 #include "window/ReadableHints.h"
 
 #include <CommandLine.h>
@@ -75,11 +76,13 @@ private:
     void watchWakeSources();
     void serve();
     void endIfAsked();
+    void endForSystem();
     [[noreturn]] void endAtOnce();
 
     WindowOptions m_options;
     ReadableHints m_hints;
     InterruptHandling m_interrupts;
+    EndRequests m_endRequests;
     HeldInput m_held;
     QtMessageSource m_source;
     HostRuntime m_host;
@@ -88,6 +91,7 @@ private:
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<Closing> m_closing; ///< Goes before the window.
     std::optional<RunningMark> m_mark;
+    bool m_isEnding = false; ///< The system has asked for the end.
     std::vector<std::unique_ptr<QSocketNotifier>>
         m_wakes; ///< One a source; see watchWakeSources().
 };

@@ -1,6 +1,7 @@
 #include <OrvikOs/Clipboard.h>
 #include <OrvikOs/Clock.h>
 #include <OrvikOs/DebugOutput.h>
+#include <OrvikOs/EndRequest.h>
 #include <OrvikOs/Environment.h>
 #include <OrvikOs/FileWriting.h>
 #include <OrvikOs/InterpreterSignal.h>
@@ -215,6 +216,48 @@ TEST(InterruptWatchDeathTest, InterruptAfterTheWatchEndsTheProgramAsUsual)
             std::raise(SIGINT);
         },
         testing::KilledBySignal(SIGINT), "");
+}
+
+TEST(EndRequestWatch, TellsOfEachRequestAndGoesOn)
+{
+    OrvikOs::EndRequestWatch watch;
+    ASSERT_TRUE(watch.IsActive());
+    EXPECT_EQ(watch.RequestEvent().Wait(0), 258u);
+    for (const int number : {SIGTERM, SIGHUP, SIGTERM}) {
+        std::raise(number);
+        EXPECT_EQ(watch.RequestEvent().Wait(0), 0u);
+    }
+}
+
+TEST(EndRequestWatch, SecondWatchDoesNothing)
+{
+    OrvikOs::EndRequestWatch first;
+    {
+        OrvikOs::EndRequestWatch second;
+        EXPECT_FALSE(second.IsActive());
+    }
+    std::raise(SIGTERM);
+    EXPECT_EQ(first.RequestEvent().Wait(0), 0u);
+}
+
+TEST(EndRequestWatch, LeavesASignalAloneThatIsIgnored)
+{
+    std::signal(SIGHUP, SIG_IGN);
+    OrvikOs::EndRequestWatch watch;
+    std::raise(SIGHUP);
+    EXPECT_EQ(watch.RequestEvent().Wait(0), 258u);
+}
+
+TEST(EndRequestWatchDeathTest, ARequestAfterTheWatchEndsTheProgramAsUsual)
+{
+    EXPECT_EXIT(
+        {
+            {
+                OrvikOs::EndRequestWatch watch;
+            }
+            std::raise(SIGTERM);
+        },
+        testing::KilledBySignal(SIGTERM), "");
 }
 
 TEST(InterpreterSignal, ReachesTheHandlerOfTheInterpreter)

@@ -45,6 +45,33 @@ TEST_F(Status, ShowsTheFractionAndThePhase)
     });
 }
 
+TEST_F(Status, ShowsALongPhaseOnOneLine)
+{
+    auto* const progress = Find<QProgressBar>("progress");
+    Runner().RunOther([&] {
+        TambCommandsInfra::Progress::Instance().BeginPhase(
+            L"Making shapes of parts_468_with_a_long_name_50%p.step");
+        const QString text = progress->text();
+        EXPECT_LT(progress->fontMetrics().horizontalAdvance(text), progress->width());
+        EXPECT_TRUE(text.startsWith(QStringLiteral("Making")));
+        EXPECT_TRUE(text.endsWith(QStringLiteral(" 0%")));
+        TambCommandsInfra::Progress::Instance().BeginPhase(L"5%p.step");
+        EXPECT_EQ(progress->text().remove(QChar(0x2060)), QStringLiteral("5%p.step 0%"));
+        TambCommandsInfra::Progress::Instance().End();
+    });
+}
+
+TEST_F(Status, SaysThatTheWindowClosesWhenWhatRunsHasEnded)
+{
+    QTimer::singleShot(0, &Window(), [this] {
+        Window().close();
+        EXPECT_TRUE(Window().Status().currentMessage().contains(QStringLiteral("closes when")));
+    });
+    ASSERT_TRUE(Do("(usleep 50000)"));
+
+    EXPECT_TRUE(Window().Status().currentMessage().isEmpty());
+}
+
 TEST_F(Status, TheButtonCancelsWhatRuns)
 {
     auto* const cancel = Find<QToolButton>("cancel");
