@@ -86,6 +86,9 @@ Command pickCommand(const std::string& word, PartKind kind, const std::string& s
     command.resultHelp = "the entity, or #f when nothing is hit";
     command.summary = summary;
     command.help = "The form in which a pick with the mouse is echoed.";
+    command.help += kind == PartKind::None
+                        ? " Like a pick with the mouse it passes over kinds that are not displayed."
+                        : " Found also while they are not displayed.";
     command.example = "(" + command.name + " 0 0 100 0 0 -1 0.5)";
     command.handler = [kind](const Arguments& arguments) { return pick(arguments, kind); };
     return command;

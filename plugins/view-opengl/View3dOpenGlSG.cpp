@@ -192,12 +192,8 @@ bool View3dOpenGlSG::GetRenderIdAtPixel(int x, int y, RenderId& id)
 {
     id.Clear();
     const TambVizCore::RenderingOptions& options = *GetRenderingOptions();
-    TambVizCore::PartKinds kinds = 0;
-    kinds |= options.GetShowFaces() ? TambVizCore::ToPartKinds(PartKind::Face) : 0u;
-    kinds |= options.GetShowEdges() ? TambVizCore::ToPartKinds(PartKind::Edge) : 0u;
-    kinds |= options.GetShowVertices() ? TambVizCore::ToPartKinds(PartKind::Vertex) : 0u;
     TambVizCore::ScenePickResult result;
-    if (!pickAtPixel(x, y, kinds, result))
+    if (!pickAtPixel(x, y, TambVizCore::kAllPartKinds, options.ShownKinds(), result))
         return false;
     id = result.id;
     return true;
@@ -206,7 +202,8 @@ bool View3dOpenGlSG::GetRenderIdAtPixel(int x, int y, RenderId& id)
 bool View3dOpenGlSG::GetSurfacePointAtPixel(int x, int y, float* point)
 {
     TambVizCore::ScenePickResult result;
-    if (!pickAtPixel(x, y, TambVizCore::ToPartKinds(PartKind::Face), result))
+    if (!pickAtPixel(x, y, TambVizCore::ToPartKinds(PartKind::Face), TambVizCore::kAllPartKinds,
+                     result))
         return false;
     std::copy_n(result.hit.position, 3, point);
     return true;
@@ -261,6 +258,7 @@ void View3dOpenGlSG::ClearViewport()
 }
 
 bool View3dOpenGlSG::pickAtPixel(int x, int y, TambVizCore::PartKinds kinds,
+                                 TambVizCore::PartKinds modelKinds,
                                  TambVizCore::ScenePickResult& result)
 {
     if (m_width == 0 || m_height == 0)
@@ -269,6 +267,7 @@ bool View3dOpenGlSG::pickAtPixel(int x, int y, TambVizCore::PartKinds kinds,
     TambVizCore::PickQuery query;
     query.ray = camera.Make3DRay(x, y, kHoverAperturePixels);
     query.kinds = kinds;
+    query.modelKinds = modelKinds;
     const TambVizCore::RenderingOptions& options = *GetRenderingOptions();
     query.pointClouds = options.GetShowPointClouds();
     query.pmi = options.GetShowPMI();

@@ -152,7 +152,7 @@ private:
     void followDrag(const OrvikCore::ViewOpDrag& op);
     void selectInBand();
     void zoomToPointer(OrvikCore::ViewOpZoom& op);
-    bool pickAtPixel(int x, int y, TambVizCore::PartKinds kinds,
+    bool pickAtPixel(int x, int y, TambVizCore::PartKinds kinds, TambVizCore::PartKinds modelKinds,
                      TambVizCore::ScenePickResult& result);
 
     std::unique_ptr<TambVizCore::Node> m_root;

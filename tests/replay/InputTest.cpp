@@ -150,6 +150,29 @@ TEST_F(Input, DragsWheelAndHotkeyMoveTheCamera)
                                                            "(view:camera)\n"));
 }
 
+TEST_F(Input, AClickPicksWhatAHoverShowsAlsoBesideACorner)
+{
+    // A corner of a cube is in the middle of the picture.
+    m_process.Write("box.stl", BoxStl(10, 10, 10));
+    m_process.Write("cloud.xyz", "0 0 0\n0 0 1\n0 1 0\n0 1 1\n1 0 0\n1 0 1\n1 1 0\n1 1 1\n");
+    const std::string compare =
+        "(define (look x y) (input:mouse 'move x y \"Shift\"))\n"
+        "(define (corner) (let loop ((y 0)) (if (view:pick 480 y) y (loop (+ y 1)))))\n"
+        "(define y (corner))\n(look 480 y)\n(define hovered (sel:highlighted))\n"
+        "(input:key \"Escape\")\n(input:click 480 y)\n"
+        "(app:print \"same \" (equal? hovered (sel:highlighted)) (length hovered))\n";
+
+    for (const char* const file : {"box.stl", "cloud.xyz"}) {
+        const Outcome outcome = run(file, compare);
+        EXPECT_NE(outcome.output.find("\nsame #t1\n"), std::string::npos)
+            << file << outcome.output << outcome.errors;
+    }
+    const Outcome displayed =
+        run("box.stl", "(view:display-vertices #t)\n" + compare + "(entity:type (car hovered))\n");
+    EXPECT_NE(displayed.output.find("\nsame #t1\n"), std::string::npos) << displayed.output;
+    EXPECT_NE(displayed.output.find("\n\"vertex\"\n"), std::string::npos) << displayed.output;
+}
+
 TEST_F(Input, TheWheelTurnsNotchByNotch)
 {
     m_process.Write("box.stl", BoxStl(10, 20, 30));

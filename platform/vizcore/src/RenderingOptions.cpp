@@ -49,6 +49,13 @@ template <class T> void RenderingOptions::assign(T& field, const T& value)
     }
 }
 
+PartKinds RenderingOptions::ShownKinds() const
+{
+    return (m_showFaces ? ToPartKinds(PartKind::Face) : 0u) |
+           (m_showEdges ? ToPartKinds(PartKind::Edge) : 0u) |
+           (m_showVertices ? ToPartKinds(PartKind::Vertex) : 0u);
+}
+
 void RenderingOptions::SetShowFaces(bool show)
 {
     assignSeen(m_showFaces, show);

@@ -313,6 +313,9 @@ void collect(const Node& node, const double* parentWorld, Walk& walk)
     if (geoNode != nullptr && geoNode->GetGeometry() != nullptr && isWanted(*geoNode, walk.query)) {
         instance.geometry = geoNode->GetGeometry().get();
         instance.partStates = geoNode->PartStates();
+        if (geoNode->GetCategory() == GeoNode::Category::Model) {
+            instance.kinds = walk.query.modelKinds;
+        }
         walk.instances.push_back(instance);
         walk.nodes.push_back(geoNode);
     }

@@ -197,6 +197,36 @@ TEST_F(ScenePick, CategoriesMayBeLeftOut)
     EXPECT_FALSE(pick(query));
 }
 
+TEST_F(ScenePick, KindsThatModelsDoNotShowAreNotHitAndHideNothing)
+{
+    PickQuery query = downAt(0.05f, 0.01f, 0.1);
+
+    query.modelKinds = ToPartKinds(PartKind::Face) | ToPartKinds(PartKind::Edge);
+    ASSERT_TRUE(pick(query));
+    EXPECT_EQ(result.hit.kind, PartKind::Edge);
+    query.modelKinds = ToPartKinds(PartKind::Face);
+    ASSERT_TRUE(pick(query));
+    EXPECT_EQ(result.hit.kind, PartKind::Face);
+    EXPECT_EQ(result.node, top);
+
+    query.modelKinds = ToPartKinds(PartKind::Edge);
+    top->SetVisible(false);
+    ASSERT_TRUE(pick(downAt(0.75f, 0.25f)));
+    query.ray = downAt(0.75f, 0.25f).ray;
+    EXPECT_FALSE(pick(query));
+}
+
+TEST_F(ScenePick, CloudsAndAnnotationsShowAllTheirKinds)
+{
+    top->SetCategory(GeoNode::Category::PointCloud);
+    PickQuery query = downAt(0.05f, 0.01f, 0.1);
+    query.modelKinds = 0;
+
+    ASSERT_TRUE(pick(query));
+    EXPECT_EQ(result.hit.kind, PartKind::Vertex);
+    EXPECT_EQ(result.node, top);
+}
+
 TEST_F(ScenePick, GeometriesWithoutIndexAreNotHit)
 {
     std::string error;

@@ -79,6 +79,8 @@ bool ModelPicker::Pick(const Ray& ray, TambVizCore::PartKinds kinds, EntityId& h
     PickQuery query;
     query.ray = ray;
     query.kinds = kinds;
+    // Who asks for one kind finds it also where it is not displayed.
+    const TambVizCore::PartKinds wanted = kinds == TambVizCore::kAllPartKinds ? 0u : kinds;
     const std::shared_ptr<const Visibility> seen = visibility();
     const PlacedInstances& shown = seen->placed ? *seen->placed : atHome();
     query.clipPlanes = seen->planes;
@@ -94,6 +96,7 @@ bool ModelPicker::Pick(const Ray& ray, TambVizCore::PartKinds kinds, EntityId& h
         PickInstance& instance = instances.emplace_back();
         instance.geometry = geometries.back().get();
         instance.partStates = seen->StatesOf(position, *geometries.back());
+        instance.kinds = seen->KindsOf(position) | wanted;
         std::copy_n(shown.instances[position].world, 16, instance.world);
     }
     PickResult result;

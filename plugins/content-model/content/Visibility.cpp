@@ -81,6 +81,8 @@ private:
             return;
         const auto position = static_cast<std::size_t>(found - m_instances.begin());
         m_visibility.hidden[position] = false;
+        if (node.GetCategory() != GeoNode::Category::Model)
+            m_visibility.beside.insert(position);
         if (isDisplaced)
             node.GetWorldTransform(
                 m_visibility.displaced.emplace_back(Visibility::Displaced{position, {}})
@@ -126,8 +128,10 @@ void CaptureVisibility(const std::vector<ModelInstance>& instances, TambVizCore:
 {
     TambVizCore::AView3DAdapter* adapter = view.GetView3DAdapter();
     const RenderingOptions* options = adapter ? adapter->GetRenderingOptions() : nullptr;
-    if (options)
+    if (options) {
         visibility.planes = options->GetClipPlanes();
+        visibility.modelKinds = options->ShownKinds();
+    }
     Capture(instances, options, visibility).Run(contentNode);
 }
 

@@ -5,6 +5,7 @@
 
 #include <TambVizCore/ClipPlane.h>
 #include <TambVizCore/Geometry.h>
+#include <TambVizCore/PartKind.h>
 #include <TambVizCore/PartState.h>
 
 #include <OrvikRay/InstanceTree.h>
@@ -15,6 +16,7 @@
 #include <memory>
 #include <span>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace TambVizCore {
@@ -69,11 +71,19 @@ struct Visibility
     std::span<const TambVizCore::PartState> StatesOf(std::size_t instance,
                                                      const TambVizCore::Geometry& geometry) const;
 
+    /// The kinds of parts that an instance shows.
+    TambVizCore::PartKinds KindsOf(std::size_t instance) const
+    {
+        return beside.count(instance) != 0 ? TambVizCore::kAllPartKinds : modelKinds;
+    }
+
     std::uint64_t stamp = 0;  ///< TambVizCore::GetVisibilityStamp() of that moment; 0 for none.
     std::vector<bool> hidden; ///< By instance; empty when nothing is hidden.
     std::unordered_map<std::size_t, Mask> masks; ///< By instance.
     std::vector<TambVizCore::ClipPlane> planes;  ///< World units.
-    std::vector<Displaced> displaced;            ///< By instance, ascending; what is hidden is not.
+    TambVizCore::PartKinds modelKinds = TambVizCore::kAllPartKinds;
+    std::unordered_set<std::size_t> beside; ///< Instances of clouds and PMI: they show all.
+    std::vector<Displaced> displaced;       ///< By instance, ascending; what is hidden is not.
     /// The instances with those that are displaced; null when none is. Set by ModelPicker.
     std::shared_ptr<const PlacedInstances> placed;
 };

@@ -208,6 +208,26 @@ TEST_F(ModelPickTest, WhatSectionPlanesCutAwayIsNotHit)
               entityOf(0, MakePartId(PartKind::Face, 5)));
 }
 
+TEST_F(ModelPickTest, OnlyKindsThatAreDisplayedAreHitUnlessOneIsAskedFor)
+{
+    auto& options = m_view.m_adapter.m_options;
+    const Ray corner = down(0.05f, 0.01f, 0.2);
+    const auto kindOf = [&](const Ray& ray) {
+        return pick(ray) ? m_hit.SubEntityKind() : PartKind::None;
+    };
+
+    EXPECT_EQ(kindOf(corner), PartKind::Edge); // Vertices are not displayed at the start.
+    options.SetShowVertices(true);
+    EXPECT_EQ(kindOf(corner), PartKind::Vertex);
+    options.SetShowVertices(false);
+    options.SetShowEdges(false);
+    EXPECT_EQ(kindOf(corner), PartKind::Face);
+    options.SetShowFaces(false);
+    EXPECT_EQ(kindOf(corner), PartKind::None);
+    EXPECT_TRUE(m_content.RayPickKind(corner, PartKind::Vertex, m_hit));
+    EXPECT_TRUE(m_content.RayPickKind(corner, PartKind::Face, m_hit));
+}
+
 TEST(ModelPick, PmiAndPointCloudsFollowTheirSwitches)
 {
     Document document(nullptr);

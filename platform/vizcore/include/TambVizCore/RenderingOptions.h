@@ -3,6 +3,7 @@
 
 #include "TambVizCore/ClipPlane.h"
 #include "TambVizCore/Export.h"
+#include "TambVizCore/PartKind.h"
 #include "TambVizCore/RGBAColor.h"
 
 #include <cstdint>
@@ -31,6 +32,8 @@ public:
     bool GetShowEdges() const { return m_showEdges; }
     void SetShowEdges(bool show);
     bool GetShowVertices() const { return m_showVertices; }
+    /// The kinds of these three that are shown.
+    PartKinds ShownKinds() const;
     void SetShowVertices(bool show);
     bool GetShowTessellation() const { return m_showTessellation; }
     void SetShowTessellation(bool show);

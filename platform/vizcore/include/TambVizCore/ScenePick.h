@@ -42,6 +42,9 @@ struct PickQuery
     /// Whether nodes of these categories are looked at; for picks in a scene tree.
     bool pointClouds = true;
     bool pmi = true;
+    /// Kinds that nodes of models show; clouds and PMI show all of theirs. What is not shown is not
+    /// hit and hides nothing. For picks in a scene tree.
+    PartKinds modelKinds = kAllPartKinds;
     /// Cuts away what it does not keep. Outlives the pick.
     std::span<const ClipPlane> clipPlanes;
 };
