@@ -211,6 +211,23 @@ Command restoreCameraCommand(const std::shared_ptr<SavedCameras>& cameras)
     return command;
 }
 
+Command camerasCommand(const std::shared_ptr<SavedCameras>& cameras)
+{
+    Command command;
+    command.name = "view:cameras";
+    command.result = ValueType::List;
+    command.resultHelp = "the names of view:save-camera, in alphabetical order";
+    command.summary = "Lists the cameras that were saved under a name.";
+    command.example = "(view:cameras)";
+    command.handler = [cameras](const Arguments&) {
+        Value::List names;
+        for (const auto& [name, camera] : *cameras)
+            names.push_back(Value(name));
+        return Value(std::move(names));
+    };
+    return command;
+}
+
 Command rotationCenterCommand()
 {
     Command command;
@@ -306,6 +323,7 @@ void RegisterCameraCommands(CommandTable& table)
     table.Register(upAxisCommand());
     table.Register(saveCameraCommand(cameras));
     table.Register(restoreCameraCommand(cameras));
+    table.Register(camerasCommand(cameras));
     table.Register(rotationCenterCommand());
     table.Register(animateCommand());
     table.Register(zoomToCommand());

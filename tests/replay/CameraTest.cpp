@@ -74,6 +74,7 @@ TEST_F(CameraCommands, ProjectionChangesAndTheCameraStays)
 TEST_F(CameraCommands, NamedCamerasComeBackWithTheirProjection)
 {
     expectTrue({"(view:iso)",
+                "? (null? (view:cameras))",
                 "(view:projection \"perspective\")",
                 "(view:save-camera \"mine\")",
                 "(define mine (view:camera))",
@@ -93,7 +94,8 @@ TEST_F(CameraCommands, NamedCamerasComeBackWithTheirProjection)
                 "(view:save-camera \"mine\")",
                 "(view:iso)",
                 "(view:restore-camera \"mine\")",
-                "? (equal? left (view:camera))"});
+                "? (equal? left (view:camera))",
+                "? (equal? (view:cameras) '(\"mine\" \"other\"))"});
 }
 
 TEST_F(CameraCommands, ZoomToBringsEntitiesIntoTheMiddle)
