@@ -149,9 +149,10 @@ Command antialiasingCommand()
     Parameter samples;
     samples.name = "samples";
     samples.type = ValueType::Integer;
-    samples.help = "for each pixel; 0 and 1 are none. At most as many as the driver offers count";
-    samples.minimum = 0.0;
-    samples.maximum = 16.0;
+    samples.help = "for each pixel; 0 and 1 are none, -1 chooses. At most as many as the driver "
+                   "offers count";
+    samples.minimum = TambVizCore::kAutomaticAntialiasing;
+    samples.maximum = TambVizCore::kMostAntialiasSamples;
     command.parameters = {samples};
     command.summary = "Sets how finely the borders in pictures are smoothed.";
     command.example = "(view:antialiasing 4)";

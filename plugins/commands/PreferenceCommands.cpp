@@ -28,7 +28,6 @@ using TambVizCore::RGBAColor;
 using TambVizCore::Settings;
 
 constexpr std::int64_t kMaxComponent = 255;
-constexpr double kMostSamples = 16;
 constexpr double kWidestLine = 16;
 constexpr double kFewestSteps = 2;
 constexpr double kMostSteps = 100;
@@ -108,15 +107,20 @@ Command antialiasingCommand()
     Parameter samples;
     samples.name = "samples";
     samples.type = ValueType::Integer;
-    samples.help = "per pixel, 0 for none; left out, nothing changes";
+    samples.help = "per pixel, 0 for none, -1 for what model and graphics system bear; left out, "
+                   "nothing changes";
     samples.presence = Presence::Optional;
-    samples.minimum = 0.0;
-    samples.maximum = kMostSamples;
+    samples.minimum = TambVizCore::kAutomaticAntialiasing;
+    samples.maximum = TambVizCore::kMostAntialiasSamples;
     command.parameters = {samples};
     command.result = ValueType::Integer;
     command.resultHelp = "the samples that are asked for now";
     command.summary = "Chooses how smooth lines and borders are drawn.";
-    command.help = "The graphics system may give fewer samples than it is asked for.";
+    command.help =
+        "The graphics system may give fewer samples than it is asked for. With -1, as at "
+        "start, there are 4; none where a processor draws more than 250,000 triangles and "
+        "edges, in pictures of more than 16 million pixels, and where no model is in "
+        "sight.";
     command.example = "(app:antialiasing 4)";
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments& arguments) {

@@ -44,7 +44,7 @@ constexpr std::array<Detail, 12> kDetails = {{
 }};
 
 /// After all of these: boxes, and of those the largest.
-constexpr Coarseness kBoxesOnly = {kAnyCell, 0.0, false, Boxes::AllDearer, 0.25, false};
+constexpr Coarseness kBoxesOnly = {kAnyCell, 0.0, false, Boxes::AllDearer, 0.25};
 
 /// Each takes about half the pixels of the one before.
 constexpr std::array<double, 5> kScales = {1.0, 0.7, 0.5, 0.35, 0.25};
@@ -145,13 +145,12 @@ struct Fitting
     const CostModel& model;
     double milliseconds;
     const FrameWork& rest;
-    int samples;
     const RenderingOptions& options;
     std::vector<FrameItem>& items;
 
     bool Fits(const FrameWork& work, const Coarseness& coarseness) const
     {
-        return model.Milliseconds(Shrunk(work, coarseness, samples)) <= milliseconds;
+        return model.Milliseconds(Shrunk(work, coarseness)) <= milliseconds;
     }
 
     /// Marks the bodies. @return the work of the frame, unless it is shrunk.
@@ -166,8 +165,7 @@ struct Fitting
 
 Coarseness coarsenessOf(const Detail& detail)
 {
-    return {detail.cellPixels, detail.bodyPixels, detail.edges,
-            detail.boxes,      detail.leastScale, false};
+    return {detail.cellPixels, detail.bodyPixels, detail.edges, detail.boxes, detail.leastScale};
 }
 
 /// Marks the bodies: the largest as they are, the others left out. At least one stays.
@@ -226,23 +224,22 @@ void Apply(const Coarseness& coarseness, std::vector<FrameItem>& items)
         apply(coarseness, item);
 }
 
-FrameWork Shrunk(const FrameWork& work, const Coarseness& coarseness, int samples)
+FrameWork Shrunk(const FrameWork& work, const Coarseness& coarseness)
 {
     FrameWork shrunk = work;
-    const double pixels = coarseness.scale * coarseness.scale * (coarseness.smooth ? samples : 1);
+    const double pixels = coarseness.scale * coarseness.scale;
     shrunk.pixels *= pixels;
     shrunk.covered *= pixels;
     return shrunk;
 }
 
 Coarseness FitBudget(const CostModel& model, double milliseconds, const FrameWork& rest,
-                     int samples, const RenderingOptions& options, std::vector<FrameItem>& items,
+                     const RenderingOptions& options, std::vector<FrameItem>& items,
                      std::vector<FrameItem*>& order)
 {
-    const double least = model.Milliseconds(Shrunk(rest, kBoxesOnly, samples));
-    const Fitting fitting{model,   std::max(milliseconds, least + kShareOfBodies * milliseconds),
-                          rest,    samples,
-                          options, items};
+    const double least = model.Milliseconds(Shrunk(rest, kBoxesOnly));
+    const Fitting fitting{model, std::max(milliseconds, least + kShareOfBodies * milliseconds),
+                          rest, options, items};
     Coarseness coarseness;
     if (fitting.Fits(fitting.Mark(coarseness), coarseness))
         return coarseness;

@@ -28,7 +28,6 @@ struct Coarseness
     bool edges = true;       ///< Of bodies that show faces.
     Boxes boxes = Boxes::None;
     double scale = 1.0; ///< Share of the window's width and height that is drawn and stretched.
-    bool smooth = true; ///< With as many samples as the options ask for.
 };
 
 /// @return whether the edges of a body are seen.
@@ -47,23 +46,20 @@ FrameWork WorkOf(const std::vector<FrameItem>& items, const TambVizCore::Renderi
 void Apply(const Coarseness& coarseness, std::vector<FrameItem>& items);
 
 /// @return what is drawn of some work in a frame that is coarse: fewer pixels.
-/// @param samples  for each pixel where the frame is smooth.
-FrameWork Shrunk(const FrameWork& work, const Coarseness& coarseness, int samples);
+FrameWork Shrunk(const FrameWork& work, const Coarseness& coarseness);
 
-/// Marks the bodies so that drawing them takes at most some time, as the model has it: with fewer
-/// samples, by coarser versions, in fewer pixels, without edges, as boxes, and last only the
-/// largest bodies.
+/// Marks the bodies so that drawing them takes at most some time, as the model has it: by coarser
+/// versions, in fewer pixels, without edges, as boxes, and last only the largest bodies.
 ///
 /// Something fits however dear the bodies are, but for a single one. Where the rest alone takes
 /// nearly all of the time or more, even in the fewest pixels, they get a quarter of it on top.
 ///
-/// @param rest     what else is drawn in the frame, as Shrunk() takes it.
-/// @param samples  see Shrunk().
-/// @param order    Overwritten; kept by the caller for its memory.
+/// @param rest   what else is drawn in the frame, as Shrunk() takes it.
+/// @param order  Overwritten; kept by the caller for its memory.
 /// @return how coarse it became.
 Coarseness FitBudget(const CostModel& model, double milliseconds, const FrameWork& rest,
-                     int samples, const TambVizCore::RenderingOptions& options,
-                     std::vector<FrameItem>& items, std::vector<FrameItem*>& order);
+                     const TambVizCore::RenderingOptions& options, std::vector<FrameItem>& items,
+                     std::vector<FrameItem*>& order);
 
 } // namespace ViewOpenGl
 

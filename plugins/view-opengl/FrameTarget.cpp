@@ -21,7 +21,9 @@ GlRenderbuffer makeStorage(GLenum format, int samples, int width, int height)
 
 bool FrameTarget::Bind(int width, int height, int samples)
 {
-    samples = SamplesFor(samples);
+    GLint most = 0;
+    glGetIntegerv(GL_MAX_SAMPLES, &most);
+    samples = std::clamp(samples, 1, std::max(most, 1));
     if (width != m_width || height != m_height || samples != m_samples) {
         Clear();
         m_width = width;
@@ -35,13 +37,6 @@ bool FrameTarget::Bind(int width, int height, int samples)
     }
     Bind();
     return true;
-}
-
-int FrameTarget::SamplesFor(int samples)
-{
-    GLint most = 0;
-    glGetIntegerv(GL_MAX_SAMPLES, &most);
-    return std::clamp(samples, 1, std::max(most, 1));
 }
 
 void FrameTarget::Bind()
@@ -138,6 +133,14 @@ void FrameTarget::Stretch(FrameTarget& target, bool withDepth)
                           GL_DEPTH_BUFFER_BIT, GL_NEAREST);
     }
     target.Bind();
+}
+
+void FrameTarget::ResolveInto(const FrameTarget& target)
+{
+    glBindFramebuffer(GL_READ_FRAMEBUFFER, m_drawn.framebuffer.Get());
+    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, target.m_drawn.framebuffer.Get());
+    glBlitFramebuffer(0, 0, m_width, m_height, 0, 0, m_width, m_height, GL_COLOR_BUFFER_BIT,
+                      GL_NEAREST);
 }
 
 void FrameTarget::Clear()

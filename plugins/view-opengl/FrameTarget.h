@@ -23,16 +23,6 @@ public:
     /// Binds the framebuffer that the last Bind() made.
     void Bind();
 
-    /// @return whether Bind() would find what it made before.
-    bool Has(int width, int height, int samples) const
-    {
-        return m_drawn.framebuffer && width == m_width && height == m_height &&
-               samples == m_samples;
-    }
-
-    /// @return the samples of a pixel that there are where so many are asked for.
-    static int SamplesFor(int samples);
-
     /// Reads what was drawn, rows from top to bottom.
     void Read(TambVizCore::Image& image);
 
@@ -47,6 +37,9 @@ public:
     /// a pixel.
     /// @param withDepth  The depths too.
     void Stretch(FrameTarget& target, bool withDepth);
+
+    /// Copies what was drawn into a target of the same size that has one sample a pixel.
+    void ResolveInto(const FrameTarget& target);
 
     /// @return what the driver said to the last framebuffer that was made.
     const FramebufferAnswer& Answer() const { return m_answer; }

@@ -128,10 +128,10 @@ FrameWork SceneRenderer::FullWork() const
 }
 
 Coarseness SceneRenderer::FitBudget(const CostModel& model, double milliseconds,
-                                    const FrameWork& rest, int samples)
+                                    const FrameWork& rest)
 {
     const Coarseness coarseness =
-        ViewOpenGl::FitBudget(model, milliseconds, rest, samples, *m_options, m_items, m_order);
+        ViewOpenGl::FitBudget(model, milliseconds, rest, *m_options, m_items, m_order);
     m_drawsEdges = coarseness.edges;
     m_scale = coarseness.scale;
     return coarseness;

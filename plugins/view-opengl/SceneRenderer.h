@@ -80,8 +80,7 @@ public:
     /// Draws coarser, so that the picture takes at most some time; after Begin(), see
     /// ViewOpenGl::FitBudget.
     /// @return how coarse; the framebuffer that is bound when the drawing begins has that scale.
-    Coarseness FitBudget(const CostModel& model, double milliseconds, const FrameWork& rest,
-                         int samples);
+    Coarseness FitBudget(const CostModel& model, double milliseconds, const FrameWork& rest);
 
     /// Asks for coarser versions of the bodies in sight.
     void WantLevels();

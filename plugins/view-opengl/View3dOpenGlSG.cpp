@@ -148,14 +148,13 @@ bool View3dOpenGlSG::preparePicture(int width, int height)
 bool View3dOpenGlSG::drawImage(int width, int height, TambVizCore::Image& image)
 {
     const GlContext::Current current(*m_context);
-    const int samples = GetRenderingOptions()->GetAntialiasLevel();
     if (!current.IsCurrent())
         return refusePicture("the OpenGL context cannot be made current");
-    if (!bindTarget(m_target, width, height, samples))
-        return false;
     // A frame that is half drawn begins anew.
-    m_isDrawing = false;
+    m_progress = StageProgress::None;
     beginPicture(width, height, Purpose::Picture, TimeSlice());
+    if (!bindTarget(m_target, width, height, affordableSamples(width, height)))
+        return false;
     m_renderer.DrawAll();
     endPicture(width, height);
     drawOverlay(width, height);

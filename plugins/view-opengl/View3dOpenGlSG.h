@@ -112,6 +112,22 @@ private:
         std::uint64_t overlay = 0; ///< Stamp of what lies over the frame; 0 for nothing.
     };
 
+    /// How well the window shows what it was asked for.
+    enum class FrameStage
+    {
+        Coarse, ///< As something coarser, or as it was before.
+        Full,   ///< In full, but not smooth.
+        Smooth  ///< As it stays: in full, with the samples that it gets.
+    };
+
+    /// How far the next stage is.
+    enum class StageProgress
+    {
+        None,
+        Drawing,
+        Drawn ///< Not in the frame yet.
+    };
+
     /// What is drawn for: the mark at the rotation centre is in pictures only on request.
     enum class Purpose
     {
@@ -129,13 +145,17 @@ private:
     bool refusePicture(std::string reason);
     bool preparePicture(int width, int height);
     void forgetFrame();
-    bool isCheap();
+    int affordableSamples(int width, int height);
+    FrameStage stageAtOnce() const;
     bool drawFrameNow();
-    bool drawScene(const Coarseness& coarseness);
-    int frameSamples();
+    bool drawScene(const Coarseness& coarseness, bool isSmooth);
+    bool bindSmooth();
     bool refineFrame(const TimeSlice& slice);
+    bool beginStage(const TimeSlice& slice);
+    bool drawStage(const TimeSlice& slice, FrameWork work, std::uint64_t beganUs);
+    bool showStage();
     bool showFrame();
-    void learnCost(const FrameWork& work, std::uint64_t beganUs);
+    void learnCost(CostModel& cost, const FrameWork& work, std::uint64_t beganUs);
     FrameWork workBeside() const;
     bool overlayShows();
     FrameTarget& shownTarget();
@@ -168,11 +188,14 @@ private:
     FrameTarget m_present;                       ///< The same with it; empty while nothing does.
     FrameTarget m_next;                          ///< The frame that is drawn in slices.
     FrameTarget m_small;                         ///< A coarse frame before it is stretched.
+    FrameTarget m_smooth;                        ///< The same with more samples; empty without.
     std::optional<FrameShown> m_goal;            ///< What DrawFrame was asked for last.
     bool m_hasFrame = false;                     ///< There is something in m_frame.
-    bool m_isFull = false;                       ///< It is the goal in full.
-    bool m_isDrawing = false;                    ///< The goal is half drawn in m_next.
-    CostModel m_cost;
+    FrameStage m_stage = FrameStage::Coarse;     ///< How it shows the goal.
+    StageProgress m_progress = StageProgress::None;
+    int m_samples = 1;      ///< Of a pixel of the goal.
+    CostModel m_cost;       ///< Of frames with one sample a pixel.
+    CostModel m_smoothCost; ///< Of frames with more.
     std::uint64_t m_frameCount = 0;
     std::optional<TambVizCore::RGBAColor> m_background[2];
     /// Of the drag being followed: where it began, and its last point on the way.

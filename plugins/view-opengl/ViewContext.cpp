@@ -79,6 +79,7 @@ void View3dOpenGlSG::clearGraphics()
     m_present.Clear();
     m_small.Clear();
     m_next.Clear();
+    m_smooth.Clear();
     forgetFrame();
 }
 

@@ -17,8 +17,6 @@ namespace {
 /// How long a frame may wait for bodies on their way into graphics memory.
 constexpr int kUploadMs = 8;
 
-constexpr int kMostRefineMs = 50;
-
 } // namespace
 
 void View3dOpenGlSG::SetFrameWindow(OrvikCore::IFrameWindow* window)
@@ -36,6 +34,7 @@ void View3dOpenGlSG::SetFrameWindow(OrvikCore::IFrameWindow* window)
     m_small.Clear();
     m_present.Clear();
     m_next.Clear();
+    m_smooth.Clear();
     forgetFrame();
 }
 
@@ -79,52 +78,32 @@ bool View3dOpenGlSG::DrawFrame()
     const bool sceneStays = m_hasFrame && m_goal && m_goal->frame == wanted.frame &&
                             m_goal->isTurning == wanted.isTurning;
     // What was not finished when the next change came is one of a row of changes.
-    const bool isMoving =
-        !m_hasFrame || !m_goal || !m_isFull || !(m_goal->frame.camera == wanted.frame.camera) ||
-        m_goal->frame.scene.width != m_width || m_goal->frame.scene.height != m_height;
+    const bool isMoving = !m_hasFrame || !m_goal || m_stage == FrameStage::Coarse ||
+                          !(m_goal->frame.camera == wanted.frame.camera) ||
+                          m_goal->frame.scene.width != m_width ||
+                          m_goal->frame.scene.height != m_height;
     m_goal = wanted;
     if (sceneStays)
         return showFrame();
-    m_isDrawing = false;
+    m_progress = StageProgress::None;
     beginPicture(m_width, m_height, Purpose::Frame, TimeSlice(kUploadMs));
-    m_isFull = isCheap();
-    if (!m_isFull)
+    m_samples = affordableSamples(m_width, m_height);
+    m_stage = stageAtOnce();
+    const bool isCoarse = m_stage == FrameStage::Coarse;
+    if (isCoarse)
         m_renderer.WantLevels();
-    const bool isGood = !(m_isFull || isMoving) || drawFrameNow();
-    if (!m_isFull && m_window != nullptr)
+    const bool isGood = (isCoarse && !isMoving) || drawFrameNow();
+    if (m_stage != FrameStage::Smooth && m_window != nullptr)
         m_window->WorkWaits();
     return isGood;
-}
-
-bool View3dOpenGlSG::Refine(int milliseconds)
-{
-    const TimeSlice slice(std::clamp(milliseconds, 1, kMostRefineMs));
-    // What has changed since is DrawFrame's, which comes first.
-    if (m_width < 1 || m_height < 1 || !prepare() || !m_goal || !(*m_goal == wantedFrame()))
-        return false;
-    bool paints = false;
-    bool isDone = false;
-    {
-        const GlContext::Current current(*m_context);
-        if (!current.IsCurrent())
-            return false;
-        if (m_isFull) {
-            isDone = m_renderer.Gpu().BuildLevels(slice);
-        } else {
-            paints = refineFrame(slice);
-        }
-    }
-    if (paints && m_window != nullptr)
-        m_window->PaintNow();
-    return !isDone;
 }
 
 void View3dOpenGlSG::forgetFrame()
 {
     m_goal.reset();
     m_hasFrame = false;
-    m_isFull = false;
-    m_isDrawing = false;
+    m_stage = FrameStage::Coarse;
+    m_progress = StageProgress::None;
 }
 
 bool View3dOpenGlSG::ReadFrame(const OrvikCore::FrameRows& rows)

@@ -63,7 +63,7 @@ bool View3dOpenGlSG::drawIdPicture(int width, int height, IdPicture& picture)
     if (const FramebufferAnswer answer = target.Bind(); !answer.IsGood())
         return refusePicture(answer.Refusal(width, height, 1));
     // A frame that is half drawn begins anew.
-    m_isDrawing = false;
+    m_progress = StageProgress::None;
     std::vector<const GeoNode*> nodes;
     m_renderer.DrawIds(*m_root, *GetRenderingOptions(), projectionOf(width, height), nodes);
     IdTarget::Pixels pixels = target.Read();

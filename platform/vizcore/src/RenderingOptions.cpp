@@ -9,7 +9,6 @@ namespace TambVizCore {
 
 namespace {
 
-constexpr int kMaxAntialiasLevel = 16;
 constexpr float kMinLineWidth = 1.0f;
 constexpr float kMaxLineWidth = 16.0f;
 /// Every OpenGL 3.3 implementation has at least this many clip distances to spare.
@@ -123,7 +122,7 @@ void RenderingOptions::SetXRay(bool xRay)
 
 void RenderingOptions::SetAntialiasLevel(int level)
 {
-    assign(m_antialiasLevel, std::clamp(level, 0, kMaxAntialiasLevel));
+    assign(m_antialiasLevel, std::clamp(level, kAutomaticAntialiasing, kMostAntialiasSamples));
 }
 
 void RenderingOptions::SetLineWidth(float factor)

@@ -7,7 +7,6 @@ namespace TambVizCore {
 
 namespace {
 
-constexpr int kMaxAntialiasLevel = 16;
 constexpr float kMinLineWidth = 1.0f;
 constexpr float kMaxLineWidth = 16.0f;
 constexpr int kMinAnimationSteps = 2;
@@ -39,7 +38,7 @@ const Settings& Settings::Default()
 
 void Settings::SetAntialiasLevel(int level)
 {
-    m_antialiasLevel = std::clamp(level, 0, kMaxAntialiasLevel);
+    m_antialiasLevel = std::clamp(level, kAutomaticAntialiasing, kMostAntialiasSamples);
 }
 
 void Settings::SetLineWidth(float pixels)

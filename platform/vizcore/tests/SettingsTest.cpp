@@ -27,7 +27,7 @@ TEST(Settings, DefaultsAreTheDocumentedOnes)
     EXPECT_EQ(settings.GetHighlightColor(), RGBAColor(255, 140, 0, 255));
     EXPECT_EQ(settings.GetBackgroundColor1(), RGBAColor(214, 224, 236, 255));
     EXPECT_EQ(settings.GetBackgroundColor2(), RGBAColor(250, 251, 253, 255));
-    EXPECT_EQ(settings.GetAntialiasLevel(), 0);
+    EXPECT_EQ(settings.GetAntialiasLevel(), kAutomaticAntialiasing);
     EXPECT_FALSE(settings.GetCopyPickToClipboard());
     EXPECT_FALSE(settings.GetUseIncrementalRendering());
 }
@@ -80,7 +80,7 @@ TEST(Settings, AntialiasLevelsAreClamped)
     Settings settings;
 
     settings.SetAntialiasLevel(-3);
-    EXPECT_EQ(settings.GetAntialiasLevel(), 0);
+    EXPECT_EQ(settings.GetAntialiasLevel(), kAutomaticAntialiasing);
     settings.SetAntialiasLevel(99);
     EXPECT_EQ(settings.GetAntialiasLevel(), 16);
 }
@@ -209,8 +209,8 @@ TEST(RenderingOptions, AntialiasLevelsAreClamped)
 {
     Options options;
 
-    options.SetAntialiasLevel(-1);
-    EXPECT_EQ(options.GetAntialiasLevel(), 0);
+    options.SetAntialiasLevel(-2);
+    EXPECT_EQ(options.GetAntialiasLevel(), kAutomaticAntialiasing);
     options.SetAntialiasLevel(17);
     EXPECT_EQ(options.GetAntialiasLevel(), 16);
 }

@@ -68,7 +68,7 @@ protected:
 
     Coarseness fit()
     {
-        return FitBudget(m_model, kMilliseconds, m_rest, 1, m_options, m_items, m_order);
+        return FitBudget(m_model, kMilliseconds, m_rest, m_options, m_items, m_order);
     }
 
     /// @return what a frame so coarse takes.
@@ -76,7 +76,7 @@ protected:
     {
         FrameWork work = WorkOf(m_items, m_options, coarseness.edges);
         work += m_rest;
-        return m_model.Milliseconds(Shrunk(work, coarseness, 1));
+        return m_model.Milliseconds(Shrunk(work, coarseness));
     }
 
     /// The model learns that a frame of some work takes some time.
@@ -115,19 +115,6 @@ TEST_F(DetailChoice, LeavesASceneAsItIsThatFits)
 
     EXPECT_EQ(coarseness.cellPixels, 0.0);
     EXPECT_EQ(coarseness.scale, 1.0);
-    EXPECT_TRUE(coarseness.smooth);
-}
-
-TEST_F(DetailChoice, TakesSamplesAwayBeforeShapes)
-{
-    add({.triangles = 1000});
-
-    const Coarseness coarseness =
-        FitBudget(m_model, kMilliseconds, m_rest, 16, m_options, m_items, m_order);
-
-    EXPECT_FALSE(coarseness.smooth);
-    EXPECT_EQ(coarseness.cellPixels, 0.0);
-    EXPECT_EQ(coarseness.scale, 1.0);
 }
 
 TEST_F(DetailChoice, DrawsFewerPixelsWhereThePixelsAreDear)
@@ -137,7 +124,7 @@ TEST_F(DetailChoice, DrawsFewerPixelsWhereThePixelsAreDear)
     FrameWork full = WorkOf(m_items, m_options, true);
     full += m_rest;
     teach(full, 60.0);
-    teach(Shrunk(full, {.scale = 0.5}, 1), 20.0);
+    teach(Shrunk(full, {.scale = 0.5}), 20.0);
 
     const Coarseness coarseness = fit();
 
@@ -217,7 +204,7 @@ TEST_F(DetailChoice, FitsOnAMachineThatIsSlowInEverything)
     const Coarseness coarseness = fit();
 
     FrameWork least = m_rest;
-    least = Shrunk(least, {.scale = 0.25}, 1);
+    least = Shrunk(least, {.scale = 0.25});
     EXPECT_LE(foretold(coarseness),
               std::max(kMilliseconds, m_model.Milliseconds(least) + 0.25 * kMilliseconds));
 }

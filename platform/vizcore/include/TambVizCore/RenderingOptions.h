@@ -1,6 +1,7 @@
 #ifndef TAMBVIZCORE_RENDERINGOPTIONS_H
 #define TAMBVIZCORE_RENDERINGOPTIONS_H
 
+#include "TambVizCore/Antialiasing.h"
 #include "TambVizCore/ClipPlane.h"
 #include "TambVizCore/Export.h"
 #include "TambVizCore/PartKind.h"
@@ -61,9 +62,10 @@ public:
     bool GetXRay() const { return m_xRay; }
     void SetXRay(bool xRay);
 
-    /// Samples per pixel; 0 and 1 mean none.
+    /// Samples per pixel; 0 and 1 mean none, kAutomaticAntialiasing as many as the view holds to
+    /// be affordable.
     int GetAntialiasLevel() const { return m_antialiasLevel; }
-    /// Values below 0 become 0, values above 16 become 16.
+    /// Values below -1 become -1, values above 16 become 16.
     void SetAntialiasLevel(int level);
 
     /// How many times wider than a model says its edges are drawn; 1 at start.

@@ -1,6 +1,7 @@
 #ifndef TAMBVIZCORE_SETTINGS_H
 #define TAMBVIZCORE_SETTINGS_H
 
+#include "TambVizCore/Antialiasing.h"
 #include "TambVizCore/Export.h"
 #include "TambVizCore/RGBAColor.h"
 
@@ -12,8 +13,8 @@ namespace TambVizCore {
 ///
 /// A new record holds the built-in defaults: face (180, 186, 196), edge (32, 32, 32), tessellation
 /// edge (96, 96, 96), vertex (16, 16, 16), highlight (255, 140, 0), background 1 (above)
-/// (214, 224, 236), background 2 (below) (250, 251, 253), all with alpha 255; antialias level 0;
-/// edges 1 pixel wide; 20 steps of an animated move; picks are not copied to the clipboard;
+/// (214, 224, 236), background 2 (below) (250, 251, 253), all with alpha 255; antialiasing
+/// chosen by the view; edges 1 pixel wide; 20 steps of an animated move; picks are not copied to the clipboard;
 /// rendering is not incremental.
 ///
 /// One record is the current one of the process. Writing to it draws nothing: whoever changes it
@@ -61,10 +62,11 @@ public:
     const RGBAColor& GetBackgroundColor2() const { return m_backgroundColor2; }
     void SetBackgroundColor2(const RGBAColor& color) { m_backgroundColor2 = color; }
 
-    /// Samples per pixel; 0 and 1 mean no antialiasing.
+    /// Samples per pixel; 0 and 1 mean no antialiasing, kAutomaticAntialiasing what the view holds
+    /// to be affordable.
     int GetAntialiasLevel() const { return m_antialiasLevel; }
 
-    /// Values below 0 become 0, values above 16 become 16.
+    /// Values below -1 become -1, values above 16 become 16.
     void SetAntialiasLevel(int level);
 
     /// Whether the text of a pick is placed on the clipboard.
@@ -97,7 +99,7 @@ private:
     RGBAColor m_highlightColor{255, 140, 0};
     RGBAColor m_backgroundColor1{214, 224, 236};
     RGBAColor m_backgroundColor2{250, 251, 253};
-    int m_antialiasLevel = 0;
+    int m_antialiasLevel = kAutomaticAntialiasing;
     bool m_copyPickToClipboard = false;
     bool m_useIncrementalRendering = false;
     float m_lineWidth = 1.0f;
