@@ -1,6 +1,7 @@
 #include "actions/HostWindow.h"
 
 #include "files/FileWatch.h"
+#include "runtime/FirstFocus.h"
 #include "runtime/FittingScreen.h"
 #include "runtime/QtText.h"
 
@@ -101,7 +102,8 @@ bool HostWindow::ShowPanel(const std::wstring& name, bool show)
     if (show) {
         widget->raise();
         widget->activateWindow();
-        widget->setFocus(Qt::OtherFocusReason);
+        if (QWidget* const first = FirstFocus(*widget))
+            first->setFocus(Qt::OtherFocusReason);
     }
     return true;
 }

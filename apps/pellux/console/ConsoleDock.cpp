@@ -3,6 +3,7 @@
 #include "console/ConsoleInput.h"
 #include "console/ConsoleOutput.h"
 #include "runtime/CommandRunner.h"
+#include "runtime/FirstFocus.h"
 #include "runtime/Guarded.h"
 
 #include <OrvikCore/MessageType.h>
@@ -60,8 +61,11 @@ ConsoleDock::ConsoleDock(CommandRunner& runner, const QString& historyFile, QWid
     layout->addWidget(m_signature);
     layout->addWidget(m_input);
     setWidget(content);
-    content->setFocusProxy(m_input);
-    setFocusProxy(m_input);
+    // From top to bottom.
+    setTabOrder(m_cancel, m_output);
+    setTabOrder(m_output, m_findText);
+    setTabOrder(m_findText, m_input);
+    SetFirstFocus(*content, *m_input);
     content->installEventFilter(this);
     m_output->installEventFilter(this);
     m_input->installEventFilter(this);

@@ -48,6 +48,7 @@ ConsoleOutput::ConsoleOutput(QWidget* parent) : QPlainTextEdit(parent)
     setAccessibleName(tr("Console output"));
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setTabChangesFocus(true);
+    setFocusPolicy(Qt::StrongFocus);
     m_timer.setSingleShot(true);
     m_timer.setInterval(kBatchMs);
     connect(&m_timer, &QTimer::timeout, this, [this] { Guarded([this] { Flush(); }); });

@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QHeaderView>
+#include <QShortcut>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -122,6 +123,9 @@ QWidget* MakeKeysPanel(const QWidget& window, QWidget* parent)
             addRow(*table, action->shortcut().toString(QKeySequence::NativeText),
                    action->toolTip());
     }
+    for (const QShortcut* const key :
+         window.findChildren<QShortcut*>(QString(), Qt::FindDirectChildrenOnly))
+        addRow(*table, key->key().toString(QKeySequence::NativeText), key->whatsThis());
     table->resizeColumnToContents(0);
     auto* const layout = new QVBoxLayout(panel);
     layout->addWidget(table);

@@ -1,6 +1,7 @@
 #include "tree/TreePanel.h"
 
 #include "runtime/CommandRunner.h"
+#include "runtime/FirstFocus.h"
 #include "runtime/Guarded.h"
 #include "tree/EntityForms.h"
 #include "tree/RowsView.h"
@@ -68,7 +69,7 @@ void TreePanel::makeSearchField()
     m_searchField->setPlaceholderText(tr("Search by name, * and ? stand for anything"));
     m_searchField->setAccessibleName(tr("Search the model tree"));
     m_searchField->setClearButtonEnabled(true);
-    setFocusProxy(m_view);
+    SetFirstFocus(*this, *m_view);
     m_searchState = new QLabel(this);
     m_stopButton = new QToolButton(this);
     m_stopButton->setText(tr("Stop"));
@@ -117,6 +118,9 @@ void TreePanel::layOut()
     column->addWidget(m_searchField);
     column->addLayout(searchLine);
     column->addWidget(m_pages, 1);
+    setTabOrder(m_searchField, m_stopButton);
+    setTabOrder(m_stopButton, m_view);
+    setTabOrder(m_view, m_resultView);
     showSearch();
 }
 

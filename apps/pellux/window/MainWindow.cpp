@@ -15,6 +15,7 @@
 #include "view/ViewFacts.h"
 #include "view/ViewWidget.h"
 #include "window/ContextMenus.h"
+#include "window/FocusRing.h"
 #include "window/StatusLine.h"
 #include "window/WindowLayout.h"
 
@@ -36,6 +37,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace Pellux {
 namespace {
@@ -81,6 +83,11 @@ MainWindow::MainWindow(CommandRunner& runner, HostRuntime& host, GraphicsPath pa
     resize(FittingScreen(*this, {kFirstWidth, kFirstHeight}));
     addPanels();
     addPreferences();
+    std::vector<QDockWidget*> panels;
+    for (const char* const name : {"tree", "properties", "controls", "console"})
+        if (auto* const dock = findChild<QDockWidget*>(QString::fromLatin1(name)))
+            panels.push_back(dock);
+    new FocusRing(*this, *m_view, panels);
     shareRoom();
     m_menus->Panels().RememberLayout();
     WindowLayout::Restore(*this);
