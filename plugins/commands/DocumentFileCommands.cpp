@@ -59,34 +59,38 @@ AContent& contentNamed(const Document& document, const Value& name)
     return *found;
 }
 
-/// Writes one content. Error texts are those of Document::SaveContent.
-bool saveOne(AContent& content, const std::wstring& path, std::wstring& errorText)
+/// Writes the first of some contents that can be written, and hands on what the savers had to say.
+/// Error texts are those of Document::SaveContent.
+/// @return the content that was written; null when none was.
+AContent* saveFirst(const std::vector<AContent*>& contents, const std::wstring& path,
+                    std::wstring& errorText)
 {
-    AContentSaver* const saver = SessionMgr::Instance().GetContentSaver(&content, path);
-    if (saver == nullptr) {
-        errorText = L"Could not save " + path + L". Saver for " + path + L" not registered.";
-        return false;
-    }
-    if (saver->Save(path, &content))
-        return true;
-    errorText = L"Could not save " + path + L" : " + saver->GetErrorMessage();
-    return false;
-}
-
-/// Hands on what the savers of a file had to say. One that was not used has nothing new to say, so
-/// those behind the one that saved are left out.
-void printWarnings(const std::vector<AContent*>& contents, const std::wstring& path)
-{
+    errorText = L"Could not save " + path + L". Saver for " + path + L" not registered.";
     for (AContent* const content : contents) {
         AContentSaver* const saver =
             content == nullptr ? nullptr : SessionMgr::Instance().GetContentSaver(content, path);
         if (saver == nullptr)
             continue;
+        const bool isSaved = saver->Save(path, content);
         for (const std::wstring& warning : saver->GetWarningMessages())
             ApplicationServices().PrintWarningMessage(warning);
-        if (saver->GetErrorMessage().empty())
-            return;
+        if (isSaved)
+            return content;
+        errorText = L"Could not save " + path + L" : " + saver->GetErrorMessage();
     }
+    return nullptr;
+}
+
+/// Says what a file does not hold.
+void warnOfOthers(const std::vector<AContent*>& contents, AContent& saved, const std::wstring& path)
+{
+    std::wstring others;
+    for (AContent* const content : contents)
+        if (content != nullptr && content != &saved)
+            others += (others.empty() ? L"" : L", ") + content->GetShortId();
+    if (!others.empty())
+        ApplicationServices().PrintWarningMessage(path + L": " + saved.GetShortId() +
+                                                  L" was written; left out: " + others);
 }
 
 Value save(const Arguments& arguments)
@@ -98,20 +102,18 @@ Value save(const Arguments& arguments)
         throw std::runtime_error(Utils::WstringToString(path) +
                                  ": there is nothing to save, as nothing is loaded");
     std::vector<AContent*> contents = document.GetContentList();
+    if (arguments.IsGiven("name"))
+        contents.assign(1, &contentNamed(document, arguments["name"]));
     std::wstring errorText;
-    bool isSaved = false;
+    AContent* saved = nullptr;
     {
         const OrvikOs::FpMasked coordinatesAreData;
-        if (arguments.IsGiven("name")) {
-            contents.assign(1, &contentNamed(document, arguments["name"]));
-            isSaved = saveOne(*contents.front(), path, errorText);
-        } else {
-            isSaved = document.SaveContent(path, &errorText);
-        }
+        saved = saveFirst(contents, path, errorText);
     }
-    printWarnings(contents, path);
+    if (saved != nullptr)
+        warnOfOthers(contents, *saved, path);
     TambCommandsInfra::CancelToken::Instance().ThrowIfCancelled();
-    if (!isSaved)
+    if (saved == nullptr)
         throw std::runtime_error(Utils::WstringToString(errorText));
     return Value(true);
 }
@@ -133,7 +135,7 @@ Command saveCommand()
     command.summary = "Writes what is loaded to a file.";
     command.help = "The format is known by the file's extension. A path that does not begin at the "
                    "root is meant in the default output directory. One loaded file is written, "
-                   "never several into one.";
+                   "never several into one; a warning names the others.";
     command.example = "(doc:save \"bracket.ply\")";
     command.effect = CommandEffect::Changes;
     command.handler = save;

@@ -195,7 +195,22 @@ TEST(Files, OneOfSeveralIsSavedByItsName)
                                          "(doc:save \"dots.ply\" \"dot.xyz\")"});
 
     EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_EQ(outcome.errors, "");
     EXPECT_NE(shapeOf(process, "dots.ply").find("\"triangles\": 0"), std::string::npos);
+}
+
+TEST(Files, WhatASavedFileDoesNotHoldIsTold)
+{
+    BatchProcess process;
+    process.Write("dot.xyz", "1 2 3\n4 5 6\n");
+    process.Write("other.xyz", "1 2 3\n");
+
+    const Outcome outcome =
+        process.Run({"dot.xyz", gear, "other.xyz", "--eval", "(doc:save \"all.stl\")"});
+
+    EXPECT_EQ(outcome.exitCode, 0);
+    EXPECT_EQ(outcome.errors,
+              "warning: all.stl: gear.stl was written; left out: dot.xyz, other.xyz\n");
 }
 
 } // namespace
