@@ -1,9 +1,11 @@
 #include "Painter.h"
 
 #include <TambVizCore/GeoNode.h>
+#include <TambVizCore/PartState.h>
 #include <TambVizCore/RenderingOptions.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstring>
 
@@ -12,16 +14,41 @@ namespace {
 
 using TambVizCore::GeoNode;
 using TambVizCore::PartKind;
+using TambVizCore::PartState;
 using TambVizCore::RenderingOptions;
 using TambVizCore::RGBAColor;
 
 /// Smallest size of a vertex marker, pixels.
 constexpr float kVertexPixels = 4.0f;
 
+/// Colours as shaders have them: red, green, blue, opacity.
+using FloatColor = std::array<float, 4>;
+
+FloatColor toFloat(const RGBAColor& color)
+{
+    return {static_cast<float>(color.r) / 255.0f, static_cast<float>(color.g) / 255.0f,
+            static_cast<float>(color.b) / 255.0f, static_cast<float>(color.a) / 255.0f};
+}
+
 void setColor(GLint place, const RGBAColor& color)
 {
-    glUniform4f(place, static_cast<float>(color.r) / 255.0f, static_cast<float>(color.g) / 255.0f,
-                static_cast<float>(color.b) / 255.0f, static_cast<float>(color.a) / 255.0f);
+    glUniform4fv(place, 1, toFloat(color).data());
+}
+
+/// @return what a body of one colour and state shows, as the shader tells it for each part.
+FloatColor shownColor(const RGBAColor& color, const RGBAColor& highlight, std::uint32_t flags,
+                      float opacity, float unselectedOpacity)
+{
+    FloatColor shown = toFloat(color);
+    const bool isSelected = (flags & PartState::kSelected) != 0;
+    shown[3] *= isSelected ? opacity : opacity * unselectedOpacity;
+    const bool isHighlighted = (flags & PartState::kHighlighted) != 0;
+    const bool isPicked = (flags & PartState::kPicked) != 0;
+    const float share = isHighlighted ? 0.85f : isSelected ? 0.5f : isPicked ? 0.85f : 0.0f;
+    const FloatColor mark = toFloat(highlight);
+    for (std::size_t i = 0; i < 3; ++i)
+        shown[i] = shown[i] * (1.0f - share) + mark[i] * share;
+    return shown;
 }
 
 GLenum primitiveOf(PartKind kind)
@@ -157,6 +184,8 @@ void Painter::Draw(const FrameItem& item, const PaintStyle& style, const Primiti
     features.mixed = style.mixed;
     features.clip = m_clipPlaneCount > 0 && item.cut;
     features.ids = m_ids;
+    features.orthographic = m_projection.orthographic;
+    features.markers = style.kind == PartKind::Vertex;
     Shader* const shader = m_shaders.Get(features);
     if (shader == nullptr)
         return;
@@ -210,6 +239,7 @@ bool Painter::UseFlat(const FrameItem& item, const RGBAColor& color)
     ShaderFeatures features;
     features.normals = true;
     features.ids = m_ids;
+    features.orthographic = m_projection.orthographic;
     Shader* const shader = m_shaders.Get(features);
     if (shader == nullptr)
         return false;
@@ -258,7 +288,6 @@ void Painter::setFrameUniforms(Shader& shader)
         return;
     shader.frame = m_number;
     glUniformMatrix4fv(shader.projection, 1, GL_FALSE, m_projection.projection);
-    glUniform1i(shader.orthographic, m_projection.orthographic ? 1 : 0);
     setColor(shader.highlightColor, m_options->GetHighlightColor());
     glUniform4fv(shader.clipPlanes, kMaxClipPlanes, m_clipPlanes[0]);
 }
@@ -267,16 +296,24 @@ void Painter::setUniforms(Shader& shader, const FrameItem& item, const PaintStyl
 {
     glUniformMatrix4fv(shader.modelView, 1, GL_FALSE, item.modelView);
     glUniformMatrix3fv(shader.normalMatrix, 1, GL_FALSE, item.normalMatrix);
-    setColor(shader.baseColor, style.color);
+    // Lines and points are drawn without blending and stay as they are.
+    const bool isFace = style.kind == PartKind::Face;
+    const float opacity = isFace ? item.opacity : 1.0f;
+    const float unselectedOpacity = isFace ? item.unselectedOpacity : 1.0f;
+    if (shader.nodeFlags < 0)
+        glUniform4fv(shader.baseColor, 1,
+                     shownColor(style.color, m_options->GetHighlightColor(), item.flags, opacity,
+                                unselectedOpacity)
+                         .data());
+    else
+        setColor(shader.baseColor, style.color);
     glUniform1ui(shader.nodeFlags, item.flags);
     glUniform1f(shader.towardEye,
                 style.towardEyePixels *
                     static_cast<float>(m_projection.pixelSize * m_projection.lineScale));
     glUniform1i(shader.transparentLayer, style.layer == Layer::Transparent ? 1 : 0);
-    // Lines and points are drawn without blending and stay as they are.
-    const bool isFace = style.kind == PartKind::Face;
-    glUniform1f(shader.opacity, isFace ? item.opacity : 1.0f);
-    glUniform1f(shader.unselectedOpacity, isFace ? item.unselectedOpacity : 1.0f);
+    glUniform1f(shader.opacity, opacity);
+    glUniform1f(shader.unselectedOpacity, unselectedOpacity);
     if (m_ids)
         glUniform1ui(shader.itemNumber, item.number);
     if (style.kind == PartKind::Vertex) {

@@ -39,10 +39,12 @@ std::unique_ptr<Node> makeSample()
 }
 
 /// Looks at the sample.
-Projection sampleProjection()
+Projection sampleProjection(bool orthographic)
 {
     Projection projection;
+    projection.orthographic = orthographic;
     TambVizCore::SetIdentity(projection.view);
+    projection.view[14] = -2.0;
     projection.halfHeight = 1.0;
     projection.pixelSize = 1.0;
     return projection;
@@ -64,11 +66,11 @@ SceneRenderer::SceneRenderer() : m_painter(m_gpu), m_caps(m_painter) {}
 
 SceneRenderer::~SceneRenderer() = default;
 
-void SceneRenderer::Prepare(const RenderingOptions& options)
+void SceneRenderer::Prepare(const RenderingOptions& options, bool orthographic)
 {
     Node nothing(1);
     const auto sample = makeSample();
-    Begin(*sample, nothing, options, sampleProjection(), {}, {}, TimeSlice());
+    Begin(*sample, nothing, options, sampleProjection(orthographic), {}, {}, TimeSlice());
     DrawAll();
     EndFrame();
     glFinish();

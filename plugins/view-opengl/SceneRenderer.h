@@ -55,7 +55,9 @@ public:
 
     /// Draws a small body that nobody sees, so that the first picture does not wait for the
     /// compiler of the driver.
-    void Prepare(const TambVizCore::RenderingOptions& options);
+    ///
+    /// @param orthographic  whether the first picture is in parallel projection.
+    void Prepare(const TambVizCore::RenderingOptions& options, bool orthographic);
 
     /// Begins a picture, which EndFrame() ends.
     ///

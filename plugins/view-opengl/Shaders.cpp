@@ -14,24 +14,25 @@ layout(location = 2) in vec4 color;
 uniform mat4 modelView;
 uniform mat3 normalMatrix;
 uniform mat4 projection;
-uniform bool orthographic;
 uniform float towardEye;
+#ifdef MARKERS
 uniform float pointSize;
+#endif
 #ifdef CLIP
 uniform vec4 clipPlanes[6];
 out float gl_ClipDistance[6];
 #endif
-#ifdef LIT
-out vec3 viewPosition;
+#ifdef PLACE
+STRAIGHT out vec3 viewPosition;
 #endif
 #ifdef NORMALS
-out vec3 viewNormal;
+STRAIGHT out vec3 viewNormal;
 #endif
 #ifdef COLORS
-out vec4 vertexColor;
+STRAIGHT out vec4 vertexColor;
 #endif
 #ifdef IDS
-out float eyeDepth;
+STRAIGHT out float eyeDepth;
 #endif
 void main()
 {
@@ -39,7 +40,7 @@ void main()
 #ifdef IDS
     eyeDepth = -p.z;
 #endif
-#ifdef LIT
+#ifdef PLACE
     viewPosition = p;
 #endif
 #ifdef NORMALS
@@ -52,28 +53,33 @@ void main()
     for (int i = 0; i < 6; ++i)
         gl_ClipDistance[i] = dot(clipPlanes[i], vec4(p, 1.0));
 #endif
-    vec3 drawn = orthographic ? p + vec3(0.0, 0.0, towardEye) : p * (1.0 - towardEye);
+#ifdef ORTHOGRAPHIC
+    vec3 drawn = p + vec3(0.0, 0.0, towardEye);
+#else
+    vec3 drawn = p * (1.0 - towardEye);
+#endif
     gl_Position = projection * vec4(drawn, 1.0);
+#ifdef MARKERS
     gl_PointSize = pointSize;
+#endif
 }
 )glsl";
 
 // Flags as in TambVizCore::PartState: 1 shown, 2 highlighted, 4 selected, 8 coloured,
 // 16 picked.
 const char kFragmentText[] = R"glsl(
-#ifdef LIT
-in vec3 viewPosition;
+#ifdef PLACE
+STRAIGHT in vec3 viewPosition;
 #endif
 #ifdef NORMALS
-in vec3 viewNormal;
+STRAIGHT in vec3 viewNormal;
 #endif
 #ifdef COLORS
-in vec4 vertexColor;
+STRAIGHT in vec4 vertexColor;
 #endif
 uniform vec4 baseColor;
 uniform vec4 highlightColor;
 uniform uint nodeFlags;
-uniform bool orthographic;
 uniform bool transparentLayer;
 uniform float opacity;
 uniform float unselectedOpacity;
@@ -88,7 +94,7 @@ layout(location = 0) out vec4 outColor;
 #ifdef IDS
 uniform uint itemNumber;
 uniform bool hasParts;
-in float eyeDepth;
+STRAIGHT in float eyeDepth;
 layout(location = 1) out uvec2 outItem;
 layout(location = 2) out float outDepth;
 #endif
@@ -111,7 +117,11 @@ vec3 shade(vec3 surface)
 #else
     vec3 n = normalize(cross(dFdx(viewPosition), dFdy(viewPosition)));
 #endif
-    vec3 toEye = orthographic ? vec3(0.0, 0.0, 1.0) : normalize(-viewPosition);
+#ifdef ORTHOGRAPHIC
+    const vec3 toEye = vec3(0.0, 0.0, 1.0);
+#else
+    vec3 toEye = normalize(-viewPosition);
+#endif
     float head = dot(n, toEye);
     if (head < 0.0) {
         n = -n;
@@ -138,7 +148,9 @@ void main()
     outDepth = eyeDepth;
 #endif
     vec4 color = baseColor;
+#ifdef STATES
     uint flags = nodeFlags;
+#endif
 #ifdef COLORS
     color = vertexColor;
 #endif
@@ -153,20 +165,24 @@ void main()
             color = unpackColor(state.r);
     }
 #endif
+#ifdef STATES
     color.a *= opacity;
     if ((flags & 4u) == 0u)
         color.a *= unselectedOpacity;
+#endif
 #ifdef MIXED
     if ((color.a < 1.0) != transparentLayer)
         discard;
 #endif
     vec3 rgb = color.rgb;
+#ifdef STATES
     if ((flags & 2u) != 0u)
         rgb = mix(rgb, highlightColor.rgb, 0.85);
     else if ((flags & 4u) != 0u)
         rgb = mix(rgb, highlightColor.rgb, 0.5);
     else if ((flags & 16u) != 0u)
         rgb = mix(rgb, highlightColor.rgb, 0.85);
+#endif
 #ifdef LIT
     rgb = shade(rgb);
 #endif
@@ -195,6 +211,22 @@ void main()
 }
 )glsl";
 
+// A body of one colour and state gets what it shows as its colour.
+// In parallel projection all that is interpolated is so without a division.
+const char kCommonText[] = R"glsl(
+#ifdef ORTHOGRAPHIC
+#define STRAIGHT noperspective
+#else
+#define STRAIGHT smooth
+#endif
+#if defined(LIT) && !(defined(ORTHOGRAPHIC) && defined(NORMALS))
+#define PLACE
+#endif
+#if defined(PARTS) || defined(COLORS)
+#define STATES
+#endif
+)glsl";
+
 const char kVersionText[] = "#version 330 core\n";
 
 std::string header(const ShaderFeatures& features)
@@ -207,14 +239,17 @@ std::string header(const ShaderFeatures& features)
     text += features.mixed ? "#define MIXED\n" : "";
     text += features.clip ? "#define CLIP\n" : "";
     text += features.ids ? "#define IDS\n" : "";
-    return text;
+    text += features.orthographic ? "#define ORTHOGRAPHIC\n" : "";
+    text += features.markers ? "#define MARKERS\n" : "";
+    return text + kCommonText;
 }
 
 std::size_t indexOf(const ShaderFeatures& features)
 {
     std::size_t index = 0;
-    for (const bool bit : {features.lit, features.normals, features.colors, features.parts,
-                           features.mixed, features.clip, features.ids})
+    for (const bool bit :
+         {features.lit, features.normals, features.colors, features.parts, features.mixed,
+          features.clip, features.ids, features.orthographic, features.markers})
         index = index * 2 + (bit ? 1 : 0);
     return index;
 }
@@ -229,7 +264,6 @@ void findUniforms(Shader& shader)
     shader.baseColor = place("baseColor");
     shader.highlightColor = place("highlightColor");
     shader.nodeFlags = place("nodeFlags");
-    shader.orthographic = place("orthographic");
     shader.towardEye = place("towardEye");
     shader.pointSize = place("pointSize");
     shader.transparentLayer = place("transparentLayer");

@@ -35,6 +35,8 @@ struct ShaderFeatures
     bool mixed = false;   ///< Opaque and transparent places are told apart.
     bool clip = false;    ///< Section planes cut.
     bool ids = false;     ///< Item, part and depth are written beside the colour.
+    bool orthographic = true;
+    bool markers = false; ///< Points of a size.
 };
 
 /// Which places of a body are drawn; only told apart by programs of mixed bodies.
@@ -54,7 +56,6 @@ struct Shader
     GLint baseColor = -1;
     GLint highlightColor = -1;
     GLint nodeFlags = -1;
-    GLint orthographic = -1;
     GLint towardEye = -1;
     GLint pointSize = -1;
     GLint transparentLayer = -1;
@@ -82,7 +83,7 @@ private:
     Shader* make(std::optional<Shader>& slot, const std::string& vertexText,
                  const std::string& fragmentText);
 
-    std::array<std::optional<Shader>, 128> m_shaders; ///< By the bits of the features.
+    std::array<std::optional<Shader>, 512> m_shaders; ///< By the bits of the features.
     std::optional<Shader> m_background;
 };
 

@@ -1,6 +1,7 @@
 // The context of the view: made when first needed, replaced when it is lost, lent by a window.
 #include "View3dOpenGlSG.h"
 
+#include <OrvikCore/ACamera.h>
 #include <OrvikCore/Dbg.h>
 #include <TambVizCore/RenderingOptions.h>
 
@@ -46,7 +47,7 @@ void View3dOpenGlSG::takeContext(std::unique_ptr<GlContext> context)
     m_renderer.SetMaxLineWidth(m_context->MaxLineWidth());
     const TambVizCore::RenderingOptions& options = *GetRenderingOptions();
     if (current.IsCurrent() && m_target.Bind(1, 1, options.GetAntialiasLevel()))
-        m_renderer.Prepare(options);
+        m_renderer.Prepare(options, GetCamera()->IsOrthographic());
     // The first coarse frame does not wait for the compiler of the driver either.
     if (current.IsCurrent() && m_window != nullptr && m_small.Bind(1, 1, 1) &&
         m_frame.Bind(2, 2, 1))
