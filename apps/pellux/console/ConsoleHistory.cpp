@@ -1,10 +1,13 @@
 #include "console/ConsoleHistory.h"
 
+#include "runtime/QtText.h"
+
+#include <OrvikOs/FileWriting.h>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QSaveFile>
 #include <utility>
 
 namespace Pellux {
@@ -100,11 +103,12 @@ bool ConsoleHistory::append(const QString& command)
     if (lines.size() <= kKept + kSlack)
         return true;
     lines = lines.mid(lines.size() - kKept - 1);
-    QSaveFile shorter(m_file);
-    if (shorter.open(QIODevice::WriteOnly) && shorter.write(lines.join('\n')) >= 0 &&
-        shorter.commit())
+    const QByteArray text = lines.join('\n');
+    std::wstring reason;
+    if (OrvikOs::WriteFileAtomically(FromQt(m_file), text.constData(),
+                                     static_cast<std::size_t>(text.size()), &reason))
         return true;
-    m_errorText = m_file + QStringLiteral(": ") + shorter.errorString();
+    m_errorText = m_file + QStringLiteral(": ") + ToQt(reason);
     return false;
 }
 

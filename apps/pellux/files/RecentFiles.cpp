@@ -1,10 +1,13 @@
 #include "files/RecentFiles.h"
 
+#include "runtime/QtText.h"
+
+#include <OrvikOs/FileWriting.h>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QSaveFile>
 #include <utility>
 
 namespace Pellux {
@@ -38,9 +41,10 @@ bool RecentFiles::Add(const QString& path)
     QStringList paths = List();
     paths.removeAll(absolute);
     paths.prepend(absolute);
-    QSaveFile file(m_file);
-    return file.open(QIODevice::WriteOnly) &&
-           file.write(paths.mid(0, kKept).join(u'\n').toUtf8() + '\n') > 0 && file.commit();
+    // QSaveFile would take a full disk for success: it writes what it holds only when it commits.
+    const QByteArray text = paths.mid(0, kKept).join(u'\n').toUtf8() + '\n';
+    return OrvikOs::WriteFileAtomically(FromQt(m_file), text.constData(),
+                                        static_cast<std::size_t>(text.size()), nullptr);
 }
 
 } // namespace Pellux

@@ -2,6 +2,8 @@
 
 #include "runtime/QtText.h"
 
+#include <OrvikOs/FileWriting.h>
+
 #include <ConfigurationFile.h>
 #include <HotkeyTable.h>
 #include <NavigationTable.h>
@@ -10,7 +12,6 @@
 #include <QFileInfo>
 #include <QMap>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QTemporaryDir>
 #include <map>
 
@@ -162,11 +163,12 @@ bool WritePreferences(const QString& path, const PreferenceContents& contents, Q
         errorText = QStringLiteral("The folder of %1 cannot be made.").arg(path);
         return false;
     }
-    QSaveFile file(path);
     const QByteArray text = textOf(contents).toUtf8();
-    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
+    std::wstring reason;
+    if (OrvikOs::WriteFileAtomically(FromQt(path), text.constData(),
+                                     static_cast<std::size_t>(text.size()), &reason))
         return true;
-    errorText = QStringLiteral("%1 cannot be written: %2").arg(path, file.errorString());
+    errorText = QStringLiteral("%1 cannot be written: %2").arg(path, ToQt(reason));
     return false;
 }
 

@@ -82,6 +82,17 @@ TEST_F(PreferenceFile, IsOfNoUseWhenItIsNoToml)
     EXPECT_TRUE(errors.startsWith(path() + QStringLiteral(":1:"))) << qPrintable(errors);
 }
 
+TEST_F(PreferenceFile, SaysThatTheDiskIsFull)
+{
+    PreferenceContents contents;
+    contents.values[{QStringLiteral("display"), QStringLiteral("edges")}] = QStringLiteral("false");
+    const QString full = QStringLiteral("/dev/full");
+
+    EXPECT_FALSE(Pellux::WritePreferences(full, contents, errors));
+    EXPECT_TRUE(errors.startsWith(full + QStringLiteral(" cannot be written: ")))
+        << qPrintable(errors);
+}
+
 TEST_F(PreferenceFile, LeavesDefaultsOut)
 {
     write("[display]\nfaces = true\nvertices = true\n");
