@@ -5,6 +5,7 @@
 #include "runtime/CommandRunner.h"
 #include "runtime/FirstFocus.h"
 #include "runtime/Guarded.h"
+#include "runtime/QtText.h"
 
 #include <OrvikCore/MessageType.h>
 
@@ -152,7 +153,7 @@ void ConsoleDock::listen()
         // The first line is the signature.
         m_signature->setText(help.section(u'\n', 0, 0));
         m_signature->setVisible(!help.isEmpty());
-        m_signature->setToolTip(help);
+        m_signature->setToolTip(PlainToolTip(help));
     });
     connect(m_output, &ConsoleOutput::DroppedChanged, this, [this](qint64 lines) {
         m_dropped->setText(tr("%L1 older lines were dropped").arg(lines));

@@ -47,6 +47,7 @@ CrashNotice::CrashNotice(QWidget* parent) : QFrame(parent), m_text(new QLabel)
         style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, this).pixmap(24, 24));
     m_text->setObjectName(QStringLiteral("crashText"));
     m_text->setWordWrap(true);
+    m_text->setTextFormat(Qt::PlainText);
     m_text->setForegroundRole(QPalette::ToolTipText);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     textRow->addWidget(icon, 0, Qt::AlignTop);

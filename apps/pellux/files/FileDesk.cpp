@@ -146,7 +146,7 @@ void FileDesk::showRecent(QMenu& menu)
         name.replace(u'&', QStringLiteral("&&"));
         QAction* const action =
             menu.addAction(i < 9 ? QStringLiteral("&%1 %2").arg(i + 1).arg(name) : name);
-        action->setToolTip(path);
+        action->setToolTip(PlainToolTip(path));
         action->setEnabled(QFileInfo::exists(path) && !m_runner.IsRunning());
         connect(action, &QAction::triggered, this,
                 [this, path] { Guarded([&] { m_runner.Run(pathForm("doc:load", path)); }); });

@@ -267,7 +267,7 @@ void JournalPanel::addPick(const ReplayedPick& pick)
     m_table->insertRow(row);
     const auto set = [&](Column column, const QString& text) {
         auto* const item = new QTableWidgetItem(text);
-        item->setToolTip(text);
+        item->setToolTip(PlainToolTip(text));
         m_table->setItem(row, column, item);
         return item;
     };

@@ -68,6 +68,7 @@ NavigationEditor::NavigationEditor(QWidget* parent)
     m_table->verticalHeader()->setVisible(false);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setAccessibleName(tr("Own rows of what the mouse does"));
+    m_errors->setTextFormat(Qt::PlainText);
     m_errors->setWordWrap(true);
     m_errors->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_errors->setObjectName(QStringLiteral("navigation.errors"));

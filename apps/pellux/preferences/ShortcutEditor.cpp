@@ -22,6 +22,7 @@ ShortcutEditor::ShortcutEditor(QWidget* parent)
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->verticalHeader()->setVisible(false);
     m_table->setAccessibleName(tr("Shortcuts"));
+    m_errors->setTextFormat(Qt::PlainText);
     m_errors->setWordWrap(true);
     m_errors->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* const add = new QPushButton(tr("Add"), this);

@@ -1,5 +1,7 @@
 #include "properties/PropertyList.h"
 
+#include "runtime/QtText.h"
+
 namespace Pellux {
 
 PropertyList::PropertyList() = default;
@@ -55,7 +57,7 @@ QVariant PropertyList::data(const QModelIndex& index, int role) const
         return index.column() == Value && !row.answer.shown.isEmpty() ? row.answer.shown
                                                                       : text(row, index.column());
     case Qt::ToolTipRole:
-        return text(row, Value) + QLatin1Char('\n') + row.script;
+        return PlainToolTip(text(row, Value) + QLatin1Char('\n') + row.script);
     case Qt::DecorationRole:
         return index.column() == Value && row.answer.color.isValid() ? QVariant(row.answer.color)
                                                                      : QVariant();

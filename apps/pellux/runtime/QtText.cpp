@@ -2,6 +2,8 @@
 
 #include <Replay.h>
 
+#include <QTextDocument>
+
 namespace Pellux {
 
 QString ToQt(const std::wstring& text)
@@ -17,6 +19,11 @@ std::wstring FromQt(const QString& text)
 QString Quoted(const QString& text)
 {
     return ToQt(QuotedForScript(FromQt(text)));
+}
+
+QString PlainToolTip(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : text;
 }
 
 } // namespace Pellux

@@ -16,6 +16,9 @@ std::wstring FromQt(const QString& text);
 /// The text of a Scheme string literal with its quotation marks.
 QString Quoted(const QString& text);
 
+/// Makes a tool tip that shows a text as it is: Qt would take a name with "<b>" for marked-up text.
+QString PlainToolTip(const QString& text);
+
 } // namespace Pellux
 
 #endif

@@ -1,8 +1,10 @@
 #include "tree/KindIcons.h"
 
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPalette>
 
 namespace Pellux {
 namespace {
@@ -185,6 +187,9 @@ void drawKind(QPainter& painter, Kind kind, PartKind part)
     }
 }
 
+/// Of the ground behind what is selected, pixels.
+constexpr double kCorner = 3.0;
+
 /// Draws one kind at any size.
 class KindEngine final : public QIconEngine
 {
@@ -196,6 +201,12 @@ public:
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setOpacity(mode == QIcon::Disabled ? 0.4 : 1.0);
+        // The colour of what is selected may be that of the lines.
+        if (mode == QIcon::Selected) {
+            painter->setPen(Qt::NoPen);
+            painter->setBrush(QGuiApplication::palette().base());
+            painter->drawRoundedRect(rect, kCorner, kCorner);
+        }
         const double scale = std::min(rect.width(), rect.height()) / kSide;
         painter->translate(rect.center() + QPointF(0.5, 0.5));
         painter->scale(scale, scale);

@@ -1,5 +1,7 @@
 #include "tree/SearchResults.h"
 
+#include "runtime/QtText.h"
+
 namespace Pellux {
 
 SearchResults::SearchResults() = default;
@@ -40,11 +42,11 @@ QVariant SearchResults::data(const QModelIndex& index, int role) const
     const FoundRow& row = At(index);
     switch (role) {
     case Qt::DisplayRole:
-        return row.name;
+        return row.above.isEmpty() ? row.name : tr("%1 \u2014 %2").arg(row.name, row.above);
     case Qt::DecorationRole:
         return m_icons.Of(row.kind, row.entity.SubEntityKind());
     case Qt::ToolTipRole:
-        return tr("%1, below %2").arg(row.name, row.above);
+        return PlainToolTip(tr("%1, below %2").arg(row.name, row.above));
     default:
         return {};
     }

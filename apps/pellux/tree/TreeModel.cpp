@@ -115,7 +115,7 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const
     case Qt::CheckStateRole:
         return checkState(row);
     case Qt::ToolTipRole:
-        return toolTip(row);
+        return PlainToolTip(toolTip(row));
     case Qt::AccessibleDescriptionRole:
         return QString::fromLatin1(row.KindWord());
     case Qt::ForegroundRole:

@@ -99,6 +99,11 @@ void TreePanel::makeResults()
     m_resultView->setAccessibleName(tr("Rows found"));
     connect(m_resultView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { Guarded([this] { chooseResults(); }); });
+    m_resultView->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_resultView, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& position) {
+                Guarded([this, &position] { askForMenuOfResult(position); });
+            });
     connect(m_resultView, &QListView::doubleClicked, this, [this](const QModelIndex& index) {
         Guarded([this, &index] { activate(m_search.Results().At(index).entity); });
     });
@@ -179,6 +184,14 @@ void TreePanel::askForMenu(const QPoint& position)
     const QModelIndex index = m_view->indexAt(position);
     if (index.isValid())
         Q_EMIT MenuAsked(m_model.RowAt(index).Path(), m_view->viewport()->mapToGlobal(position));
+}
+
+void TreePanel::askForMenuOfResult(const QPoint& position)
+{
+    const QModelIndex index = m_resultView->indexAt(position);
+    if (index.isValid())
+        Q_EMIT MenuAsked(m_search.Results().At(index).path,
+                         m_resultView->viewport()->mapToGlobal(position));
 }
 
 void TreePanel::showSearch()

@@ -60,6 +60,7 @@ private:
     void setVisible(const QModelIndex& index, bool visible);
     void activate(const TambVizCore::EntityId& entity);
     void askForMenu(const QPoint& position);
+    void askForMenuOfResult(const QPoint& position);
     void showSearch();
     void chooseResults();
     void rememberRows();

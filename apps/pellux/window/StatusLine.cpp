@@ -38,6 +38,7 @@ StatusLine::StatusLine(CommandRunner& runner, QWidget* parent)
 {
     m_pointed->setObjectName(QStringLiteral("pointed"));
     m_pointed->setAccessibleName(tr("Under the pointer"));
+    m_pointed->setTextFormat(Qt::PlainText);
     m_pointed->setTextInteractionFlags(Qt::TextSelectableByMouse);
     insertWidget(0, m_pointed, 1);
     m_progress->setObjectName(QStringLiteral("progress"));

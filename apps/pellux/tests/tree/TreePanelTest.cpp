@@ -2,8 +2,12 @@
 
 #include <OrvikCore/MessageType.h>
 
+#include <runtime/QtText.h>
+
 #include <QLineEdit>
+#include <QListView>
 #include <QScrollBar>
+#include <QTextDocument>
 
 namespace {
 
@@ -221,6 +225,33 @@ TEST_F(TreePanelWindow, AsksForTheMenuOfARow)
 
     ASSERT_EQ(asked.size(), 1);
     EXPECT_EQ(asked[0][0].value<TambVizCore::RenderId>(), Model().RowAt(Body()).Path());
+}
+
+TEST_F(TreePanelWindow, TellsResultsApartAndAsksForTheirMenu)
+{
+    OpenCube();
+    QSignalSpy asked(&Panel(), &Pellux::TreePanel::MenuAsked);
+    auto* const field = Panel().findChild<QLineEdit*>();
+    auto* const results = Panel().findChild<QListView*>();
+    ASSERT_NE(results, nullptr);
+    field->setText(QStringLiteral("face 1"));
+    ASSERT_TRUE(Until([&] { return results->model()->rowCount() == 1; }));
+    const QModelIndex first = results->model()->index(0, 0);
+    EXPECT_EQ(first.data().toString(), QStringLiteral("face 1 \u2014 ") + Body().data().toString());
+    Q_EMIT results->customContextMenuRequested(results->visualRect(first).center());
+
+    ASSERT_EQ(asked.size(), 1);
+    EXPECT_FALSE(asked[0][0].value<TambVizCore::RenderId>().IsEmpty());
+}
+
+TEST_F(TreePanelWindow, ShowsNamesAsTheyAre)
+{
+    EXPECT_EQ(Pellux::PlainToolTip(QStringLiteral("plate <1>")), QStringLiteral("plate <1>"));
+    const QString shown = Pellux::PlainToolTip(QStringLiteral("<b>plate</b>"));
+    QTextDocument document;
+    document.setHtml(shown);
+
+    EXPECT_EQ(document.toPlainText(), QStringLiteral("<b>plate</b>"));
 }
 
 TEST_F(TreePanelWindow, StaysOpenWhereRowsComeBack)

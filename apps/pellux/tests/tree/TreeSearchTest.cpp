@@ -43,7 +43,7 @@ TEST_F(TreeSearchWindow, FindsRowsThatAreBuilt)
 
     search("edge 11");
 
-    EXPECT_EQ(found(), QStringList{QStringLiteral("edge 11")});
+    EXPECT_EQ(found(), QStringList{QStringLiteral("edge 11 \u2014 cube")});
 }
 
 TEST_F(TreeSearchWindow, ComesBackToTheTreeWhenTheFieldIsEmptied)
