@@ -61,8 +61,11 @@ void Journal::ControllerNotify(OrvikCore::IViewOp* op)
     case ViewOpType::Rotate:
     case ViewOpType::Pan:
     case ViewOpType::Zoom:
-    case ViewOpType::Drag:
         m_gestureIsOpen = true;
+        break;
+    case ViewOpType::Drag:
+        // The first motion after a pick resets a rubber band that there never was.
+        m_gestureIsOpen |= op->State() != OrvikCore::IViewOpState::Reset;
         break;
     case ViewOpType::RayPick:
         EndGesture();

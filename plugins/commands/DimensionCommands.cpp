@@ -20,6 +20,8 @@ Command drawCommand()
     Command command;
     command.name = "measure:draw";
     command.parameters = {SwitchParameter("on", "#t when left out")};
+    command.result = TambCommandsInfra::ValueType::Bool;
+    command.resultHelp = "whether they did before";
     command.summary = "Chooses whether measures leave dimensions in the picture.";
     command.help = "They do at first: a distance or a thickness as a line with its length, a "
                    "radius or a diameter likewise with R or the diameter sign before it, in "
@@ -28,8 +30,9 @@ Command drawCommand()
     command.example = "(measure:draw #f)";
     command.effect = CommandEffect::Changes;
     command.handler = [](const Arguments& arguments) {
+        const bool before = LeavesDimensions();
         SetLeavesDimensions(arguments["on"].AsBool());
-        return Value();
+        return Value(before);
     };
     return command;
 }

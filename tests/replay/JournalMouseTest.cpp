@@ -125,6 +125,15 @@ TEST_F(JournalOfTheMouse, HoldsPicksSelectionsAndTheirEnd)
     expectSame("2");
 }
 
+TEST_F(JournalOfTheMouse, HoldsAPickAfterAMotionOnlyOnce)
+{
+    const std::string text = recordInput(
+        {"(begin (input:click 200 150) (input:mouse \"move\" 204 124) (input:click 205 120))"});
+
+    EXPECT_EQ(text.find("(sel:set"), std::string::npos) << text;
+    expectSame("2");
+}
+
 TEST_F(JournalOfTheMouse, DrawsThePickAfterThePointerHasLeftAsItsReplayDoes)
 {
     recordInput({"(input:click 200 150)", "(input:mouse \"leave\" 200 150)",

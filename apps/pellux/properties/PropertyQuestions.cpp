@@ -5,12 +5,14 @@
 #include "runtime/QuietCommand.h"
 #include "tree/EntityForms.h"
 
+#include <OrvikCore/Dbg.h>
 #include <TambCommandsInfra/CancelToken.h>
 
 #include <JournalText.h>
 
 #include <QCoreApplication>
 #include <QMap>
+#include <exception>
 #include <memory>
 #include <utility>
 
@@ -181,6 +183,29 @@ void addOne(std::vector<PropertyQuestion>& questions, const EntityId& entity, Le
     questions.push_back(boxQuestion(entity, length));
 }
 
+/// Keeps measures from drawing dimensions: who only looks at properties has asked for none, and the
+/// journal would not know of them.
+class WithoutDimensions
+{
+public:
+    WithoutDimensions() : m_before(RunQuietly("measure:draw", {Value(false)})) {}
+
+    ~WithoutDimensions()
+    {
+        try {
+            RunQuietly("measure:draw", {m_before});
+        } catch (const std::exception& error) {
+            OrvikCore::dbg << "-- properties : " << error.what() << std::endl;
+        }
+    }
+
+    WithoutDimensions(const WithoutDimensions&) = delete;
+    WithoutDimensions& operator=(const WithoutDimensions&) = delete;
+
+private:
+    Value m_before;
+};
+
 /// A command about two entities that gives a list, asked once for all lines that show some of it.
 struct PairCommand
 {
@@ -194,6 +219,7 @@ struct PairCommand
             return result;
         const Value first = find(pair[0]);
         const Value second = find(pair[1]);
+        const WithoutDimensions quietly;
         result =
             isFalse(first) || isFalse(second) ? Value(false) : RunQuietly(name, {first, second});
         return result;

@@ -64,11 +64,11 @@ TEST_F(Dimensions, LengthsOfTrianglesHaveNoUnit)
 
 TEST_F(Dimensions, AreNotDrawnOnceThatIsSwitchedOff)
 {
-    run("measure:draw", {Value(false)});
+    EXPECT_EQ(run("measure:draw", {Value(false)}), Value(true));
     measure();
     EXPECT_TRUE(m_drawer.m_dimensions.empty());
 
-    run("measure:draw");
+    EXPECT_EQ(run("measure:draw"), Value(false));
     measure();
     EXPECT_EQ(m_drawer.m_dimensions.size(), 1u);
     run("measure:clear");

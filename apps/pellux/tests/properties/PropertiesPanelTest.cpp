@@ -7,7 +7,9 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QFileInfo>
 #include <QGuiApplication>
+#include <QImage>
 #include <QTreeView>
 
 namespace {
@@ -47,6 +49,13 @@ protected:
     {
         const int row = rowOf(label);
         return row < 0 ? QString() : panel().List().index(row, column).data().toString();
+    }
+
+    QImage picture()
+    {
+        const QString file = QFileInfo(WriteCube("beside.stl")).path() + QStringLiteral("/picture.png");
+        EXPECT_TRUE(Do(qPrintable(QStringLiteral("(view:save-image \"%1\" 200 150)").arg(file))));
+        return QImage(file);
     }
 
     void trigger(const char* text)
@@ -110,6 +119,19 @@ TEST_F(PropertiesWindow, OfTwoEntitiesTellDistanceAndAngle)
 
     EXPECT_EQ(value("Distance"), QStringLiteral("10 units"));
     EXPECT_EQ(value("Angle"), QStringLiteral("0\u00B0"));
+}
+
+TEST_F(PropertiesWindow, OfTwoEntitiesLeaveNothingInThePicture)
+{
+    openCube();
+    const QImage before = picture();
+
+    select("(app:pick-face 5 5 100 0 0 -1 0.1) (app:pick-face 100 5 5 -1 0 0 0.1)");
+    ASSERT_EQ(value("Angle"), QStringLiteral("90\u00B0"));
+    select("");
+
+    EXPECT_EQ(before.size(), QSize(200, 150));
+    EXPECT_EQ(picture(), before);
 }
 
 TEST_F(PropertiesWindow, OfManyEntitiesAreSummedUp)
