@@ -10,10 +10,13 @@
 namespace ViewOpenGl {
 namespace {
 
-/// Smallest differences of depth for each time that a body is half as large as another, and at
-/// most.
-constexpr double kStepsPerHalf = 64.0;
-constexpr double kMostSteps = 1024.0;
+/// Caps come nearer in stages, two for each time that a body is half as large as another. There are
+/// few of them, since software renderers compile a program for each offset.
+constexpr double kStagesPerHalf = 2.0;
+constexpr double kMostStages = 32.0;
+
+/// Smallest differences of depth in a stage; more than rounding makes.
+constexpr double kStepsPerStage = 32.0;
 
 } // namespace
 
@@ -34,7 +37,8 @@ float CapPainter::towardEye(const FrameItem& item) const
 {
     const double radius = item.box.Radius();
     const double halves = radius > 0.0 ? std::log2(m_largest / radius) : 0.0;
-    return static_cast<float>(std::clamp(kStepsPerHalf * halves, 0.0, kMostSteps));
+    const double stages = std::clamp(std::round(kStagesPerHalf * halves), 0.0, kMostStages);
+    return static_cast<float>(kStepsPerStage * stages);
 }
 
 void CapPainter::Begin(double largest)
