@@ -10,13 +10,13 @@
 namespace ViewOpenGl {
 namespace {
 
-/// Caps come nearer in stages, two for each time that a body is half as large as another. There are
-/// few of them, since software renderers compile a program for each offset.
-constexpr double kStagesPerHalf = 2.0;
-constexpr double kMostStages = 32.0;
+/// Smallest differences of depth for each time that a body is half as large as another, and at
+/// most.
+constexpr double kStepsPerHalf = 256.0;
+constexpr double kMostSteps = 4096.0;
 
-/// Smallest differences of depth in a stage; more than rounding makes.
-constexpr double kStepsPerStage = 32.0;
+/// The smallest difference, of depths from -1 to 1 that are kept in 24 bits.
+constexpr double kStep = 0x1p-23;
 
 } // namespace
 
@@ -32,13 +32,12 @@ bool CapPainter::IsTransparent(const FrameItem& item)
 }
 
 /// Caps on one plane are equally deep but for rounding. Of bodies within each other the smaller one
-/// is seen.
-float CapPainter::towardEye(const FrameItem& item) const
+/// is seen. No polygon offset does it: software renderers compile a program for each one.
+float CapPainter::nearerBy(const FrameItem& item) const
 {
     const double radius = item.box.Radius();
     const double halves = radius > 0.0 ? std::log2(m_largest / radius) : 0.0;
-    const double stages = std::clamp(std::round(kStagesPerHalf * halves), 0.0, kMostStages);
-    return static_cast<float>(kStepsPerStage * stages);
+    return static_cast<float>(kStep * std::clamp(kStepsPerHalf * halves, 0.0, kMostSteps));
 }
 
 void CapPainter::Begin(double largest)
@@ -96,15 +95,12 @@ void CapPainter::drawCap(const FrameItem& item)
     std::fill(std::begin(flat.normalMatrix), std::end(flat.normalMatrix), 0.0f);
     flat.normalMatrix[0] = flat.normalMatrix[4] = flat.normalMatrix[8] = 1.0f;
     glDisable(GL_CULL_FACE);
-    if (!m_painter.UseFlat(flat, item.color))
+    if (!m_painter.UseFlat(flat, item.color, nearerBy(item)))
         return;
     glStencilFunc(GL_NOTEQUAL, 0, 0xFF);
     glStencilOp(GL_KEEP, GL_KEEP, GL_KEEP);
     glDepthMask(IsTransparent(item) ? GL_FALSE : GL_TRUE);
-    glEnable(GL_POLYGON_OFFSET_FILL);
-    glPolygonOffset(0.0f, -towardEye(item));
     m_cap.DrawKept();
-    glDisable(GL_POLYGON_OFFSET_FILL);
     // The counts are cleared for the next body, also where other planes cut the cap away.
     glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
     glDepthMask(GL_FALSE);

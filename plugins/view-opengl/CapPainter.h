@@ -47,7 +47,7 @@ private:
     bool isSeen(const float* plane) const;
     bool countBehindPlane(const FrameItem& item, FrameBudget& budget);
     void drawCap(const FrameItem& item);
-    float towardEye(const FrameItem& item) const;
+    float nearerBy(const FrameItem& item) const;
 
     Painter& m_painter;
     SectionCap m_cap;

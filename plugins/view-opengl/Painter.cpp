@@ -234,7 +234,7 @@ void Painter::setFaceState(const FrameItem& item, const PaintStyle& style)
     glFrontFace(item.mirrored ? GL_CW : GL_CCW);
 }
 
-bool Painter::UseFlat(const FrameItem& item, const RGBAColor& color)
+bool Painter::UseFlat(const FrameItem& item, const RGBAColor& color, float nearer)
 {
     ShaderFeatures features;
     features.normals = true;
@@ -248,6 +248,7 @@ bool Painter::UseFlat(const FrameItem& item, const RGBAColor& color)
     setFrameUniforms(*shader);
     PaintStyle style;
     style.color = color;
+    style.nearer = nearer;
     setUniforms(*shader, item, style);
     if (features.ids)
         glUniform1i(shader->hasParts, 0);
@@ -308,9 +309,11 @@ void Painter::setUniforms(Shader& shader, const FrameItem& item, const PaintStyl
     else
         setColor(shader.baseColor, style.color);
     glUniform1ui(shader.nodeFlags, item.flags);
+    glUniform1i(shader.usesPartColors, style.usePartColors ? 1 : 0);
     glUniform1f(shader.towardEye,
                 style.towardEyePixels *
                     static_cast<float>(m_projection.pixelSize * m_projection.lineScale));
+    glUniform1f(shader.nearer, style.nearer);
     glUniform1i(shader.transparentLayer, style.layer == Layer::Transparent ? 1 : 0);
     glUniform1f(shader.opacity, opacity);
     glUniform1f(shader.unselectedOpacity, unselectedOpacity);

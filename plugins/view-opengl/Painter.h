@@ -25,11 +25,13 @@ struct PaintStyle
     TambVizCore::PartKind kind = TambVizCore::PartKind::Face;
     TambVizCore::RGBAColor color;
     bool useVertexColors = false;
+    bool usePartColors = true; ///< Parts with a colour of their own have it.
     bool lit = false;
     bool mixed = false;
     bool mayCull = false; ///< Backs are left out where the body allows it.
     Layer layer = Layer::Opaque;
     float towardEyePixels = 0.0f;
+    float nearer = 0.0f; ///< By so much, of depths from -1 to 1.
     float lineWidth = 1.0f;
 };
 
@@ -80,8 +82,9 @@ public:
     bool DrawPieces(const FrameItem& item, const PaintStyle& style, int& next, FrameBudget& budget);
 
     /// Makes ready for flat triangles in eye space, in one lit colour.
+    /// @param nearer  see PaintStyle.
     /// @return false when there is no program.
-    bool UseFlat(const FrameItem& item, const TambVizCore::RGBAColor& color);
+    bool UseFlat(const FrameItem& item, const TambVizCore::RGBAColor& color, float nearer);
 
     /// Fills the picture with two colours.
     void DrawBackground(const TambVizCore::RGBAColor& top, const TambVizCore::RGBAColor& bottom);

@@ -195,6 +195,7 @@ bool SceneRenderer::drawTessellation(FrameBudget& budget)
 {
     PaintStyle style;
     style.color = m_options->GetDefaultTessEdgeColor();
+    style.usePartColors = false;
     style.towardEyePixels = kLinePixels;
     glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
     m_painter.SetLineWidth(1.0f);

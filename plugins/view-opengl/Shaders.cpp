@@ -15,6 +15,7 @@ uniform mat4 modelView;
 uniform mat3 normalMatrix;
 uniform mat4 projection;
 uniform float towardEye;
+uniform float nearer; // As a share of half of the depths.
 #ifdef MARKERS
 uniform float pointSize;
 #endif
@@ -59,6 +60,7 @@ void main()
     vec3 drawn = p * (1.0 - towardEye);
 #endif
     gl_Position = projection * vec4(drawn, 1.0);
+    gl_Position.z -= nearer * gl_Position.w;
 #ifdef MARKERS
     gl_PointSize = pointSize;
 #endif
@@ -80,6 +82,9 @@ STRAIGHT in vec4 vertexColor;
 uniform vec4 baseColor;
 uniform vec4 highlightColor;
 uniform uint nodeFlags;
+#ifdef PARTS
+uniform bool usesPartColors;
+#endif
 uniform bool transparentLayer;
 uniform float opacity;
 uniform float unselectedOpacity;
@@ -161,7 +166,7 @@ void main()
         if ((state.g & 1u) == 0u)
             discard;
         flags |= state.g & 22u;
-        if ((state.g & 8u) != 0u)
+        if (usesPartColors && (state.g & 8u) != 0u)
             color = unpackColor(state.r);
     }
 #endif
@@ -264,7 +269,9 @@ void findUniforms(Shader& shader)
     shader.baseColor = place("baseColor");
     shader.highlightColor = place("highlightColor");
     shader.nodeFlags = place("nodeFlags");
+    shader.usesPartColors = place("usesPartColors");
     shader.towardEye = place("towardEye");
+    shader.nearer = place("nearer");
     shader.pointSize = place("pointSize");
     shader.transparentLayer = place("transparentLayer");
     shader.opacity = place("opacity");

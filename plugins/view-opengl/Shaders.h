@@ -56,7 +56,9 @@ struct Shader
     GLint baseColor = -1;
     GLint highlightColor = -1;
     GLint nodeFlags = -1;
+    GLint usesPartColors = -1;
     GLint towardEye = -1;
+    GLint nearer = -1;
     GLint pointSize = -1;
     GLint transparentLayer = -1;
     GLint opacity = -1;

@@ -310,6 +310,17 @@ TEST_F(BodyPicture, TessellationFollowsItsSwitch)
     EXPECT_GT(blackOnDiagonal(), 40);
 }
 
+TEST_F(BodyPicture, EdgesLieOverTheBordersOfTriangles)
+{
+    Options().SetDefaultTessEdgeColor(kBlue);
+    Options().SetDefaultEdgeColor(kBlack);
+    Options().SetShowTessellation(true);
+    Add(MakeRectangles({{}}));
+    Add(MakeLine(0.0f));
+
+    EXPECT_EQ(DrawnAt(0, 0), Shows::Black);
+}
+
 TEST_F(BodyPicture, PointCloudFollowsItsOwnSwitch)
 {
     GeoNode& cloud = Add(MakePoint());

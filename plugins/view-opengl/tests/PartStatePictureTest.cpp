@@ -20,6 +20,16 @@ protected:
         return Add(
             MakeRectangles({{.left = -0.8f, .right = -0.1f}, {.left = 0.1f, .right = 0.8f}}));
     }
+
+    /// Draws anew.
+    int countBlack()
+    {
+        Draw(64, 64);
+        int count = 0;
+        for (int pixel = 0; pixel < 64 * 64; ++pixel)
+            count += At((pixel % 64 + 0.5) / 32 - 1, (pixel / 64 + 0.5) / 32 - 1) == Shows::Black;
+        return count;
+    }
 };
 
 TEST_F(PartStatePicture, HighlightedPartHasTheHighlightColour)
@@ -117,6 +127,18 @@ TEST_F(PartStatePicture, ColourOfAPartWinsOverThatOfTheNode)
 
     EXPECT_EQ(At(-0.4, 0), Shows::Red);
     EXPECT_EQ(At(0.4, 0), Shows::Blue);
+}
+
+TEST_F(PartStatePicture, TrianglesOfAColouredPartHaveBordersOfTheirOwnColour)
+{
+    Options().SetDefaultTessEdgeColor(kBlack);
+    GeoNode& node = addPair();
+    node.SetPartColor(0, kGreen);
+    node.SetPartColor(1, kGreen);
+    EXPECT_EQ(countBlack(), 0);
+    Options().SetShowTessellation(true);
+    EXPECT_GT(countBlack(), 100);
+    EXPECT_EQ(At(0.2, 0.3), Shows::Green);
 }
 
 TEST_F(PartStatePicture, TransparentPartLetsThroughWhatLiesBehind)
