@@ -14,8 +14,8 @@ namespace TambVizCore {
 /// A new record holds the built-in defaults: face (180, 186, 196), edge (32, 32, 32), tessellation
 /// edge (96, 96, 96), vertex (16, 16, 16), highlight (255, 140, 0), background 1 (above)
 /// (214, 224, 236), background 2 (below) (250, 251, 253), all with alpha 255; antialiasing
-/// chosen by the view; edges 1 pixel wide; 20 steps of an animated move; picks are not copied to the clipboard;
-/// rendering is not incremental.
+/// chosen by the view; edges 1 pixel wide; 20 steps of an animated move; picks are not copied to
+/// the clipboard; rendering is not incremental.
 ///
 /// One record is the current one of the process. Writing to it draws nothing: whoever changes it
 /// hands the values to the view's RenderingOptions.
