@@ -4,12 +4,10 @@
 #include <OrvikCore/ACamera.h>
 #include <OrvikCore/IFrameWindow.h>
 #include <OrvikCore/ViewObjectManager.h>
-#include <OrvikOs/Clock.h>
 #include <TambVizCore/Node.h>
 #include <TambVizCore/RenderingOptions.h>
 
 #include <algorithm>
-#include <utility>
 
 namespace ViewOpenGl {
 namespace {

@@ -1,5 +1,8 @@
 #include "FrameBudgetOfAView.h"
 
+#include <OrvikCore/AViewObject.h>
+#include <OrvikCore/ViewObjectManager.h>
+
 namespace ViewOpenGl {
 namespace {
 
@@ -115,9 +118,14 @@ TEST_F(AutomaticAntialiasing, SmoothsASmallModel)
     EXPECT_NE(automatic.rgba, pictureWith(1).rgba);
 }
 
-TEST_F(AutomaticAntialiasing, LeavesAnEmptyPictureAlone)
+TEST_F(AutomaticAntialiasing, LeavesAPictureWithoutAModelRough)
 {
-    EXPECT_EQ(pictureWith(kAutomaticAntialiasing).rgba, pictureWith(1).rgba);
+    m_view->GetViewObjectManager()->Get("AxesViewObject")->SetIsVisible(true);
+    turn(3.0f);
+    const Image rough = pictureWith(1);
+
+    EXPECT_NE(pictureWith(4).rgba, rough.rgba);
+    EXPECT_EQ(pictureWith(kAutomaticAntialiasing).rgba, rough.rgba);
 }
 
 TEST_F(AutomaticAntialiasing, LeavesManyTrianglesRoughOnAProcessor)

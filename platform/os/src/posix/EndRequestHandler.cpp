@@ -37,6 +37,9 @@ bool InstallEndRequestHandler()
             sigaction(handled.number, &handled.previous, nullptr);
         }
     }
+    if (!isGood) {
+        RemoveEndRequestHandler();
+    }
     return isGood;
 }
 
